@@ -1,0 +1,19 @@
+// Seam 1, event loop.
+#pragma once
+
+namespace panelkit {
+
+/// The loop that delivers the user's actions.
+class EventLoop {
+ public:
+  virtual ~EventLoop() = default;
+
+  /// Delivers pending interface events, for a bounded time. Cheap enough to be called for each line
+  /// of a file.
+  virtual void ProcessPending() = 0;
+
+  /// Ends the process at once, with exit status 0, whatever is under way.
+  [[noreturn]] virtual void End() = 0;
+};
+
+}  // namespace panelkit

@@ -1,0 +1,40 @@
+// Seam 2, opening: the machine that this process runs on. Each system's back end implements
+// OpenLocalMachine; the build links one of them.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "platform/machine.h"
+
+namespace panelkit {
+
+/// An opened machine and what the faces need to know about it beside its services.
+class LocalMachine {
+ public:
+  virtual ~LocalMachine() = default;
+
+  /// The services; they live as long as this object.
+  virtual Machine Services() = 0;
+
+  /// Where the registry was found, as one line for the user: "Wine prefix /home/kim/.wine".
+  virtual std::string Origin() const = 0;
+
+  /// A path that the user typed, native or Windows, absolute or relative, as a Windows path.
+  virtual std::string WindowsPath(std::string_view typed) const = 0;
+
+  /// A Windows path as the system's own programs write it; the path itself where no native one
+  /// is known.
+  virtual std::string NativePath(std::string_view windows_path) const = 0;
+
+  /// The code page's name as web browsers know it: "windows-1252", "shift_jis".
+  virtual std::string Charset() const = 0;
+};
+
+/// Opens the machine. Where several registries could serve (Wine prefixes), the first one for which
+/// `wanted` is true is taken, else the first. Never null.
+std::unique_ptr<LocalMachine> OpenLocalMachine(const std::function<bool(const Machine&)>& wanted);
+
+}  // namespace panelkit

@@ -1,0 +1,21 @@
+// Seam 2 as a whole: what the program asks of the machine.
+#pragma once
+
+#include "platform/cabinet_walk.h"
+#include "platform/date_stamps.h"
+#include "platform/files.h"
+#include "platform/registry.h"
+#include "platform/text.h"
+
+namespace panelkit {
+
+/// The services of one machine, owned elsewhere.
+struct Machine {
+  const Registry& registry;
+  Files& files;
+  const Text& text;
+  CabinetWalk& cabinets;
+  const DateStamps& dates;
+};
+
+}  // namespace panelkit

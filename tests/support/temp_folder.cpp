@@ -1,0 +1,57 @@
+#include "support/temp_folder.h"
+
+#include <atomic>
+#include <chrono>
+#include <fstream>
+#include <iterator>
+#include <system_error>
+
+namespace fs = std::filesystem;
+
+namespace panelkit::test {
+
+std::string Utf8(const fs::path& path) {
+  const std::u8string text = path.u8string();
+  return {text.begin(), text.end()};
+}
+
+fs::path FromUtf8(std::string_view text) {
+  return {std::u8string(text.begin(), text.end())};
+}
+
+TempFolder::TempFolder() {
+  static std::atomic<unsigned> counter{0};
+  const auto now = std::chrono::steady_clock::now().time_since_epoch().count();
+  do {
+    path_ = fs::temp_directory_path() /
+            ("panelkit-test-" + std::to_string(now) + "-" + std::to_string(++counter));
+  } while (!fs::create_directory(path_));
+}
+
+TempFolder::~TempFolder() {
+  std::error_code ignored;
+  for (auto it = fs::recursive_directory_iterator(path_, ignored);
+       it != fs::recursive_directory_iterator(); it.increment(ignored)) {
+    if (!it->is_symlink(ignored)) {
+      fs::permissions(it->path(), fs::perms::owner_all, fs::perm_options::add, ignored);
+    }
+  }
+  fs::remove_all(path_, ignored);
+}
+
+fs::path TempFolder::operator/(std::string_view name) const {
+  return path_ / FromUtf8(name);
+}
+
+void Put(const fs::path& file, std::string_view bytes) {
+  fs::create_directories(file.parent_path());
+  std::ofstream(file, std::ios::binary).write(bytes.data(), std::ssize(bytes));
+}
+
+std::string Get(const fs::path& file) {
+  std::ifstream in(file, std::ios::binary);
+  if (!in) return "(cannot be read: " + Utf8(file) + ")";
+  return {std::istreambuf_iterator<char>(in), {}};
+}
+
+}  // namespace panelkit::test
