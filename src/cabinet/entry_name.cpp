@@ -1,0 +1,51 @@
+#include "cabinet/entry_name.h"
+
+#include <algorithm>
+#include <array>
+#include <string>
+
+namespace panelkit {
+
+namespace {
+
+constexpr std::array<std::string_view, 6> kDevices = {"CON", "PRN",    "AUX",
+                                                      "NUL", "CONIN$", "CONOUT$"};
+constexpr std::array<std::string_view, 2> kNumberedDevices = {"COM", "LPT"};
+
+// 1 to 9, and the superscript digits that Windows takes for 1, 2 and 3 (UTF-8).
+bool IsDeviceNumber(std::string_view text) {
+  if (text.size() == 1) return text[0] >= '1' && text[0] <= '9';
+  return text == "\u00B9" || text == "\u00B2" || text == "\u00B3";
+}
+
+// A device's name stands for the device in every folder, with any extension and with blanks before
+// it.
+bool IsDevice(std::string_view part) {
+  std::string stem(part.substr(0, part.find('.')));
+  stem.erase(stem.find_last_not_of(' ') + 1);
+  std::transform(stem.begin(), stem.end(), stem.begin(), [](char letter) {
+    return letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter;
+  });
+  if (std::find(kDevices.begin(), kDevices.end(), stem) != kDevices.end()) return true;
+  return std::any_of(kNumberedDevices.begin(), kNumberedDevices.end(), [&](auto device) {
+    return stem.starts_with(device) && IsDeviceNumber(std::string_view(stem).substr(device.size()));
+  });
+}
+
+bool IsSafePart(std::string_view part) {
+  return !part.empty() && part.back() != '.' && part.back() != ' ' && !IsDevice(part);
+}
+
+}  // namespace
+
+bool IsSafeEntryName(std::string_view name) {
+  if (name.find_first_of("/:") != std::string_view::npos) return false;
+  for (;;) {
+    const std::size_t separator = name.find('\\');
+    if (!IsSafePart(name.substr(0, separator))) return false;
+    if (separator == std::string_view::npos) return true;
+    name.remove_prefix(separator + 1);
+  }
+}
+
+}  // namespace panelkit

@@ -1,0 +1,45 @@
+// Cabinets for tests, written field by field ([MS-CAB]) so that each header option can be had.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace panelkit::test {
+
+/// iFolder of entries that go on in a neighbour; their content is in the first or the last folder.
+inline constexpr std::uint16_t kFromPrevious = 0xFFFD;
+inline constexpr std::uint16_t kToNext = 0xFFFE;
+
+/// One entry and its content.
+struct CabinetEntry {
+  std::string name = {};  ///< Stored as it is.
+  std::string content = {};
+  std::uint16_t attributes = 0x20;
+  std::uint16_t date = 0x2C21;  ///< 1 January 2002.
+  std::uint16_t time = 0x6000;  ///< 12:00:00.
+  std::uint16_t folder = 0;     ///< iFolder as stored: an index or one of the values above.
+};
+
+struct CabinetOptions {
+  std::uint16_t folders = 1;
+  std::uint16_t header_reserve = 0;  ///< Bytes, as the two below.
+  std::uint8_t folder_reserve = 0;
+  std::uint8_t data_reserve = 0;
+  std::string previous = {};  ///< Neighbours in a set; empty for none.
+  std::string next = {};
+  std::uint16_t set_index = 0;
+  std::size_t bytes_in_previous = 0;  ///< How much of the first folder's content lies there.
+  std::size_t bytes_in_next = 0;      ///< How much of the last folder's content lies there.
+  std::uint16_t compression = 0;      ///< typeCompress.
+  /// Turns one block's content (at most 32,768 bytes) into what is stored.
+  std::function<std::string(std::string_view)> pack = [](auto block) { return std::string(block); };
+};
+
+/// The bytes of a sound cabinet.
+std::string MakeCabinet(const std::vector<CabinetEntry>& entries,
+                        const CabinetOptions& options = {});
+
+}  // namespace panelkit::test
