@@ -1,0 +1,131 @@
+// The callback side of CABFile: what it answers to each notification of a walk.
+#include <cstring>
+#include <string>
+
+#include "cabinet/cab_file.h"
+#include "cabinet/dos_stamp.h"
+#include "cabinet/entry_name.h"
+#include "cabinet/folder_maker.h"
+#include "cabinet/xml_listing.h"
+#include "shell/mod_gauges.h"
+
+namespace panelkit {
+namespace {
+
+constexpr std::string_view kGaugeEnding = ".xml";
+
+}  // namespace
+
+std::uint32_t CABFile::CabCallBack(std::uint32_t Context, std::uint32_t Notification,
+                                   std::uintptr_t Param1, std::uintptr_t /*Param2*/) {
+  try {
+    return Dispatch(Context, Notification, Param1);
+  } catch (const CabError& error) {
+    throw CabError(error.Number, std::string(kCabFileSource) + ".CabCallBack", error.Description);
+  }
+}
+
+std::uint32_t CABFile::Dispatch(std::uint32_t Context, std::uint32_t Notification,
+                                std::uintptr_t Param1) {
+  switch (Notification) {
+    case SPFILENOTIFY_FILEINCABINET:
+      return EntryFound(Context, *reinterpret_cast<FILE_IN_CABINET_INFO*>(Param1));
+    case SPFILENOTIFY_FILEEXTRACTED:
+      return EntryExtracted(*reinterpret_cast<const FILEPATHS*>(Param1));
+    default:
+      return 0;  // SPFILENOTIFY_NEEDNEWCABINET among them: no path of a new cabinet is given.
+  }
+}
+
+std::uint32_t CABFile::EntryFound(std::uint32_t Context, FILE_IN_CABINET_INFO& Info) {
+  switch (Context) {
+    case CabContextCount:
+      ++EntryCount;
+      return FILEOP_SKIP;
+    case CabContextInfo:
+      return InfoEntry(Info);
+    case CabContextExtract:
+      return ExtractEntry(Info);
+    case CabContextXml:
+      return XmlEntry(Info);
+    default:
+      return 0;
+  }
+}
+
+std::uint32_t CABFile::EntryExtracted(const FILEPATHS& Paths) {
+  // The low 16 bits, signed: the code goes back to the service as the answer.
+  const auto code = static_cast<std::int16_t>(Paths.Win32Error);
+  if (code == 0) AfterExtract.Raise(StringFromAnsiPointer(Paths.Target));
+  return static_cast<std::uint32_t>(std::int32_t{code});
+}
+
+std::uint32_t CABFile::InfoEntry(const FILE_IN_CABINET_INFO& Info) {
+  const std::string full_name = StringFromAnsiPointer(Info.NameInCabinet);
+  if (!EntryFilter.empty() && !MatchesFilter(full_name)) return FILEOP_SKIP;
+  const auto [folder, file] = modGauges::SplitPath(full_name);
+  FileFound.Raise(file, DosStampToDate(machine_.dates, Info.DosDate, Info.DosTime),
+                  static_cast<std::int32_t>(Info.FileSize), folder);
+  if (file.ends_with(kGaugeEnding)) AddGaugeRow(file);
+  return EntryFilter.empty() ? FILEOP_SKIP : FILEOP_ABORT;
+}
+
+void CABFile::AddGaugeRow(const std::string& file) {
+  const std::string& cabinet = modGauges::CurrentCabinet;
+  const std::string gauge = file.substr(0, file.size() - kGaugeEnding.size());
+  if (!modGauges::InstalledGauges.Add(machine_.text, cabinet, cabinet + "!" + gauge)) {
+    throw CabError(kOverflow, kCabFileSource, "Overflow");
+  }
+}
+
+std::uint32_t CABFile::XmlEntry(const FILE_IN_CABINET_INFO& Info) {
+  const std::string full_name = StringFromAnsiPointer(Info.NameInCabinet);
+  const auto [folder, file] = modGauges::SplitPath(full_name);
+  if (!EntryFilter.empty() && !MatchesFilter(file)) return FILEOP_SKIP;
+  const double date = DosStampToDate(machine_.dates, Info.DosDate, Info.DosTime);
+  XmlBuffer += XmlFileElement(full_name, file, machine_.dates.DateText(date),
+                              static_cast<std::int32_t>(Info.FileSize), folder);
+  return EntryFilter.empty() ? FILEOP_SKIP : FILEOP_ABORT;
+}
+
+std::uint32_t CABFile::ExtractEntry(FILE_IN_CABINET_INFO& Info) {
+  const std::string full_name = StringFromAnsiPointer(Info.NameInCabinet);
+  if (!EntryFilter.empty() && !MatchesFilter(full_name)) return FILEOP_SKIP;
+  bool Cancel = false;
+  BeforeExtract.Raise(full_name, Cancel);
+  if (Cancel) return FILEOP_SKIP;
+  if (SavedOutputFile.empty() && !IsSafeEntryName(full_name)) return FILEOP_SKIP;
+  const std::string target = TargetFileName(full_name);
+  if (!MakeTargetFolder(target)) return FILEOP_SKIP;
+  StringToAnsiBytes(Info.FullTargetName, target);
+  return FILEOP_DOIT;
+}
+
+bool CABFile::MatchesFilter(const std::string& name) const {
+  return machine_.text.Lower(name) == machine_.text.Lower(EntryFilter);
+}
+
+bool CABFile::MakeTargetFolder(const std::string& target) {
+  std::string folder = modGauges::SplitPath(target).Folder;
+  return modGauges::MakeFolderPath(machine_.files, folder);
+}
+
+std::string CABFile::TargetFileName(const std::string& EntryName) const {
+  return modGauges::AddBackslash(SavedOutputPath.empty() ? modGauges::SplitPath(CabName).Folder
+                                                         : SavedOutputPath) +
+         (SavedOutputFile.empty() ? EntryName : SavedOutputFile);
+}
+
+std::string CABFile::StringFromAnsiPointer(const char* Address) const {
+  return machine_.text.FromAnsi(Address);
+}
+
+void CABFile::StringToAnsiBytes(char (&Bytes)[260], const std::string& Text) const {
+  const std::string ansi = machine_.text.ToAnsi(Text);
+  if (ansi.size() >= sizeof Bytes) {
+    throw CabError(kSubscriptOutOfRange, kCabFileSource, "Subscript out of range");
+  }
+  std::memcpy(Bytes, ansi.c_str(), ansi.size() + 1);
+}
+
+}  // namespace panelkit

@@ -1,0 +1,71 @@
+#include "cabinet/cab_file.h"
+
+#include <exception>
+
+#include "cabinet/error_text.h"
+#include "cabinet/xml_listing.h"
+#include "shell/mod_gauges.h"
+
+namespace panelkit {
+
+std::shared_ptr<CABFile> CABFile::Create(const Machine& machine) {
+  return std::shared_ptr<CABFile>(new CABFile(machine));
+}
+
+std::int32_t CABFile::FileCount() {
+  Begin();
+  EntryCount = 0;
+  Walk(CabContextCount);
+  return EntryCount;
+}
+
+bool CABFile::GetInfo(const std::string& FileToInvestigate) {
+  try {
+    Begin();
+    EntryFilter = FileToInvestigate;
+    Walk(CabContextInfo);
+    return true;
+  } catch (const std::exception&) {
+    return false;
+  }
+}
+
+bool CABFile::Extract(const std::string& FileToExtract, const std::string& OutputPath,
+                      const std::string& OutputFile) {
+  Begin();
+  EntryFilter = FileToExtract;
+  SavedOutputPath = OutputPath;
+  SavedOutputFile = OutputFile;
+  Walk(CabContextExtract);
+  return true;
+}
+
+std::string CABFile::GetXML(const std::string& FileToInvestigate) {
+  try {
+    Begin();
+    EntryFilter = FileToInvestigate;
+    XmlBuffer.clear();
+    Walk(CabContextXml);
+  } catch (const CabError& error) {
+    throw CabError(error.Number, std::string(kCabFileSource) + ".GetXML", error.Description);
+  }
+  XmlBuffer = XmlElement(XmlBuffer, "FILES", "", "");
+  return R"(<?xml version="1.0"?>)" + XmlElement(XmlBuffer, "CABFILE", "CABFILENAME", CabName);
+}
+
+void CABFile::Begin() {
+  if (CabName.empty()) {
+    throw CabError(CabNameMissing, kCabFileSource, CabErrorText(CabNameMissing));
+  }
+  modGauges::SetCurrentCabFile(shared_from_this());
+}
+
+void CABFile::Walk(std::uint32_t Context) {
+  if (machine_.cabinets.SetupIterateCabinetA(CabName, 0, &modGauges::CabNotifyEntry, Context) ==
+      0) {
+    const std::int32_t code = machine_.cabinets.GetLastError();
+    throw CabError(code, kCabFileSource, Win32ErrorText(code));
+  }
+}
+
+}  // namespace panelkit
