@@ -1,0 +1,41 @@
+// Moving gauges between the simulator and the archive so that a kill at any moment loses nothing.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/files.h"
+
+namespace panelkit {
+
+/// The two folders that gauges move between, without closing backslashes.
+struct GaugeFolders {
+  std::string gauges;
+  std::string spare;
+};
+
+/// `FSPath`\Gauges and `AppFolder`\SpareGauges.
+GaugeFolders FoldersOf(const std::string& FSPath, const std::string& AppFolder);
+
+/// Names that were moved, and those that stayed where they were, whole.
+struct MoveOutcome {
+  std::vector<std::string> moved;
+  std::vector<std::string> stayed;
+};
+
+/// The file name in `gauges` that a spare entry stands for: a gauge file before a cabinet; empty
+/// where neither is there.
+std::string SpareFileName(const Files& files, const std::string& gauges, const std::string& entry);
+
+/// Moves the files of SpareFiles into the archive, which is made if missing; copies there are
+/// replaced. Removes what a killed run left half copied.
+MoveOutcome ArchiveGauges(Files& files, const GaugeFolders& folders,
+                          const std::vector<std::string>& SpareFiles);
+
+/// Brings archived files back where no file of that name stands in Gauges: all of them, or those of
+/// `names` (with or without extension, case ignored by the machine). A name that is not in the
+/// archive counts as one that stayed.
+MoveOutcome RestoreGauges(Files& files, const GaugeFolders& folders,
+                          const std::vector<std::string>& names);
+
+}  // namespace panelkit
