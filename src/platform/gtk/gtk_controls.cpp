@@ -1,0 +1,87 @@
+#include "platform/gtk/gtk_controls.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+
+#include "platform/gtk/access_keys.h"
+#include "platform/gtk/gtk_pointers.h"
+
+namespace panelkit {
+namespace {
+
+gboolean TellWholeText(GtkWidget* widget, gint, gint, gboolean, GtkTooltip* tooltip, gpointer) {
+  GtkLabel* label = GTK_LABEL(widget);
+  if (!pango_layout_is_ellipsized(gtk_label_get_layout(label))) return FALSE;
+  gtk_tooltip_set_text(tooltip, gtk_label_get_text(label));
+  return TRUE;
+}
+
+}  // namespace
+
+GtkLabelControl::GtkLabelControl(const std::string& caption)
+    : caption_(caption), widget_(gtk_label_new(caption.c_str())) {
+  GtkLabel* label = GTK_LABEL(widget_);
+  gtk_label_set_xalign(label, 0);
+  gtk_label_set_yalign(label, 0);
+  gtk_label_set_single_line_mode(label, TRUE);
+  gtk_label_set_ellipsize(label, PANGO_ELLIPSIZE_END);
+  gtk_widget_set_has_tooltip(widget_, TRUE);
+  g_signal_connect(widget_, "query-tooltip", G_CALLBACK(TellWholeText), nullptr);
+}
+
+void GtkLabelControl::SetCaption(const std::string& caption) {
+  if (caption == caption_) return;
+  caption_ = caption;
+  const TextPtr shown(g_utf8_make_valid(caption.data(), static_cast<gssize>(caption.size())));
+  gtk_label_set_text(GTK_LABEL(widget_), shown.get());
+}
+
+GtkProgressBarControl::GtkProgressBarControl(int width)
+    : width_(width), widget_(gtk_progress_bar_new()) {}
+
+void GtkProgressBarControl::SetMin(int min) {
+  min_ = min;
+  Show();
+}
+
+void GtkProgressBarControl::SetMax(int max) {
+  max_ = max;
+  Show();
+}
+
+void GtkProgressBarControl::SetValue(int value) {
+  value_ = value;
+  Show();
+}
+
+void GtkProgressBarControl::Show() {
+  const std::int64_t range = std::int64_t{max_} - min_;
+  const double part =
+      range <= 0 ? 0
+                 : static_cast<double>(std::int64_t{value_} - min_) / static_cast<double>(range);
+  const double fraction = std::clamp(part, 0.0, 1.0);
+  const int filled = static_cast<int>(std::lround(fraction * width_));
+  if (filled == filled_) return;
+  filled_ = filled;
+  gtk_progress_bar_set_fraction(GTK_PROGRESS_BAR(widget_), fraction);
+}
+
+GtkWidget* NewPicture(std::string_view name, const ScreenScale& scale) {
+  const std::string path = "/panelkit/" + std::string(name) + ".bmp";
+  const ObjectPtr<GdkPixbuf> picture(gdk_pixbuf_new_from_resource(path.c_str(), nullptr));
+  if (picture == nullptr) return gtk_image_new();
+  const auto scaled = [&](int pixels) {
+    return static_cast<int>(std::lround(pixels * scale.Factor()));
+  };
+  const ObjectPtr<GdkPixbuf> shown(
+      gdk_pixbuf_scale_simple(picture.get(), scaled(gdk_pixbuf_get_width(picture.get())),
+                              scaled(gdk_pixbuf_get_height(picture.get())), GDK_INTERP_BILINEAR));
+  return gtk_image_new_from_pixbuf(shown.get());
+}
+
+GtkWidget* NewButton(std::string_view caption) {
+  return gtk_button_new_with_mnemonic(MnemonicOf(caption).c_str());
+}
+
+}  // namespace panelkit

@@ -1,0 +1,60 @@
+// The small controls of a form: labels, progress bars, pictures and buttons.
+#pragma once
+
+#include <gtk/gtk.h>
+
+#include <string>
+
+#include "platform/form.h"
+#include "platform/gtk/screen_scale.h"
+
+namespace panelkit {
+
+/// One line of text from the top left of its place. Text that does not fit ends in "..." and is
+/// whole in the tooltip.
+class GtkLabelControl final : public Label {
+ public:
+  explicit GtkLabelControl(const std::string& caption);
+
+  void SetCaption(const std::string& caption) override;
+  std::string Caption() const override { return caption_; }
+
+  /// Owned by the window that it is put into.
+  GtkWidget* Widget() const { return widget_; }
+
+ private:
+  std::string caption_;
+  GtkWidget* widget_;
+};
+
+/// A bar without text. A new value that would not move it by a pixel costs nothing.
+class GtkProgressBarControl final : public ProgressBar {
+ public:
+  /// `width` in pixels.
+  explicit GtkProgressBarControl(int width);
+
+  void SetMin(int min) override;
+  void SetMax(int max) override;
+  void SetValue(int value) override;
+
+  /// Owned by the window that it is put into.
+  GtkWidget* Widget() const { return widget_; }
+
+ private:
+  void Show();
+
+  int width_;
+  int min_ = 0;
+  int max_ = 100;
+  int value_ = 0;
+  int filled_ = 0;  ///< Pixels, as shown.
+  GtkWidget* widget_;
+};
+
+/// The picture `name` that the executable holds, as large as the scale makes it.
+GtkWidget* NewPicture(std::string_view name, const ScreenScale& scale);
+
+/// A push button with an access key where `caption` has one.
+GtkWidget* NewButton(std::string_view caption);
+
+}  // namespace panelkit

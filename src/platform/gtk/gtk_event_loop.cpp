@@ -1,0 +1,51 @@
+#include "platform/gtk/gtk_event_loop.h"
+
+#include <cstdlib>
+#include <utility>
+
+namespace panelkit {
+namespace {
+
+constexpr gint64 kPauseBetweenTurns = 8000;  // Microseconds: the window stays alive ...
+constexpr gint64 kLongestTurn = 6000;        // ... and a scan gets more than half of the time.
+
+struct PostedTask {
+  std::weak_ptr<const void> owner;
+  std::function<void()> task;
+};
+
+}  // namespace
+
+void GtkEventLoop::ProcessPending() {
+  const gint64 start = g_get_monotonic_time();
+  if (start - last_turn_ < kPauseBetweenTurns) return;
+  gint64 now = start;
+  while (now - start < kLongestTurn && g_main_context_iteration(nullptr, FALSE)) {
+    now = g_get_monotonic_time();
+  }
+  last_turn_ = now;
+}
+
+void GtkEventLoop::End() {
+  std::_Exit(EXIT_SUCCESS);
+}
+
+void GtkEventLoop::Run() {
+  while (true) g_main_context_iteration(nullptr, TRUE);
+}
+
+void PostToLoop(std::weak_ptr<const void> owner, std::function<void()> task) {
+  // The priority of events, not the lower one of idle work: an animated picture that is redrawn all
+  // the time must not hold back "Exit Program".
+  g_idle_add_full(
+      G_PRIORITY_DEFAULT,
+      [](gpointer data) -> gboolean {
+        const auto* posted = static_cast<PostedTask*>(data);
+        if (!posted->owner.expired()) posted->task();
+        return G_SOURCE_REMOVE;
+      },
+      new PostedTask{std::move(owner), std::move(task)},
+      [](gpointer data) { delete static_cast<PostedTask*>(data); });
+}
+
+}  // namespace panelkit

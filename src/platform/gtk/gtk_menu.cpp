@@ -1,0 +1,63 @@
+#include "platform/gtk/gtk_menu.h"
+
+#include <stdexcept>
+#include <utility>
+
+#include "platform/gtk/access_keys.h"
+#include "platform/gtk/gtk_style.h"
+
+namespace panelkit {
+
+GtkMenuEntry::GtkMenuEntry(std::string_view caption)
+    : caption_(caption),
+      widget_(GTK_MENU_ITEM(gtk_menu_item_new_with_mnemonic(MnemonicOf(caption).c_str()))) {}
+
+void GtkMenuEntry::SetEnabled(bool enabled) {
+  gtk_widget_set_sensitive(GTK_WIDGET(widget_), enabled);
+}
+
+bool GtkMenuEntry::Enabled() const {
+  return gtk_widget_get_sensitive(GTK_WIDGET(widget_));
+}
+
+void GtkMenuEntry::SetCaption(const std::string& caption) {
+  caption_ = caption;
+  gtk_menu_item_set_label(widget_, MnemonicOf(caption).c_str());
+}
+
+GtkMenu::GtkMenu(std::span<const MenuDescription> menu, Clicked clicked)
+    : clicked_(std::move(clicked)), bar_(gtk_menu_bar_new()) {
+  for (const MenuDescription& description : menu) Add(description);
+}
+
+GtkMenuEntry& GtkMenu::Named(std::string_view name) {
+  const auto found = items_.find(name);
+  if (found == items_.end()) throw std::out_of_range("menu item " + std::string(name));
+  return found->second;
+}
+
+void GtkMenu::Add(const MenuDescription& description) {
+  GtkMenuItem* item =
+      items_.emplace(description.name, GtkMenuEntry(description.caption)).first->second.Widget();
+  gtk_widget_set_name(GTK_WIDGET(item), std::string(description.name).c_str());
+  g_signal_connect(item, "activate", G_CALLBACK(Activated), this);
+  gtk_menu_shell_append(EntriesOf(description.parent), GTK_WIDGET(item));
+}
+
+GtkMenuShell* GtkMenu::EntriesOf(std::string_view parent) {
+  if (parent.empty()) return GTK_MENU_SHELL(bar_);
+  GtkMenuItem* item = Named(parent).Widget();
+  if (gtk_menu_item_get_submenu(item) == nullptr) {
+    GtkWidget* entries = gtk_menu_new();
+    ApplyStyle(entries);
+    gtk_menu_item_set_submenu(item, entries);
+  }
+  return GTK_MENU_SHELL(gtk_menu_item_get_submenu(item));
+}
+
+void GtkMenu::Activated(GtkMenuItem* item, gpointer self) {
+  if (gtk_menu_item_get_submenu(item) != nullptr) return;  // Its menu has opened.
+  static_cast<GtkMenu*>(self)->clicked_(gtk_widget_get_name(GTK_WIDGET(item)));
+}
+
+}  // namespace panelkit

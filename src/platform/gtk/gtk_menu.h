@@ -1,0 +1,55 @@
+// A form's menu bar.
+#pragma once
+
+#include <gtk/gtk.h>
+
+#include <functional>
+#include <map>
+#include <span>
+#include <string>
+
+#include "platform/form.h"
+
+namespace panelkit {
+
+class GtkMenuEntry final : public MenuItem {
+ public:
+  explicit GtkMenuEntry(std::string_view caption);
+
+  void SetEnabled(bool enabled) override;
+  bool Enabled() const override;
+  void SetCaption(const std::string& caption) override;
+  std::string Caption() const override { return caption_; }
+
+  /// Owned by the menu that it is put into.
+  GtkMenuItem* Widget() const { return widget_; }
+
+ private:
+  std::string caption_;
+  GtkMenuItem* widget_;
+};
+
+/// The bar with its menus. Items without entries report a click as the toolkit sees it.
+class GtkMenu {
+ public:
+  using Clicked = std::function<void(const std::string& name)>;
+
+  GtkMenu(std::span<const MenuDescription> menu, Clicked clicked);
+
+  /// The item `name`, or std::out_of_range.
+  GtkMenuEntry& Named(std::string_view name);
+
+  /// Owned by the window that it is put into.
+  GtkWidget* Widget() const { return bar_; }
+
+ private:
+  void Add(const MenuDescription& description);
+  GtkMenuShell* EntriesOf(std::string_view parent);
+  static void Activated(GtkMenuItem* item, gpointer self);
+
+  Clicked clicked_;
+  GtkWidget* bar_;
+  std::map<std::string, GtkMenuEntry, std::less<>> items_;
+};
+
+}  // namespace panelkit

@@ -1,0 +1,29 @@
+// From twips to the pixels of the screen.
+#pragma once
+
+#include "platform/form.h"
+
+namespace panelkit {
+
+/// The screen's resolution, as the user set it: dots per inch, 96 where nothing is set.
+class ScreenScale {
+ public:
+  explicit ScreenScale(double dots_per_inch);
+
+  /// The scale of the default screen. GTK must be initialised.
+  static ScreenScale OfDefaultScreen();
+
+  int ToPixels(Twips length) const;
+  Twips ToTwips(int pixels) const;
+
+  /// Size in pixels of a font of `points`.
+  double FontPixels(double points) const;
+
+  /// How much larger than at 96 dots per inch things are.
+  double Factor() const;
+
+ private:
+  double dots_per_inch_;
+};
+
+}  // namespace panelkit
