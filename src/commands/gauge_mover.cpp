@@ -29,10 +29,6 @@ bool MoveFile(Files& files, const std::string& source, const std::string& folder
   return files.ClearAttributes(source) && files.Delete(source);
 }
 
-void Note(MoveOutcome& outcome, bool moved, const std::string& name) {
-  (moved ? outcome.moved : outcome.stayed).push_back(name);
-}
-
 std::vector<std::string> ArchivedNames(const Files& files, const std::string& spare) {
   std::vector<std::string> names;
   for (const char* ending : kGaugeEndings) {
@@ -42,18 +38,12 @@ std::vector<std::string> ArchivedNames(const Files& files, const std::string& sp
   return names;
 }
 
-// The archived file that the user means: by its full name, or without the extension.
-std::string ArchivedName(const Files& files, const std::string& spare, const std::string& name) {
-  if (files.IsPlainFile(spare + "\\" + name)) return name;
-  return SpareFileName(files, spare, name);
-}
-
-bool RestoreOne(Files& files, const GaugeFolders& folders, const std::string& name) {
-  const bool is_plain_name = name.find_first_of("\\/:") == std::string::npos;
-  const std::string source = folders.spare + "\\" + name;
-  return is_plain_name && files.IsPlainFile(source) &&
-         !files.Exists(folders.gauges + "\\" + name) &&
-         MoveFile(files, source, folders.gauges, name);
+// The archived file that the user means, by its full name or without the extension; empty where
+// there is none.
+std::string ArchivedName(const Files& files, const std::string& spare, const std::string& typed) {
+  if (typed.find_first_of("\\/:") != std::string::npos) return {};
+  if (files.IsPlainFile(spare + "\\" + typed)) return typed;
+  return SpareFileName(files, spare, typed);
 }
 
 }  // namespace
@@ -82,21 +72,27 @@ MoveOutcome ArchiveGauges(Files& files, const GaugeFolders& folders,
     if (name.empty()) continue;
     const bool moved =
         is_apart && MoveFile(files, folders.gauges + "\\" + name, folders.spare, name);
-    Note(outcome, moved, name);
+    (moved ? outcome.moved : outcome.stayed).push_back(name);
   }
   return outcome;
 }
 
-MoveOutcome RestoreGauges(Files& files, const GaugeFolders& folders,
-                          const std::vector<std::string>& names) {
-  MoveOutcome outcome;
-  const bool is_apart = !files.IsSame(folders.gauges, folders.spare);
-  if (is_apart) RemoveHalfMoved(files, folders);
-  const bool all = names.empty();
-  for (const std::string& wanted : all ? ArchivedNames(files, folders.spare) : names) {
-    const std::string found = all ? wanted : ArchivedName(files, folders.spare, wanted);
-    const std::string& name = found.empty() ? wanted : found;
-    Note(outcome, is_apart && RestoreOne(files, folders, name), name);
+RestoreOutcome RestoreGauges(Files& files, const GaugeFolders& folders,
+                             const std::vector<std::string>& names) {
+  RestoreOutcome outcome;
+  if (files.IsSame(folders.gauges, folders.spare)) return outcome;
+  RemoveHalfMoved(files, folders);
+  for (const std::string& typed : names.empty() ? ArchivedNames(files, folders.spare) : names) {
+    const std::string name = ArchivedName(files, folders.spare, typed);
+    if (name.empty()) {
+      outcome.failed.push_back(typed);
+    } else if (files.Exists(folders.gauges + "\\" + name)) {
+      outcome.already_there.push_back(name);
+    } else if (MoveFile(files, folders.spare + "\\" + name, folders.gauges, name)) {
+      outcome.restored.push_back(name);
+    } else {
+      outcome.failed.push_back(name);
+    }
   }
   return outcome;
 }

@@ -32,10 +32,16 @@ std::string SpareFileName(const Files& files, const std::string& gauges, const s
 MoveOutcome ArchiveGauges(Files& files, const GaugeFolders& folders,
                           const std::vector<std::string>& SpareFiles);
 
+/// What became of the files that were to come back.
+struct RestoreOutcome {
+  std::vector<std::string> restored;
+  std::vector<std::string> already_there;  ///< A file of that name stands in Gauges.
+  std::vector<std::string> failed;         ///< Not in the archive, or it could not be moved.
+};
+
 /// Brings archived files back where no file of that name stands in Gauges: all of them, or those of
-/// `names` (with or without extension, case ignored by the machine). A name that is not in the
-/// archive counts as one that stayed.
-MoveOutcome RestoreGauges(Files& files, const GaugeFolders& folders,
-                          const std::vector<std::string>& names);
+/// `names`, with or without their extension.
+RestoreOutcome RestoreGauges(Files& files, const GaugeFolders& folders,
+                             const std::vector<std::string>& names);
 
 }  // namespace panelkit

@@ -1,0 +1,48 @@
+// The command line of the console companion.
+#pragma once
+
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace panelkit {
+
+enum class ConsoleCommand {
+  Where,
+  Probe,
+  Show,
+  Clean,
+  Restore,
+  Brake,
+  CabCount,
+  CabList,
+  CabXml,
+  CabExtract,
+};
+
+/// What the user asked for. Texts are UTF-8, as typed; empty where left out.
+struct CommandLine {
+  ConsoleCommand command = ConsoleCommand::Where;
+  std::string simulator;
+  bool html = false;
+  bool dry_run = false;             ///< Clean.
+  std::vector<std::string> gauges;  ///< Restore.
+  std::string brake;                ///< Brake: "on", "off" or empty.
+  std::string cabinet;              ///< The cab commands.
+  std::string entry;
+  std::string output_path;
+  std::string output_file;
+};
+
+/// The end of a program that has nothing to run: help was asked for, or the line makes no sense.
+struct CommandLineAnswer {
+  std::string output;
+  std::string complaint;
+  int exit_status = 0;
+};
+
+/// Takes the command line apart; `arguments` begins with the program's name.
+std::variant<CommandLine, CommandLineAnswer> ParseCommandLine(
+    const std::vector<std::string>& arguments);
+
+}  // namespace panelkit
