@@ -1,0 +1,38 @@
+// Files by the wide calls of kernel32.
+#pragma once
+
+#include "platform/files.h"
+#include "platform/text.h"
+
+namespace panelkit::windows {
+
+/// The file system of this Windows. Device names and pipes name nothing here.
+class WindowsFiles : public Files {
+ public:
+  /// `app_folder` as AppFolder gives it; `text` outlives this object.
+  WindowsFiles(std::string app_folder, const Text& text)
+      : app_folder_(std::move(app_folder)), text_(text) {}
+
+  std::string AppFolder() const override { return app_folder_; }
+  std::optional<std::vector<std::string>> List(std::string_view pattern,
+                                               ListedEntries entries) const override;
+  bool IsFolder(std::string_view path) const override;
+  bool IsPlainFile(std::string_view path) const override;
+  bool Exists(std::string_view path) const override;
+  bool IsSame(std::string_view path, std::string_view other) const override;
+  std::optional<std::string> Read(std::string_view path) const override;
+  bool Replace(std::string_view path, std::string_view bytes, Durability durability) override;
+  int MakeFolder(std::string_view path) override;
+
+  /// As promised, but that the copy's access rights are those that its folder hands down.
+  bool Copy(std::string_view source, std::string_view target) override;
+  bool Rename(std::string_view from, std::string_view to) override;
+  bool ClearAttributes(std::string_view path) override;
+  bool Delete(std::string_view path) override;
+
+ private:
+  std::string app_folder_;
+  const Text& text_;
+};
+
+}  // namespace panelkit::windows
