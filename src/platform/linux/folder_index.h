@@ -1,8 +1,8 @@
 // Finding a folder's entry with case ignored, without reading a large folder for each name.
 #pragma once
 
-#include <map>
-#include <optional>
+#include <sys/stat.h>
+
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -11,11 +11,21 @@
 namespace panelkit {
 
 /// Remembers the names in folders that were searched. A folder is read again when its time stamp
-/// shows a change since, or is so young that a change might not show.
+/// shows a change since, or was so young that a later change might not show.
 class FolderIndex {
  public:
   /// Names in the native folder that equal `name` with case ignored, in byte order.
   std::vector<std::string> Matches(const std::string& folder, std::string_view name);
+
+ private:
+  struct Folder {
+    struct stat status {};
+    bool shows_changes = false;
+    std::unordered_map<std::string, std::vector<std::string>> by_lowered_name;
+  };
+  static Folder Read(const std::string& folder, const struct stat& status);
+
+  std::unordered_map<std::string, Folder> folders_;
 };
 
 }  // namespace panelkit

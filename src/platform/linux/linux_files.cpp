@@ -1,0 +1,188 @@
+#include "platform/linux/linux_files.h"
+
+#include <dirent.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <utility>
+
+#include "platform/linux/dos_attributes.h"
+#include "platform/linux/file_replacement.h"
+#include "platform/linux/folder_reader.h"
+#include "platform/linux/letter_case.h"
+#include "platform/linux/native_file.h"
+#include "platform/linux/utf8.h"
+#include "platform/wildcard.h"
+
+namespace panelkit {
+
+namespace {
+
+/// MakeFolder's numbers for other failures lie above all numbers that mean something.
+constexpr int kOtherFailure = 1000;
+
+bool CanBeNamed(const std::string& name) {
+  return utf8::IsValid(name) && name.find('\\') == std::string::npos;
+}
+
+/// The kind of an entry, links followed: DT_REG, DT_DIR or another.
+unsigned char KindOf(const FolderEntry& entry, const std::string& path) {
+  if (entry.type != DT_LNK && entry.type != DT_UNKNOWN) return entry.type;
+  const auto status = StatusOf(path);
+  if (!status) return DT_UNKNOWN;
+  return static_cast<unsigned char>(IFTODT(status->st_mode));
+}
+
+/// The names ordered by their upper-cased form.
+std::vector<std::string> Sorted(std::vector<std::string> names) {
+  std::vector<std::pair<std::string, std::string>> by_upper;
+  by_upper.reserve(names.size());
+  for (auto& name : names) {
+    std::string upper = Uppered(name);
+    by_upper.emplace_back(std::move(upper), std::move(name));
+  }
+  std::sort(by_upper.begin(), by_upper.end());
+  std::transform(by_upper.begin(), by_upper.end(), names.begin(),
+                 [](auto& entry) { return std::move(entry.second); });
+  return names;
+}
+
+std::string_view WithoutClosingSeparator(std::string_view path) {
+  return path.substr(0, path.find_last_not_of("\\/") + 1);
+}
+
+}  // namespace
+
+std::optional<std::vector<std::string>> LinuxFiles::List(std::string_view pattern,
+                                                         ListedEntries entries) const {
+  const std::size_t name_start = pattern.find_last_of("\\/") + 1;
+  const auto folder = resolver_.Existing(name_start == 0 ? "." : pattern.substr(0, name_start));
+  auto found = folder ? ReadFolder(*folder) : std::nullopt;
+  if (!found) return std::nullopt;
+  const std::string wanted = Lowered(pattern.substr(name_start));
+  const bool with_folders = entries == ListedEntries::FilesAndFolders;
+  std::vector<std::string> names;
+  for (auto& entry : *found) {
+    if (!CanBeNamed(entry.name) || !MatchesWildcard(wanted, Lowered(entry.name))) continue;
+    const std::string path = *folder + '/' + entry.name;
+    const unsigned char kind = KindOf(entry, path);
+    if ((kind == DT_REG || (kind == DT_DIR && with_folders)) && !IsHiddenOrSystem(path)) {
+      names.push_back(std::move(entry.name));
+    }
+  }
+  names = Sorted(std::move(names));
+  for (const char* name : {"..", "."}) {
+    if (with_folders && MatchesWildcard(wanted, name)) names.insert(names.begin(), name);
+  }
+  return names;
+}
+
+std::optional<struct stat> LinuxFiles::Status(std::string_view path) const {
+  const auto native = resolver_.Existing(path);
+  return native ? StatusOf(*native) : std::nullopt;
+}
+
+std::optional<std::string> LinuxFiles::PlainFile(std::string_view path) const {
+  auto native = resolver_.Existing(path);
+  const auto status = native ? StatusOf(*native) : std::nullopt;
+  return status && S_ISREG(status->st_mode) ? native : std::nullopt;
+}
+
+bool LinuxFiles::IsFolder(std::string_view path) const {
+  const auto status = Status(path);
+  return status && S_ISDIR(status->st_mode);
+}
+
+bool LinuxFiles::IsPlainFile(std::string_view path) const {
+  const auto native = PlainFile(path);
+  return native && !IsHiddenOrSystem(*native);
+}
+
+bool LinuxFiles::Exists(std::string_view path) const {
+  return resolver_.Existing(path).has_value();
+}
+
+bool LinuxFiles::IsSame(std::string_view path, std::string_view other) const {
+  const auto a = Status(path);
+  const auto b = Status(other);
+  return a && b && a->st_dev == b->st_dev && a->st_ino == b->st_ino;
+}
+
+std::optional<std::string> LinuxFiles::Read(std::string_view path) const {
+  const auto native = resolver_.Existing(path);
+  return native ? ReadPlainFile(*native, kLargestFile) : std::nullopt;
+}
+
+bool LinuxFiles::Replace(std::string_view path, std::string_view bytes, Durability durability) {
+  auto target = resolver_.Existing(path);
+  if (!target) target = resolver_.ForCreation(path);
+  return target && ReplaceFile(*target, bytes, durability);
+}
+
+int LinuxFiles::MakeFolder(std::string_view path) {
+  path = WithoutClosingSeparator(path);
+  if (resolver_.Existing(path)) return kFolderExistsOrNoAccess;
+  const auto target = resolver_.ForCreation(path);
+  if (!target) {
+    return path.empty() || PathResolver::IsPossible(path) ? kFolderParentMissing
+                                                          : kOtherFailure + EINVAL;
+  }
+  if (mkdir(target->c_str(), 0777) == 0) return kFolderCreated;
+  switch (errno) {
+    case EEXIST:
+    case EACCES:
+    case EPERM:
+    case EROFS:
+      return kFolderExistsOrNoAccess;
+    case ENOENT:
+    case ENOTDIR:
+      return kFolderParentMissing;
+    default:
+      return kOtherFailure + errno;
+  }
+}
+
+bool LinuxFiles::Copy(std::string_view source, std::string_view target) {
+  const auto from = resolver_.Existing(source);
+  const auto to = resolver_.ForCreation(target);
+  return from && to && CopyFile(*from, *to);
+}
+
+bool LinuxFiles::Rename(std::string_view from, std::string_view to) {
+  const auto old_path = PlainFile(from);
+  const auto new_path = resolver_.SpeltExactly(to);
+  if (!old_path || !new_path) return false;
+  const auto file = StatusOf(*old_path);
+  const std::string folder = new_path->substr(0, new_path->rfind('/') + 1);
+  const auto others = resolver_.OtherSpellings(*new_path);
+  const auto is_folder = [&folder](const std::string& name) {
+    const auto status = StatusOf(folder + name);
+    return status && S_ISDIR(status->st_mode);
+  };
+  if (std::any_of(others.begin(), others.end(), is_folder) ||
+      rename(old_path->c_str(), new_path->c_str()) != 0) {
+    return false;
+  }
+  for (const std::string& name : others) {
+    const auto status = StatusOf(folder + name);
+    // A disk that ignores case itself may list the renamed file under its old spelling.
+    const bool is_renamed = status && file && status->st_ino == file->st_ino;
+    if (!is_renamed) unlink((folder + name).c_str());
+  }
+  return FlushFolder(FolderOf(*new_path));
+}
+
+bool LinuxFiles::ClearAttributes(std::string_view path) {
+  const auto native = PlainFile(path);
+  return native && SetNormalAttributes(*native);
+}
+
+bool LinuxFiles::Delete(std::string_view path) {
+  const auto native = PlainFile(path);
+  const auto status = native ? StatusOf(*native) : std::nullopt;
+  return status && !IsReadOnly(*status) && unlink(native->c_str()) == 0;
+}
+
+}  // namespace panelkit
