@@ -10,6 +10,9 @@
 namespace panelkit {
 namespace {
 
+constexpr double kSmallestText = 0.85;  // Of the form's font size: still readable beside it.
+constexpr double kHintingRoom = 0.98;   // Hinted letters do not shrink evenly.
+
 gboolean TellWholeText(GtkWidget* widget, gint, gint, gboolean, GtkTooltip* tooltip, gpointer) {
   GtkLabel* label = GTK_LABEL(widget);
   if (!pango_layout_is_ellipsized(gtk_label_get_layout(label))) return FALSE;
@@ -19,22 +22,46 @@ gboolean TellWholeText(GtkWidget* widget, gint, gint, gboolean, GtkTooltip* tool
 
 }  // namespace
 
-GtkLabelControl::GtkLabelControl(const std::string& caption)
-    : caption_(caption), widget_(gtk_label_new(caption.c_str())) {
-  GtkLabel* label = GTK_LABEL(widget_);
+GtkLabelControl::~GtkLabelControl() {
+  g_signal_handlers_disconnect_by_data(widget_.get(), this);
+}
+
+GtkLabelControl::GtkLabelControl(const std::string& caption, int width)
+    : width_(width), widget_(KeepObject(gtk_label_new(nullptr))) {
+  GtkLabel* label = GTK_LABEL(widget_.get());
   gtk_label_set_xalign(label, 0);
   gtk_label_set_yalign(label, 0);
   gtk_label_set_single_line_mode(label, TRUE);
   gtk_label_set_ellipsize(label, PANGO_ELLIPSIZE_END);
-  gtk_widget_set_has_tooltip(widget_, TRUE);
-  g_signal_connect(widget_, "query-tooltip", G_CALLBACK(TellWholeText), nullptr);
+  gtk_label_set_max_width_chars(label, 1);  // Long text must not widen the window.
+  gtk_widget_set_has_tooltip(widget_.get(), TRUE);
+  g_signal_connect(label, "query-tooltip", G_CALLBACK(TellWholeText), nullptr);
+  g_signal_connect_swapped(label, "style-updated",
+                           G_CALLBACK(+[](GtkLabelControl* self) { self->Fit(); }), this);
+  SetCaption(caption);
 }
 
 void GtkLabelControl::SetCaption(const std::string& caption) {
   if (caption == caption_) return;
   caption_ = caption;
   const TextPtr shown(g_utf8_make_valid(caption.data(), static_cast<gssize>(caption.size())));
-  gtk_label_set_text(GTK_LABEL(widget_), shown.get());
+  gtk_label_set_text(GTK_LABEL(widget_.get()), shown.get());
+  Fit();
+}
+
+void GtkLabelControl::Fit() {
+  GtkLabel* label = GTK_LABEL(widget_.get());
+  const ObjectPtr<PangoLayout> layout(
+      gtk_widget_create_pango_layout(widget_.get(), gtk_label_get_text(label)));
+  int needed = 0;
+  pango_layout_get_pixel_size(layout.get(), &needed, nullptr);
+  const double scale = needed > width_ ? static_cast<double>(width_) / needed : 1;
+  const bool smaller = scale < 1 && scale >= kSmallestText;
+  if (!smaller && gtk_label_get_attributes(label) == nullptr) return;
+  const std::unique_ptr<PangoAttrList, void (*)(PangoAttrList*)> attributes(pango_attr_list_new(),
+                                                                            pango_attr_list_unref);
+  if (smaller) pango_attr_list_insert(attributes.get(), pango_attr_scale_new(scale * kHintingRoom));
+  gtk_label_set_attributes(label, smaller ? attributes.get() : nullptr);
 }
 
 GtkProgressBarControl::GtkProgressBarControl(int width)

@@ -6,25 +6,33 @@
 #include <string>
 
 #include "platform/form.h"
+#include "platform/gtk/gtk_pointers.h"
 #include "platform/gtk/screen_scale.h"
 
 namespace panelkit {
 
-/// One line of text from the top left of its place. Text that does not fit ends in "..." and is
+/// One line of text from the top left of its place. Where the font that the system has for the form
+/// is a little too wide, the text is set smaller; text that still does not fit ends in "..." and is
 /// whole in the tooltip.
 class GtkLabelControl final : public Label {
  public:
-  explicit GtkLabelControl(const std::string& caption);
+  /// `width` of its place in pixels.
+  GtkLabelControl(const std::string& caption, int width);
+  ~GtkLabelControl() override;
+  GtkLabelControl(const GtkLabelControl&) = delete;
+  GtkLabelControl& operator=(const GtkLabelControl&) = delete;
 
   void SetCaption(const std::string& caption) override;
   std::string Caption() const override { return caption_; }
 
-  /// Owned by the window that it is put into.
-  GtkWidget* Widget() const { return widget_; }
+  GtkWidget* Widget() const { return widget_.get(); }
 
  private:
+  void Fit();
+
   std::string caption_;
-  GtkWidget* widget_;
+  int width_;
+  ObjectPtr<GtkWidget> widget_;
 };
 
 /// A bar without text. A new value that would not move it by a pixel costs nothing.

@@ -83,7 +83,8 @@ GtkWidget* GtkForm::NewControl(const ControlDescription& control, const LocalMac
     case ControlKind::WebBrowser:
       return browsers_.try_emplace(name, machine).first->second.Widget();
     case ControlKind::Label:
-      return labels_.try_emplace(name, std::string(control.content)).first->second.Widget();
+      return labels_.try_emplace(name, std::string(control.content), scale_.ToPixels(control.width))
+          .first->second.Widget();
     case ControlKind::ProgressBar:
       return bars_.try_emplace(name, scale_.ToPixels(control.width)).first->second.Widget();
     case ControlKind::PictureBox:

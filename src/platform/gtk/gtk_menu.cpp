@@ -7,6 +7,21 @@
 #include "platform/gtk/gtk_style.h"
 
 namespace panelkit {
+namespace {
+
+/// GTK takes a click on a bar item for one only when the button was held for half a second: it
+/// waits for a menu to open. An item without entries acts at once.
+gboolean ActAtOnce(GtkWidget* item, GdkEvent*, gpointer bar) {
+  GtkMenuShell* shell = GTK_MENU_SHELL(bar);
+  if (gtk_menu_item_get_submenu(GTK_MENU_ITEM(item)) != nullptr ||
+      gtk_menu_shell_get_selected_item(shell) != item) {
+    return FALSE;
+  }
+  gtk_menu_shell_activate_item(shell, item, TRUE);
+  return TRUE;
+}
+
+}  // namespace
 
 GtkMenuEntry::GtkMenuEntry(std::string_view caption)
     : caption_(caption),
@@ -41,6 +56,9 @@ void GtkMenu::Add(const MenuDescription& description) {
       items_.emplace(description.name, GtkMenuEntry(description.caption)).first->second.Widget();
   gtk_widget_set_name(GTK_WIDGET(item), std::string(description.name).c_str());
   g_signal_connect(item, "activate", G_CALLBACK(Activated), this);
+  if (description.parent.empty()) {
+    g_signal_connect(item, "button-release-event", G_CALLBACK(ActAtOnce), bar_);
+  }
   gtk_menu_shell_append(EntriesOf(description.parent), GTK_WIDGET(item));
 }
 

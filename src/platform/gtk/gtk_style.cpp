@@ -18,7 +18,7 @@ std::string StyleSheet(const ScreenScale& scale) {
   css.imbue(std::locale::classic());
   const double unit = scale.Factor();
   css << ".panelkit, .panelkit * {"
-      << " font-family: Tahoma, 'Liberation Sans', Arial, sans-serif;"
+      << " font-family: Tahoma, 'Liberation Sans', Arial, 'Nimbus Sans', sans-serif;"
       << " font-size: " << scale.FontPixels(kFormFontPoints) << "px;"
       << " font-weight: normal; }\n"
       << ".panelkit menubar { padding: 0; margin: 0; }\n"
