@@ -1,6 +1,7 @@
 // Whole panels through EnumerateGauges, whole report texts out.
 #include <doctest/doctest.h>
 
+#include "analysis/line_reader.h"
 #include "support/simulator.h"
 
 namespace panelkit::test {
@@ -16,9 +17,9 @@ struct Case {
 constexpr Case kCases[] = {
     {"a normal panel pairs windows and titles by position",
      "[Window Titles]\nWindow00=Main Panel\nWindow01=Radio Stack\n\n[Other]\n[Window00]\n"
-     "size=640\ngauge00=have!speed, 10, 20\ngauge01=xyz, 30, 20\n[Window01]\n"
+     "size=640\ngauge00=zzz!speed, 10, 20\ngauge01=xyz, 30, 20\n[Window01]\n"
      "gauge00=abc!clock, 0, 0\n[Other Section]\n",
-     "W Window00=Main Panel\nG xyz\nW Window01=Radio Stack\nG abc!clock\n", "have xyz abc "},
+     "W Window00=Main Panel\nG xyz\nW Window01=Radio Stack\nG abc!clock\n", "zzz xyz abc "},
     {"without titles nothing is named", "[Window00]\ngauge00=abc,1\n", "", ""},
     {"a header directly below the titles becomes a title itself",
      "[Window Titles]\nWindow00=Main\n[Window00]\nsize=1\ngauge00=abc,1\n[Window01]\n"
@@ -78,7 +79,7 @@ TEST_CASE("panels give their report lines and required names") {
     CAPTURE(row.name);
     Simulator simulator;
     simulator.AddAircraft("Alpha", row.panel);
-    simulator.AddGauge("HAVE.GAU");
+    simulator.AddGauge("ZZZ.GAU");
     Program program(simulator);
     program.form.EnumerateGauges();
     CHECK(program.form.ReportHtml == Expected(row.report));

@@ -14,7 +14,7 @@ constexpr std::string_view kOn = "&Turn Parking Brake Annunciator ON";
 struct Case {
   const char* name;
   std::string config;
-  const char* caption;  // After the start.
+  std::string_view caption;  // After the start.
   std::string after_start;
   std::string after_pick;
 };

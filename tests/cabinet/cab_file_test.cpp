@@ -183,7 +183,7 @@ TEST_CASE_FIXTURE(Fixture, "errors tell number, source and description") {
 }
 
 TEST_CASE_FIXTURE(Fixture, "an error inside a walk comes out with the callback's source") {
-  CheckError(ErrorOf([&] { cab->Extract("", std::string(260, 'x')); }), 9, "CabFile.CabCallBack",
+  CheckError(ErrorOf([&] { cab->Extract("", "", std::string(260, 'x')); }), 9, "CabFile.CabCallBack",
              "Subscript out of range");
   cab->BeforeExtract.Subscribe(
       [](const std::string&, bool&) { throw CabError(77, "subscriber", "Enough"); });

@@ -71,6 +71,7 @@ std::variant<CommandLine, CommandLineAnswer> ParseCommandLine(
   app.add_option("--format", format, "How a report is printed: text or html")
       ->check(CLI::IsMember({"text", "html"}));
   app.require_subcommand(1);
+  app.fallthrough();  // Options of the program may stand behind the command, too.
   app.footer("Exit status: 0 nothing is missing, or done; 1 gauges are missing; 2 an error.");
   AddCommands(app, line);
   try {
