@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "analysis/line_reader.h"
+
 namespace panelkit {
 namespace {
 
@@ -29,21 +31,38 @@ bool MoveFile(Files& files, const std::string& source, const std::string& folder
   return files.ClearAttributes(source) && files.Delete(source);
 }
 
-std::vector<std::string> ArchivedNames(const Files& files, const std::string& spare) {
+bool HasGaugeEnding(const std::string& name) {
+  return std::any_of(kGaugeEndings.begin(), kGaugeEndings.end(),
+                     [&](const char* ending) { return ContainsWords(name, ending); });
+}
+
+// The archived files of one name, spelt as in the archive: with the extension typed, or each gauge
+// ending where none was.
+std::vector<std::string> ArchivedNames(const Files& files, const std::string& spare,
+                                       const std::string& typed) {
   std::vector<std::string> names;
-  for (const char* ending : kGaugeEndings) {
-    const auto listed = files.List(spare + "\\*" + ending, ListedEntries::PlainFiles);
+  if (typed.find_first_of("\\/:") != std::string::npos) return names;
+  const auto add = [&](const std::string& pattern) {
+    const auto listed = files.List(spare + "\\" + pattern, ListedEntries::PlainFiles);
     if (listed) names.insert(names.end(), listed->begin(), listed->end());
+  };
+  if (HasGaugeEnding(typed)) {
+    add(typed);
+  } else {
+    for (const char* ending : kGaugeEndings) add(typed + ending);
   }
   return names;
 }
 
-// The archived file that the user means, by its full name or without the extension; empty where
-// there is none.
-std::string ArchivedName(const Files& files, const std::string& spare, const std::string& typed) {
-  if (typed.find_first_of("\\/:") != std::string::npos) return {};
-  if (files.IsPlainFile(spare + "\\" + typed)) return typed;
-  return SpareFileName(files, spare, typed);
+void Restore(Files& files, const GaugeFolders& folders, const std::string& name,
+             RestoreOutcome& outcome) {
+  if (files.Exists(folders.gauges + "\\" + name)) {
+    outcome.already_there.push_back(name);
+  } else if (MoveFile(files, folders.spare + "\\" + name, folders.gauges, name)) {
+    outcome.restored.push_back(name);
+  } else {
+    outcome.failed.push_back(name);
+  }
 }
 
 }  // namespace
@@ -82,17 +101,10 @@ RestoreOutcome RestoreGauges(Files& files, const GaugeFolders& folders,
   RestoreOutcome outcome;
   if (files.IsSame(folders.gauges, folders.spare)) return outcome;
   RemoveHalfMoved(files, folders);
-  for (const std::string& typed : names.empty() ? ArchivedNames(files, folders.spare) : names) {
-    const std::string name = ArchivedName(files, folders.spare, typed);
-    if (name.empty()) {
-      outcome.failed.push_back(typed);
-    } else if (files.Exists(folders.gauges + "\\" + name)) {
-      outcome.already_there.push_back(name);
-    } else if (MoveFile(files, folders.spare + "\\" + name, folders.gauges, name)) {
-      outcome.restored.push_back(name);
-    } else {
-      outcome.failed.push_back(name);
-    }
+  for (const std::string& typed : names) {
+    const auto archived = ArchivedNames(files, folders.spare, typed);
+    if (archived.empty() && typed != kEveryGauge) outcome.failed.push_back(typed);
+    for (const std::string& name : archived) Restore(files, folders, name, outcome);
   }
   return outcome;
 }

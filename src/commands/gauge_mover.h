@@ -39,8 +39,11 @@ struct RestoreOutcome {
   std::vector<std::string> failed;         ///< Not in the archive, or it could not be moved.
 };
 
-/// Brings archived files back where no file of that name stands in Gauges: all of them, or those of
-/// `names`, with or without their extension.
+/// The name that stands for every archived gauge.
+inline constexpr const char* kEveryGauge = "*";
+
+/// Brings the archived files of these names back where no file of that name stands in Gauges. A name
+/// without a gauge's extension stands for gauge file and cabinet; "*" and "?" may stand in it.
 RestoreOutcome RestoreGauges(Files& files, const GaugeFolders& folders,
                              const std::vector<std::string>& names);
 

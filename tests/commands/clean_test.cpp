@@ -53,11 +53,11 @@ TEST_CASE("unneeded gauges move to the archive, needed ones stay, and two runs f
 
   simulator.AddGauge("twin.gau");
   Files& files = simulator.Services().files;
-  auto outcome = RestoreGauges(files, Folders(simulator), {"xabcy", "twin", "none", "..\\x"});
+  auto outcome = RestoreGauges(files, Folders(simulator), {"XABCY", "twin.gau", "none", "..\\x"});
   CHECK(outcome.restored == std::vector<std::string>{"xabcy.gau"});
   CHECK(outcome.already_there == std::vector<std::string>{"twin.gau"});
   CHECK(outcome.failed == std::vector<std::string>{"none", "..\\x"});
-  outcome = RestoreGauges(files, Folders(simulator), {});
+  outcome = RestoreGauges(files, Folders(simulator), {kEveryGauge});
   CHECK(outcome.failed.empty());
   CHECK(Tree(simulator.App() / "SpareGauges") == "twin.gau\n");
   CHECK(Tree(gauges) ==

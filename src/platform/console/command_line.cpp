@@ -49,7 +49,7 @@ void AddCommands(CLI::App& app, CommandLine& line) {
              ConsoleCommand::Clean)
       ->add_flag("--dry-run", line.dry_run, "Say what would move, and move nothing");
   AddCommand(app, "restore", "Bring gauges back from SpareGauges", line, ConsoleCommand::Restore)
-      ->add_option("NAME", line.gauges, "Only these gauges");
+      ->add_option("NAME", line.gauges, "Only these gauges; * and ? may stand in a name");
   AddCommand(app, "brake", "Say whether the red brake messages are shown, or switch them", line,
              ConsoleCommand::Brake)
       ->add_option("STATE", line.brake, "on: show the messages; off: hide them")

@@ -93,7 +93,8 @@ int RestoreCommand(LocalMachine& machine, const CommandLine& line) {
   if (!complaint.empty()) return Complain(complaint);
   Files& files = machine.Services().files;
   const GaugeFolders folders = FoldersOf(simulator, files.AppFolder());
-  const RestoreOutcome outcome = RestoreGauges(files, folders, line.gauges);
+  const RestoreOutcome outcome = RestoreGauges(
+      files, folders, line.gauges.empty() ? std::vector<std::string>{kEveryGauge} : line.gauges);
   PrintNames("Restored to " + folders.gauges + ":", outcome.restored);
   PrintNames("Left in " + folders.spare + ", since Gauges has a file of that name:",
              outcome.already_there);
