@@ -48,6 +48,12 @@ void AppendUnits(std::u16string& units, char32_t code_point) {
   }
 }
 
+/// Digits that end with the file may be cut off; those that end with their line are whole.
+bool IsLineEnd(std::string_view notation, std::size_t position) {
+  return notation.substr(position).starts_with('\n') ||
+         notation.substr(position).starts_with("\r\n");
+}
+
 bool IsTextType(std::uint32_t type) {
   return type == kString || type == kExpandString || type == kMultiString;
 }
@@ -62,7 +68,7 @@ std::optional<HiveValue> ReadString(std::string_view notation, std::uint32_t typ
 std::optional<HiveValue> ReadDword(std::string_view notation) {
   std::size_t position = 0;
   const auto number = ReadNumber(notation, position, 8, 16);
-  if (!number) return std::nullopt;
+  if (!number || !IsLineEnd(notation, position)) return std::nullopt;
   HiveValue value{kDword, false, {}};
   for (unsigned shift = 0; shift < 32; shift += 8) {
     value.content += static_cast<char>(*number >> shift & 0xFFU);
@@ -83,24 +89,16 @@ std::string TextOfUtf16Bytes(std::string_view bytes) {
 std::optional<HiveValue> ReadHex(std::string_view notation, std::uint32_t type) {
   std::string bytes;
   std::size_t position = 0;
-  bool more = false;
-  while (position < notation.size()) {
-    const char c = notation[position];
-    if (c == '\\') {
-      position = notation.find('\n', position);
-      if (position == std::string_view::npos) return std::nullopt;
-    } else if (c == '\n' || c == '\r') {
-      break;
-    } else if (const auto byte = ReadNumber(notation, position, 2, 16)) {
-      bytes += static_cast<char>(*byte);
-      more = position < notation.size() && notation[position] == ',';
-      if (!more) continue;
-    } else if (c != ' ') {
-      return std::nullopt;
+  while (!IsLineEnd(notation, position)) {
+    const auto byte = ReadNumber(notation, position, 2, 16);
+    if (!byte) return std::nullopt;
+    bytes += static_cast<char>(*byte);
+    if (!notation.substr(position).starts_with(',')) continue;
+    if (notation.substr(++position).starts_with('\\')) {
+      position = notation.find_first_not_of(" \r\n", position + 1);
     }
-    ++position;
+    if (position >= notation.size() || IsLineEnd(notation, position)) return std::nullopt;
   }
-  if (more) return std::nullopt;
   if (IsTextType(type)) return HiveValue{type, true, TextOfUtf16Bytes(bytes)};
   return HiveValue{type, false, bytes};
 }
@@ -113,7 +111,7 @@ std::optional<QuotedText> ReadQuoted(std::string_view notation, char end) {
   while (position < notation.size()) {
     const char c = notation[position];
     if (c == end) return QuotedText{utf8::FromUtf16(units), position + 1};
-    if (c == '\n') return std::nullopt;
+    if (c == '\n' || notation.substr(position, 2) == "\\\n") return std::nullopt;
     if (c != '\\') {
       AppendUnits(units, utf8::Next(notation, position));
     } else if (++position < notation.size()) {
