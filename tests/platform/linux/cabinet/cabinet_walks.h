@@ -1,0 +1,61 @@
+// Cabinets in a Wine prefix, and what is said in walks over them.
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "platform/cabinet_walk.h"
+#include "platform/linux/cabinet/cabinet_service.h"
+#include "platform/linux/code_page_text.h"
+#include "platform/linux/path_resolver.h"
+#include "support/temp_folder.h"
+
+namespace panelkit::test {
+
+/// How the program answers in a walk.
+struct Answers {
+  std::function<std::uint32_t(FILE_IN_CABINET_INFO&)> to_entry = [](auto&) { return FILEOP_SKIP; };
+  std::function<std::uint32_t(const FILEPATHS&)> to_extracted = [](auto& outcome) {
+    return outcome.Win32Error;
+  };
+  std::uint32_t to_next = 0;
+};
+
+/// Answers that extract each entry to the Windows path `target`, with the entry's name for a "*".
+Answers ExtractTo(const std::string& target);
+
+/// Gives up root, whom permissions do not bind.
+void BecomeOrdinaryUser();
+
+/// A prefix in a temporary folder with the service over it; its C: has an empty folder "out".
+class CabinetWalks {
+ public:
+  CabinetWalks() { std::filesystem::create_directories(C("out")); }
+
+  /// The native path of a file on C:; folders are separated by "/".
+  std::filesystem::path C(const std::string& name) const { return prefix_ / ("drive_c/" + name); }
+
+  /// The whole conversation of one walk, a line a notification, then "ok" or "error" and its code:
+  /// "a.xml 5 2c21 6000 20" (size, date, time, attributes), "next?", "C:\out\a.xml 0" (outcome).
+  std::string Walk(const std::string& cabinet, Answers answers = {});
+
+  /// The same for a new cabinet of these bytes, C:\x.cab.
+  std::string WalkBytes(std::string_view bytes, Answers answers = {});
+
+  /// The same in a process of its own, which runs `prepare` before.
+  std::string WalkApart(const std::string& cabinet, const Answers& answers,
+                        const std::function<void()>& prepare);
+
+  /// The names in C:\out, sorted, a blank behind each.
+  std::string NamesInOut() const;
+
+ private:
+  TempFolder prefix_;
+  CodePageText text_{1252};
+  PathResolver paths_{Utf8(prefix_.Path())};
+  CabinetService service_{paths_, text_};
+};
+
+}  // namespace panelkit::test

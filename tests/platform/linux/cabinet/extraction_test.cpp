@@ -1,0 +1,251 @@
+#include <doctest/doctest.h>
+#include <sched.h>
+#include <sys/mount.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <ctime>
+#include <random>
+#include <stdexcept>
+
+#include "cabinet_walks.h"
+#include "support/cabinet_writer.h"
+
+using namespace panelkit;
+using namespace panelkit::test;
+namespace fs = std::filesystem;
+
+namespace {
+
+std::string Pattern(std::size_t size) {
+  std::string pattern;
+  for (std::size_t i = 0; i < size; ++i) pattern += static_cast<char>(i * 7 + i / 256);
+  return pattern;
+}
+
+const std::string kLong = Pattern(70001);
+const std::string kQuantumText = "Needles, dials and lamps.";
+
+// kQuantumText and "hello", packed as literals by the arithmetic coder of Quantum.
+const std::string kQuantumStream(
+    "\xD3\x2B\xCD\x3E\xB8\xA4\xB0\x22\xC8\x0D\x91\x31\x9D\xD7\x6D\xAA\x5C\xAA\x86\x9E\x74\x6D\x03"
+    "\0\0\0",
+    26);
+
+// LZX blocks of the uncompressed kind. The folder's first bit says that no call addresses were
+// translated; then each block has its kind (3 bits) and size (24) in 16-bit words, filled up with
+// zeros, and three offsets.
+std::function<std::string(std::string_view)> LzxPacker() {
+  return [first = true](std::string_view block) mutable {
+    const std::uint32_t bits = (std::uint32_t{3} << 24 | static_cast<std::uint32_t>(block.size()))
+                               << (first ? 4 : 5);
+    first = false;
+    std::string out;
+    for (const int shift : {16, 24, 0, 8}) out += static_cast<char>(bits >> shift & 0xFF);
+    for (int offset = 0; offset < 3; ++offset) out += std::string("\1\0\0\0", 4);
+    return out + std::string(block) + std::string(block.size() % 2, '\0');
+  };
+}
+
+struct Packed {
+  std::string bytes;
+  std::string long_content;  // Of the entry "long"; "short" holds "hello".
+};
+
+std::vector<Packed> CabinetsOfEachKind(CabinetWalks& walks) {
+  const std::vector<CabinetEntry> entries = {{"long", kLong}, {"short", "hello"}};
+  Put(walks.C("long"), kLong);
+  Put(walks.C("short"), "hello");
+  const std::string zip = "cd '" + Utf8(walks.C("")) + "' && gcab -cz zip.cab long short";
+  REQUIRE(std::system(zip.c_str()) == 0);
+  return {{MakeCabinet(entries, {.data_reserve = 7}), kLong},
+          {Get(walks.C("zip.cab")), kLong},
+          {MakeCabinet(entries, {.compression = 0x0F03, .pack = LzxPacker()}), kLong},
+          {MakeCabinet({{"long", kQuantumText}, {"short", "hello"}},
+                       {.compression = 0x0F12, .pack = [](auto) { return kQuantumStream; }}),
+           kQuantumText}};
+}
+
+// The first and the second cabinet of a set; "split" lies in both.
+std::pair<std::string, std::string> CabinetSet(std::uint16_t second_index = 1) {
+  const std::string content = Pattern(40000);
+  return {MakeCabinet({{"first", "1"}, {.name = "split", .content = content, .folder = kToNext}},
+                      {.folders = 2, .next = "Second.cab", .bytes_in_next = 3000}),
+          MakeCabinet({{.name = "split", .content = content, .folder = kFromPrevious},
+                       {.name = "last", .content = "2", .folder = 1}},
+                      {.folders = 2,
+                       .previous = "x.cab",
+                       .set_index = second_index,
+                       .bytes_in_previous = 37000})};
+}
+
+// Puts a disk of 64 KiB in the place of C:\out, seen by this process alone.
+void MountAsOut(const CabinetWalks& walks, unsigned long flags) {
+  if (unshare(CLONE_NEWNS | (geteuid() == 0 ? 0 : CLONE_NEWUSER)) != 0 ||
+      mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 ||
+      mount("none", walks.C("out").c_str(), "tmpfs", flags, "size=64k") != 0) {
+    throw std::runtime_error("no mounts");
+  }
+}
+
+}  // namespace
+
+TEST_CASE("Every kind of compression gives back what was packed, all or one entry of it") {
+  CabinetWalks walks;
+  for (const auto& [bytes, long_content] : CabinetsOfEachKind(walks)) {
+    CHECK(walks.WalkBytes(bytes, ExtractTo("C:\\out\\*")).ends_with("\nok"));
+    CHECK(Get(walks.C("out/long")) == long_content);
+    CHECK(Get(walks.C("out/short")) == "hello");
+    Answers second_only = ExtractTo("C:\\out\\alone");
+    second_only.to_entry = [extract = second_only.to_entry](FILE_IN_CABINET_INFO& info) {
+      return info.NameInCabinet == std::string("short") ? extract(info) : FILEOP_SKIP;
+    };
+    CHECK(walks.WalkBytes(bytes, second_only).ends_with("C:\\out\\alone 0\nok"));
+    CHECK(Get(walks.C("out/alone")) == "hello");
+    CHECK(walks.NamesInOut() == "alone long short ");
+  }
+}
+
+TEST_CASE("An extracted file has the entry's local time and attribute, and an old one's name") {
+  CabinetWalks walks;
+  setenv("TZ", "XXX-5", 1);
+  tzset();
+  Put(walks.C("out/Dial.XML"), "old");
+  fs::permissions(walks.C("out/Dial.XML"), fs::perms::owner_read);
+  Put(walks.C("aside"), "aside");
+  fs::create_symlink("../aside", walks.C("out/link"));
+  walks.WalkBytes(MakeCabinet({{"dial.xml", "new", 0x21}, {"link", "own"}, {"no date", "", 0, 0}}),
+                  ExtractTo("C:\\OUT\\*"));
+  CHECK(walks.NamesInOut() == "Dial.XML link no date ");
+  CHECK(Get(walks.C("out/Dial.XML")) == "new");
+  CHECK(Get(walks.C("aside")) == "aside");
+  constexpr std::time_t kStamp =
+      1009868400;  // 1 January 2002, 12:00, five hours east of Greenwich.
+  struct stat status {};
+  REQUIRE(stat(walks.C("out/Dial.XML").c_str(), &status) == 0);
+  CHECK(status.st_mtime == kStamp);
+  CHECK((status.st_mode & 0222) == 0);
+  REQUIRE(lstat(walks.C("out/link").c_str(), &status) == 0);
+  CHECK((S_ISREG(status.st_mode) && (status.st_mode & 0200) != 0));
+  REQUIRE(stat(walks.C("out/no date").c_str(), &status) == 0);
+  CHECK(status.st_mtime > kStamp);
+}
+
+TEST_CASE("A damaged entry is an error and leaves the old file as it was") {
+  CabinetWalks walks;
+  const auto block = [](const char* name) {
+    return CabinetEntry{name, std::string(32768, name[0])};
+  };
+  const std::string sound = MakeCabinet({block("a"), block("b"), block("c")});
+  std::string flipped = sound;
+  flipped[flipped.size() - 3 * 32768] ^= 1;
+  Put(walks.C("out/a"), "old a");
+  Answers go_on = ExtractTo("C:\\out\\*");
+  go_on.to_extracted = [](auto&) { return 0U; };
+  const auto all_with = [](const std::string& code) {
+    std::string log;
+    for (const std::string name : {"a", "b", "c"}) {
+      log += name + " 32768 2c21 6000 20\nC:\\out\\" + name + " " + code + "\n";
+    }
+    return log + "ok";
+  };
+  // What is packed behind the damage cannot be trusted either.
+  CHECK(walks.WalkBytes(flipped, go_on) == all_with("23"));
+  CHECK(walks.WalkBytes(std::string(sound).replace(42, 1, "\4"), go_on) == all_with("13"));
+  CHECK(walks.WalkBytes(sound.substr(0, 300), go_on) == all_with("13"));
+  CHECK(walks.NamesInOut() == "a ");
+  CHECK(Get(walks.C("out/a")) == "old a");
+}
+
+TEST_CASE("Flipped bits never end in a crash, a success without a file, or half a file") {
+  CabinetWalks walks;
+  std::vector<Packed> cabinets = CabinetsOfEachKind(walks);
+  cabinets.push_back({CabinetSet().first, ""});
+  Put(walks.C("second.cab"), CabinetSet().second);
+  int wrong = 0;
+  Answers answers = ExtractTo("C:\\out\\x");
+  answers.to_extracted = [&](const FILEPATHS& outcome) {
+    wrong += fs::remove(walks.C("out/x")) == (outcome.Win32Error != 0);
+    return 0U;
+  };
+  std::mt19937 random(2002);
+  for (const Packed& cabinet : cabinets) {
+    for (int round = 0; round < 250; ++round) {
+      std::string damaged = cabinet.bytes;
+      // Half of the flips hit the headers.
+      const std::size_t range = round % 2 == 0 ? 100 : damaged.size();
+      damaged[random() % range] ^= static_cast<char>(1U << random() % 8);
+      const std::string log = "\n" + walks.WalkBytes(damaged, answers);
+      CHECK_MESSAGE((log.ends_with("\nok") || log.ends_with("\nerror 13")), log);
+      CHECK(wrong == 0);
+      CHECK(walks.NamesInOut().empty());
+    }
+  }
+}
+
+TEST_CASE("A set of cabinets is followed to what an entry needs, and no further") {
+  CabinetWalks walks;
+  const auto [first, second] = CabinetSet();
+  CHECK(walks.WalkBytes(first) == "first 1 2c21 6000 20\nsplit 40000 2c21 6000 20\nok");
+  const Answers extract = ExtractTo("C:\\out\\*");
+  const std::string told =
+      "first 1 2c21 6000 20\nC:\\out\\first 0\nsplit 40000 2c21 6000 20\nnext?\n";
+  CHECK(walks.WalkBytes(first, extract) == told + "C:\\out\\split 2\nerror 2");
+  Answers refuse = extract;
+  refuse.to_next = 1223;
+  CHECK(walks.WalkBytes(first, refuse) == told + "error 1223");
+  Put(walks.C("SECOND.CAB"), CabinetSet(7).second);
+  CHECK(walks.WalkBytes(first, extract) == told + "C:\\out\\split 13\nerror 13");
+  CHECK(walks.NamesInOut() == "first ");
+
+  Put(walks.C("SECOND.CAB"), second);
+  CHECK(walks.WalkBytes(first, extract) == told + "C:\\out\\split 0\nok");
+  CHECK(Get(walks.C("out/split")) == Pattern(40000));
+  CHECK(walks.Walk("C:\\second.cab", extract) == "last 1 2c21 6000 20\nC:\\out\\last 0\nok");
+}
+
+TEST_CASE("A place that cannot take the file is an error of that entry") {
+  CabinetWalks walks;
+  fs::create_directories(walks.C("elsewhere"));
+  fs::create_directory(walks.C("out/folder"));
+  fs::create_symlink("../elsewhere", walks.C("out/link"));
+  const std::string cabinet = MakeCabinet({{"link\\x", "1"}});
+  for (const auto& [target, end] : std::initializer_list<std::pair<std::string, const char*>>{
+           {"C:\\out\\what?", " 123\nerror 123"},
+           {"C:\\out\\a:b", " 123\nerror 123"},
+           {"", " 123\nerror 123"},
+           {"C:\\out\\missing\\x", " 3\nerror 3"},
+           {"C:\\out\\folder", " 5\nerror 5"},
+           {"C:\\out\\" + std::string(253, 'n'), " 0\nok"},
+           {"C:\\OUT\\*", " 5\nerror 5"}}) {
+    CAPTURE(target);
+    CHECK(walks.WalkBytes(cabinet, ExtractTo(target)).ends_with(end));
+  }
+  CHECK(fs::is_empty(walks.C("elsewhere")));
+  // A link that the user named is followed.
+  CHECK(walks.WalkBytes(cabinet, ExtractTo("C:\\out\\link\\y")).ends_with("\nok"));
+  CHECK(Get(walks.C("elsewhere/y")) == "1");
+}
+
+TEST_CASE("A full, a read-only and a closed disk are told apart, and keep no half file") {
+  CabinetWalks walks;
+  Put(walks.C("x.cab"), MakeCabinet({{"long", kLong}}));
+  const std::string told = "long 70001 2c21 6000 20\nC:\\out\\long ";
+  Answers answers = ExtractTo("C:\\out\\*");
+  answers.to_extracted = [&](const FILEPATHS& outcome) {
+    return walks.NamesInOut().empty() ? outcome.Win32Error : 9999;
+  };
+  const auto walk_on = [&](unsigned long flags) {
+    return walks.WalkApart("C:\\x.cab", answers, [&] { MountAsOut(walks, flags); });
+  };
+  if (walk_on(0) == "no mounts") {
+    MESSAGE("left out: no right to mount a small disk");
+  } else {
+    CHECK(walk_on(0) == told + "112\nerror 112");
+    CHECK(walk_on(MS_RDONLY) == told + "19\nerror 19");
+  }
+  fs::permissions(walks.C("out"), fs::perms::owner_read | fs::perms::owner_exec |
+                                      fs::perms::others_read | fs::perms::others_exec);
+  CHECK(walks.WalkApart("C:\\x.cab", answers, BecomeOrdinaryUser) == told + "5\nerror 5");
+}
