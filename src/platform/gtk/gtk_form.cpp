@@ -133,7 +133,7 @@ void GtkForm::Show() {
   if (!gtk_widget_get_visible(GTK_WIDGET(window_)) && place_) {
     gtk_window_move(window_, place_->x, place_->y);
   }
-  gtk_window_present(window_);
+  Present(window_);
 }
 
 void GtkForm::Hide() {

@@ -73,6 +73,17 @@ GdkRectangle FramedSize(GtkWindow* window) {
   return frame;
 }
 
+void Present(GtkWindow* window) {
+  gtk_widget_show(GTK_WIDGET(window));
+  GdkWindow* gdk_window = gtk_widget_get_window(GTK_WIDGET(window));
+  // Window managers do not give the keyboard to a tool window that comes up, nor to a window that
+  // no action of the user has asked for. So the window asks for itself, and the present moment
+  // stands for the click, which is over by now.
+  const guint32 now = GDK_IS_X11_WINDOW(gdk_window) ? gdk_x11_get_server_time(gdk_window)
+                                                    : static_cast<guint32>(GDK_CURRENT_TIME);
+  gtk_window_present_with_time(window, now);
+}
+
 GdkRectangle PrimaryMonitor() {
   GdkDisplay* display = gdk_display_get_default();
   GdkMonitor* monitor = gdk_display_get_primary_monitor(display);

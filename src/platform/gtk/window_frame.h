@@ -9,6 +9,9 @@ namespace panelkit {
 /// a window that is not shown yet: X window managers tell the frame in advance when asked.
 GdkRectangle FramedSize(GtkWindow* window);
 
+/// Shows a window, or one that is shown already in front, and gives it the keyboard.
+void Present(GtkWindow* window);
+
 /// The monitor that counts as the screen, in pixels.
 GdkRectangle PrimaryMonitor();
 
