@@ -94,8 +94,8 @@ std::uint32_t CABFile::ExtractEntry(FILE_IN_CABINET_INFO& Info) {
   bool Cancel = false;
   BeforeExtract.Raise(full_name, Cancel);
   if (Cancel) return FILEOP_SKIP;
-  if (SavedOutputFile.empty() && !IsSafeEntryName(full_name)) return FILEOP_SKIP;
   const std::string target = TargetFileName(full_name);
+  if (SavedOutputFile.empty() && !MayFollow(full_name, target)) return FILEOP_SKIP;
   if (!MakeTargetFolder(target)) return FILEOP_SKIP;
   StringToAnsiBytes(Info.FullTargetName, target);
   return FILEOP_DOIT;
@@ -103,6 +103,17 @@ std::uint32_t CABFile::ExtractEntry(FILE_IN_CABINET_INFO& Info) {
 
 bool CABFile::MatchesFilter(const std::string& name) const {
   return machine_.text.Lower(name) == machine_.text.Lower(EntryFilter);
+}
+
+// The folders before the entry's name were chosen by the caller, those in it by whoever made the
+// cabinet: none of these may be a link that leads elsewhere.
+bool CABFile::MayFollow(const std::string& name, const std::string& target) const {
+  if (!IsSafeEntryName(name)) return false;
+  for (std::size_t at = target.size() - name.size();
+       (at = target.find('\\', at)) != std::string::npos; ++at) {
+    if (machine_.files.IsLink(target.substr(0, at))) return false;
+  }
+  return true;
 }
 
 bool CABFile::MakeTargetFolder(const std::string& target) {

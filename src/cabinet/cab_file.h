@@ -77,6 +77,7 @@ class CABFile : public std::enable_shared_from_this<CABFile> {
   std::uint32_t ExtractEntry(FILE_IN_CABINET_INFO& Info);
   void AddGaugeRow(const std::string& file);
   bool MatchesFilter(const std::string& name) const;
+  bool MayFollow(const std::string& name, const std::string& target) const;
   bool MakeTargetFolder(const std::string& target);
   std::string TargetFileName(const std::string& EntryName) const;
   std::string StringFromAnsiPointer(const char* Address) const;

@@ -14,8 +14,10 @@ constexpr std::array kGaugeEndings{".gau", ".cab"};
 constexpr const char* kHalfMoved = "\\panelkit.moving";
 
 void RemoveHalfMoved(Files& files, const GaugeFolders& folders) {
-  files.Delete(folders.gauges + kHalfMoved);
-  files.Delete(folders.spare + kHalfMoved);
+  for (const std::string& folder : {folders.gauges, folders.spare}) {
+    files.ClearAttributes(folder + kHalfMoved);  // A half copy of a read-only gauge is read-only.
+    files.Delete(folder + kHalfMoved);
+  }
 }
 
 // Copies under a name that is no gauge's, then gives the copy its name, then deletes the source: at

@@ -50,6 +50,9 @@ class Files {
   /// True if both paths reach the same file or folder on disk, through links too.
   virtual bool IsSame(std::string_view path, std::string_view other) const = 0;
 
+  /// True if the path's last part is a link to elsewhere (a symbolic link, a junction).
+  virtual bool IsLink(std::string_view path) const = 0;
+
   /// The whole content of a plain file; nothing where it is absent, no plain file (a folder, a pipe
   /// or a device), closed to us, or larger than kLargestFile.
   virtual std::optional<std::string> Read(std::string_view path) const = 0;

@@ -183,8 +183,8 @@ TEST_CASE_FIXTURE(Fixture, "errors tell number, source and description") {
 }
 
 TEST_CASE_FIXTURE(Fixture, "an error inside a walk comes out with the callback's source") {
-  CheckError(ErrorOf([&] { cab->Extract("", "", std::string(260, 'x')); }), 9, "CabFile.CabCallBack",
-             "Subscript out of range");
+  CheckError(ErrorOf([&] { cab->Extract("", "", std::string(260, 'x')); }), 9,
+             "CabFile.CabCallBack", "Subscript out of range");
   cab->BeforeExtract.Subscribe(
       [](const std::string&, bool&) { throw CabError(77, "subscriber", "Enough"); });
   CheckError(ErrorOf([&] { cab->Extract(); }), 77, "CabFile.CabCallBack", "Enough");
@@ -225,6 +225,23 @@ TEST_CASE("a real cabinet is extracted with its folders") {
   CHECK(cab->Extract("", simulator.FSPath() + "\\Aircraft\\new\\deep"));
   CHECK(Tree(simulator.Fs()) == "Aircraft/new/deep/Clock.xml\nAircraft/new/deep/sub/Speed.xml\n");
   CHECK(Get(simulator.Fs() / "Aircraft" / "new" / "deep" / "sub" / "Speed.xml") == "speed");
+}
+
+TEST_CASE("an entry does not follow a link out of the output folder") {
+  Simulator simulator;
+  Put(simulator.App() / "x.cab",
+      MakeCabinet({{"link\\deep\\evil.xml", "no"}, {"good.xml", "yes"}}));
+  std::error_code error;
+  std::filesystem::create_directory_symlink(simulator.App(), simulator.Fs() / "link", error);
+  if (error) {
+    MESSAGE("this user cannot make links");
+    return;
+  }
+  const auto cab = CABFile::Create(simulator.Services());
+  cab->CabName = simulator.AppFolder() + "\\x.cab";
+  CHECK(cab->Extract("", simulator.FSPath()));
+  CHECK(std::filesystem::exists(simulator.Fs() / "good.xml"));
+  CHECK_FALSE(std::filesystem::exists(simulator.App() / "deep"));
 }
 
 TEST_CASE("MakeFolderPath makes what is missing from the top down") {

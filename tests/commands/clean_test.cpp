@@ -31,6 +31,7 @@ TEST_CASE("unneeded gauges move to the archive, needed ones stay, and two runs f
   Put(simulator.App() / "SpareGauges" / "XABCY.gau", "an older copy");
   fs::permissions(simulator.App() / "SpareGauges" / "XABCY.gau", fs::perms::owner_read);
   Put(simulator.App() / "SpareGauges" / "panelkit.moving", "half a gauge");
+  fs::permissions(simulator.App() / "SpareGauges" / "panelkit.moving", fs::perms::owner_read);
   const auto stamp = fs::last_write_time(gauges / "ABC.GAU");
 
   Program program(simulator);

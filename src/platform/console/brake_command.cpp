@@ -13,7 +13,7 @@ namespace panelkit {
 int BrakeCommand(LocalMachine& machine, const CommandLine& line) {
   const std::string simulator = SimulatorFor(machine, line);
   if (simulator.empty()) {
-    return Complain("No simulator is registered. Looked in: " + machine.Origin() + ".");
+    return Complain("No simulator is registered (" + machine.Origin() + ").");
   }
   const Machine services = machine.Services();
   const std::string config = simulator + "\\fs2002.cfg";

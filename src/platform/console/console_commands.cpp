@@ -10,7 +10,7 @@ namespace {
 int WhereCommand(LocalMachine& machine, const CommandLine& line) {
   const std::string folder = SimulatorFor(machine, line);
   const std::string how = line.simulator.empty() ? machine.Origin() : "--simulator";
-  if (folder.empty()) return Complain("No simulator is registered. Looked in: " + how + ".");
+  if (folder.empty()) return Complain("No simulator is registered (" + how + ").");
   terminal::WriteOut(folder + "\n");
   terminal::WriteOut("  on disk: " + machine.NativePath(folder) + "\n");
   terminal::WriteOut("  found by: " + how + "\n");

@@ -46,8 +46,8 @@ int DryRun(frmGauges& program, ProgressLine& progress, const Files& files,
 // Why the simulator's folder is of no use; empty where it is.
 std::string FolderComplaint(LocalMachine& machine, const std::string& simulator) {
   if (simulator.empty()) {
-    return "No simulator is registered. Looked in: " + machine.Origin() +
-           ". Its folder can be named with --simulator.";
+    return "No simulator is registered (" + machine.Origin() +
+           "). Its folder can be named with --simulator.";
   }
   if (machine.Services().files.IsFolder(simulator)) return {};
   return "The simulator's folder " + simulator + " is not there.";

@@ -110,6 +110,12 @@ bool LinuxFiles::IsSame(std::string_view path, std::string_view other) const {
   return a && b && a->st_dev == b->st_dev && a->st_ino == b->st_ino;
 }
 
+bool LinuxFiles::IsLink(std::string_view path) const {
+  const auto native = resolver_.ForCreation(path);
+  struct stat status {};
+  return native && lstat(native->c_str(), &status) == 0 && S_ISLNK(status.st_mode);
+}
+
 std::optional<std::string> LinuxFiles::Read(std::string_view path) const {
   const auto native = resolver_.Existing(path);
   return native ? ReadPlainFile(*native, kLargestFile) : std::nullopt;

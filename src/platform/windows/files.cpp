@@ -83,6 +83,11 @@ bool WindowsFiles::IsSame(std::string_view path, std::string_view other) const {
   return SameFile(FilePath(path), FilePath(other));
 }
 
+bool WindowsFiles::IsLink(std::string_view path) const {
+  const DWORD attributes = Attributes(FilePath(path));
+  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
+}
+
 std::optional<std::string> WindowsFiles::Read(std::string_view path) const {
   return ReadContent(FilePath(path));
 }

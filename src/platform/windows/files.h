@@ -20,6 +20,7 @@ class WindowsFiles : public Files {
   bool IsPlainFile(std::string_view path) const override;
   bool Exists(std::string_view path) const override;
   bool IsSame(std::string_view path, std::string_view other) const override;
+  bool IsLink(std::string_view path) const override;
   std::optional<std::string> Read(std::string_view path) const override;
   bool Replace(std::string_view path, std::string_view bytes, Durability durability) override;
   int MakeFolder(std::string_view path) override;
