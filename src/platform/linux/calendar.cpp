@@ -1,11 +1,10 @@
 #include "platform/linux/calendar.h"
 
-#include <wchar.h>
-
 #include <array>
 #include <chrono>
 #include <cmath>
 #include <ctime>
+#include <cwchar>
 
 #include "platform/linux/user_locale.h"
 #include "platform/linux/utf8.h"

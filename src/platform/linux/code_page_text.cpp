@@ -1,10 +1,7 @@
 #include "platform/linux/code_page_text.h"
 
-#include <iconv.h>
-
 #include <array>
 #include <cerrno>
-#include <cstring>
 #include <optional>
 
 #include "platform/linux/letter_case.h"
@@ -18,6 +15,7 @@ constexpr unsigned kUtf8Page = 65001;
 constexpr unsigned kDefaultPage = 1252;
 constexpr char32_t kUndefined = 0xFFFFFFFF;
 constexpr char32_t kLeadByte = 0xFFFFFFFE;
+constexpr unsigned kFirstTrailByte = 0x30;
 constexpr char32_t kPrivateUse = 0xF0000;
 
 char32_t Placeholder(unsigned char byte) {
@@ -28,48 +26,32 @@ bool IsPrivatePlaceholder(char32_t c) {
   return c >= kPrivateUse + 0x80 && c <= kPrivateUse + 0xFF;
 }
 
-/// An iconv conversion, one character at a time.
-class Conversion {
- public:
-  Conversion(const char* to, const char* from) : handle_(iconv_open(to, from)) {}
-  ~Conversion() {
-    if (IsOpen()) iconv_close(handle_);
-  }
-  Conversion(const Conversion&) = delete;
-  Conversion& operator=(const Conversion&) = delete;
-
-  bool IsOpen() const { return handle_ != reinterpret_cast<iconv_t>(-1); }
-
-  /// What `bytes` become; nothing for what is undefined or does not give `size` bytes. `errno` is
-  /// EINVAL where more bytes must follow.
-  template <typename Output>
-  std::optional<Output> Convert(std::string_view bytes) {
-    Output output{};
-    std::array<char, 16> input{};
-    bytes.copy(input.data(), input.size());
-    char* in = input.data();
-    std::size_t in_left = bytes.size();
-    auto* out = reinterpret_cast<char*>(&output);
-    std::size_t out_left = sizeof output;
-    iconv(handle_, nullptr, nullptr, nullptr, nullptr);
-    errno = 0;
-    // The second call takes out what some pages hold back in case an accent follows.
-    const bool converted = iconv(handle_, &in, &in_left, &out, &out_left) == 0 &&
-                           iconv(handle_, nullptr, nullptr, &out, &out_left) == 0;
-    if (!converted || out_left == sizeof output) return std::nullopt;
-    return output;
-  }
-
- private:
-  iconv_t handle_;
-};
+/// What the bytes of one character become; nothing where they are undefined. `errno` is EINVAL then
+/// where more bytes must follow.
+template <typename Output>
+std::optional<Output> ConvertOne(const IconvHandle& conversion, std::string_view bytes) {
+  Output output{};
+  std::array<char, 16> input{};
+  bytes.copy(input.data(), input.size());
+  char* in = input.data();
+  std::size_t in_left = bytes.size();
+  auto* out = reinterpret_cast<char*>(&output);
+  std::size_t out_left = sizeof output;
+  iconv(conversion.Get(), nullptr, nullptr, nullptr, nullptr);
+  errno = 0;
+  // The second call takes out what some pages hold back in case an accent follows.
+  const bool converted = iconv(conversion.Get(), &in, &in_left, &out, &out_left) == 0 &&
+                         iconv(conversion.Get(), nullptr, nullptr, &out, &out_left) == 0;
+  if (!converted || out_left == sizeof output) return std::nullopt;
+  return output;
+}
 
 std::string IconvName(unsigned page) {
   return "CP" + std::to_string(page);
 }
 
 bool IconvKnows(unsigned page) {
-  return Conversion("WCHAR_T", IconvName(page).c_str()).IsOpen();
+  return IconvHandle("WCHAR_T", IconvName(page)).IsOpen();
 }
 
 }  // namespace
@@ -85,38 +67,40 @@ void CodePageText::AddSingle(unsigned char byte, char32_t code_point) {
 }
 
 void CodePageText::ReadTables() {
-  const std::string name = IconvName(page_);
-  Conversion from_page("WCHAR_T", name.c_str());
-  Conversion to_page(name.c_str(), "WCHAR_T");
+  const IconvHandle from_page("WCHAR_T", IconvName(page_));
   singles_.assign(0x100, kUndefined);
   for (unsigned byte = 0; byte < 0x100; ++byte) {
     const auto c = static_cast<char>(byte);
     if (byte < 0x80) {
       AddSingle(byte, byte);
-    } else if (const auto found = from_page.Convert<wchar_t>({&c, 1})) {
+    } else if (const auto found = ConvertOne<wchar_t>(from_page, {&c, 1})) {
       AddSingle(byte, static_cast<char32_t>(*found));
-    } else if (from_page.IsOpen() && errno == EINVAL) {
+    } else if (errno == EINVAL) {
       singles_[byte] = kLeadByte;
       pairs_.resize(0x10000, kUndefined);
     }
   }
-  for (unsigned pair = 0x8030; pair < pairs_.size(); ++pair) {
-    if (singles_[pair >> 8U] != kLeadByte || (pair & 0xFFU) < 0x30) continue;
+  if (!pairs_.empty()) ReadPairs(from_page);
+  for (unsigned byte = 0x80; byte < 0x100; ++byte) {
+    if (singles_[byte] == kUndefined) AddSingle(byte, Placeholder(byte));
+    if (singles_[byte] == kLeadByte) bytes_.emplace(Placeholder(byte), byte);
+  }
+}
+
+void CodePageText::ReadPairs(const IconvHandle& from_page) {
+  const IconvHandle to_page(IconvName(page_), "WCHAR_T");
+  for (unsigned pair = 0x8000; pair < pairs_.size(); ++pair) {
+    if (singles_[pair >> 8U] != kLeadByte || (pair & 0xFFU) < kFirstTrailByte) continue;
     const std::array<char, 2> bytes = {static_cast<char>(pair >> 8U), static_cast<char>(pair)};
-    const auto found = from_page.Convert<wchar_t>({bytes.data(), 2});
+    const auto found = ConvertOne<wchar_t>(from_page, {bytes.data(), bytes.size()});
     if (!found) continue;
     const auto code_point = static_cast<char32_t>(*found);
     pairs_[pair] = code_point;
     if (bytes_.emplace(code_point, pair).second) continue;
     // Some characters stand in a page twice; the way back is iconv's choice.
-    const std::array<wchar_t, 1> wide = {*found};
-    const auto back = to_page.Convert<std::array<unsigned char, 2>>(
-        {reinterpret_cast<const char*>(wide.data()), sizeof wide});
+    const auto back = ConvertOne<std::array<unsigned char, 2>>(
+        to_page, {reinterpret_cast<const char*>(&*found), sizeof *found});
     if (back && (*back)[0] * 0x100U + (*back)[1] == pair) bytes_[code_point] = pair;
-  }
-  for (unsigned byte = 0x80; byte < 0x100; ++byte) {
-    if (singles_[byte] == kUndefined) AddSingle(byte, Placeholder(byte));
-    if (singles_[byte] == kLeadByte) bytes_.emplace(Placeholder(byte), byte);
   }
 }
 

@@ -7,6 +7,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "platform/linux/iconv_handle.h"
 #include "platform/text.h"
 
 namespace panelkit {
@@ -30,6 +31,7 @@ class CodePageText final : public Text {
 
  private:
   void ReadTables();
+  void ReadPairs(const IconvHandle& from_page);
   void AddSingle(unsigned char byte, char32_t code_point);
   char32_t Decode(std::string_view bytes, std::size_t& position) const;
 

@@ -1,5 +1,6 @@
 #include "platform/linux/hive_registry.h"
 
+#include <algorithm>
 #include <charconv>
 #include <utility>
 
@@ -69,8 +70,8 @@ std::unique_ptr<RegistryKey> HiveRegistry::RegOpenKeyA(std::uint32_t root,
 unsigned CodePageOf(const Hive* hive) {
   if (!hive) return kDefaultCodePage;
   // The first path is a link to the second, which some versions of Wine do not write down.
-  for (const char* path : {"System\\CurrentControlSet\\Control\\Nls\\CodePage",
-                           "System\\ControlSet001\\Control\\Nls\\CodePage"}) {
+  for (const char* path : {R"(System\CurrentControlSet\Control\Nls\CodePage)",
+                           R"(System\ControlSet001\Control\Nls\CodePage)"}) {
     const auto key = hive->Find(path);
     const auto value = key ? key->Value("ACP") : std::nullopt;
     if (!value || !value->is_text) continue;

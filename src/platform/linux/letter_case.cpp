@@ -1,9 +1,8 @@
 #include "platform/linux/letter_case.h"
 
-#include <locale.h>
-#include <wctype.h>
-
 #include <algorithm>
+#include <clocale>
+#include <cwctype>
 
 #include "platform/linux/utf8.h"
 

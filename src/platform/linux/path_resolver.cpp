@@ -86,10 +86,11 @@ std::optional<PathResolver::Location> PathResolver::Locate(std::string_view wind
 
 std::optional<std::string> PathResolver::FindEntry(const std::string& folder,
                                                    std::string_view name) const {
-  std::string entry = folder + '/' + std::string(name);
+  std::string entry = folder + '/';
+  entry += name;
   if (IsThere(entry)) return entry;
   for (const auto& match : index_.Matches(OrRoot(folder), name)) {
-    entry = folder + '/' + match;
+    entry.replace(folder.size() + 1, std::string::npos, match);
     if (IsThere(entry)) return entry;
   }
   return std::nullopt;
@@ -134,7 +135,7 @@ std::optional<std::string> PathResolver::SpeltExactly(std::string_view windows_p
 }
 
 std::optional<std::string> PathResolver::ForCreation(std::string_view windows_path) const {
-  const auto exact = SpeltExactly(windows_path);
+  auto exact = SpeltExactly(windows_path);
   struct stat status {};
   if (!exact || lstat(exact->c_str(), &status) == 0) return exact;
   const auto others = OtherSpellings(*exact);

@@ -1,6 +1,5 @@
 #include "platform/terminal.h"
 
-#include <iconv.h>
 #include <langinfo.h>
 #include <unistd.h>
 
@@ -8,6 +7,7 @@
 #include <cerrno>
 #include <csignal>
 
+#include "platform/linux/iconv_handle.h"
 #include "platform/linux/native_file.h"
 #include "platform/linux/user_locale.h"
 #include "platform/linux/utf8.h"
@@ -25,8 +25,8 @@ std::string TerminalEncoding() {
 /// character of UTF-8, or one byte, later.
 std::string Converted(std::string_view text, const std::string& to, const std::string& from,
                       std::string_view substitute) {
-  const iconv_t conversion = iconv_open(to.c_str(), from.c_str());
-  if (conversion == reinterpret_cast<iconv_t>(-1)) return std::string(text);
+  const IconvHandle conversion(to, from);
+  if (!conversion.IsOpen()) return std::string(text);
   std::string source(text);
   std::string converted;
   char* in = source.data();
@@ -37,10 +37,10 @@ std::string Converted(std::string_view text, const std::string& to, const std::s
     at_end = in_left == 0;  // One more call then, for what a shifting encoding ends with.
     char* out = buffer.data();
     std::size_t out_left = buffer.size();
-    const bool failed = iconv(conversion, at_end ? nullptr : &in, &in_left, &out, &out_left) ==
-                        static_cast<std::size_t>(-1);
+    const bool failed = iconv(conversion.Get(), at_end ? nullptr : &in, &in_left, &out,
+                              &out_left) == static_cast<std::size_t>(-1);
     converted.append(buffer.data(), buffer.size() - out_left);
-    if (failed && errno != E2BIG) {
+    if (failed && errno != E2BIG && !at_end) {
       converted += substitute;
       std::size_t length = 0;
       utf8::Next({in, in_left}, length);
@@ -48,7 +48,6 @@ std::string Converted(std::string_view text, const std::string& to, const std::s
       in_left -= length;
     }
   }
-  iconv_close(conversion);
   return converted;
 }
 

@@ -1,7 +1,7 @@
 // The user's locale, without touching the process's own.
 #pragma once
 
-#include <locale.h>
+#include <clocale>
 
 namespace panelkit {
 

@@ -1,6 +1,5 @@
 #include "platform/linux/wine_machine.h"
 
-#include <algorithm>
 #include <cctype>
 #include <filesystem>
 #include <system_error>
@@ -50,12 +49,12 @@ std::string WineMachine::Origin() const {
 
 std::string WineMachine::WindowsPath(std::string_view typed) const {
   if (typed.empty() || IsWindowsPath(typed)) return std::string(typed);
-  std::string native(typed);
-  if (!typed.starts_with('/')) std::replace(native.begin(), native.end(), '\\', '/');
   std::error_code error;
-  fs::path absolute = fs::absolute(native, error);
+  fs::path absolute = fs::absolute(typed, error);
   // What ".." means behind a link only the disk knows.
-  if (native.find("..") != std::string::npos) absolute = fs::weakly_canonical(absolute, error);
+  if (typed.find("../") != std::string::npos || typed.ends_with("..")) {
+    absolute = fs::weakly_canonical(absolute, error);
+  }
   return resolver_.WindowsPathOf(absolute.native());
 }
 

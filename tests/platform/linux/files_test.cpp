@@ -162,7 +162,9 @@ TEST_CASE("What cannot be written stays as it was, without a trace") {
   CHECK_FALSE(disk.files.Replace(R"(C:\closed)", "new", Durability::Flushed));
   CHECK_FALSE(disk.files.Replace(R"(C:\absent\x)", "new", Durability::Flushed));
   CHECK(AsOrdinaryUser([&] {
-    return disk.files.Replace(R"(C:\mine)", "new", Durability::Flushed) &&
+    const bool is_new = disk.files.Replace(R"(C:\mine)", "new", Durability::Flushed);
+    fs::permissions(disk.root / "mine", fs::perms(0020));
+    return is_new && !disk.files.Replace(R"(C:\mine)", "newer", Durability::Flushed) &&
            disk.files.Delete(R"(C:\mine)") &&
            !disk.files.Replace(R"(C:\others)", "new", Durability::Flushed) &&
            !disk.files.Replace(R"(C:\closed\new)", "new", Durability::Flushed) &&

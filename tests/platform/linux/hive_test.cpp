@@ -142,7 +142,8 @@ TEST_CASE("A 64-bit prefix shows what its 32-bit programs see") {
 TEST_CASE("A hive cut anywhere gives what stands before the cut") {
   const std::string before = std::string(kHead) + "[Software\\\\A] 1\n\"Path\"=\"C:\\\\FS\"\n\n";
   const std::string whole =
-      before + "[Software\\\\\\x42] 1\n\"V\"=hex:01,\\\n  02\n\"W\"=str(2):\"\\x41\"\n";
+      before + "[Software\\\\\\x42] 1\n\"V\"=hex:01,\\\n  02\n\"W\"=str(2):\"\\x41\"\n" +
+      "\"D\"=dword:04030201\n";
   for (std::size_t length = before.size(); length <= whole.size(); ++length) {
     CAPTURE(length);
     const Hive hive(whole.substr(0, length));
@@ -150,8 +151,10 @@ TEST_CASE("A hive cut anywhere gives what stands before the cut") {
     REQUIRE(key);
     CHECK(key->Value("Path")->content == std::string("C:\\FS\0", 6));
     if (const auto cut = hive.Find(R"(Software\B)")) {
-      const auto value = cut->Value("V");
-      CHECK((!value || value->content == "\1\2"));
+      for (const auto& [name, content] : {std::pair("V", "\1\2"), {"D", "\1\2\3\4"}}) {
+        const auto value = cut->Value(name);
+        CHECK((!value || value->content == content));
+      }
     }
   }
   const Hive noisy(

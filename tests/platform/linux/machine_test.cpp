@@ -153,6 +153,11 @@ TEST_CASE("Text goes out in the terminal's encoding and a failure is told") {
   CHECK(written("C.UTF-8", file.c_str()));
   CHECK(Get(file) == "Ü日\xFF|\n\xFC\n");
   CHECK_FALSE(written("C", "/dev/full"));
+  int ends[2] = {};
+  REQUIRE(pipe(ends) == 0);
+  close(ends[0]);
+  CHECK_FALSE(written("C", ("/proc/self/fd/" + std::to_string(ends[1])).c_str()));
+  close(ends[1]);
   close(terminal);
 }
 
