@@ -29,7 +29,8 @@ class OleText {
 /// Null where the system has no host for controls or no browser control.
 HWND CreateHost(HWND form, RECT place, UINT id) {
   const auto initialise = SystemCall<BOOL WINAPI()>(L"atl.dll", "AtlAxWinInit");
-  if (initialise == nullptr || !initialise()) return nullptr;
+  if (initialise == nullptr) return nullptr;
+  initialise();  // Its result is no help: Wine gives false where the class is there already.
   return CreateWindowExW(WS_EX_CLIENTEDGE, L"AtlAxWin", L"Shell.Explorer.2",
                          WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_TABSTOP, place.left,
                          place.top, place.right - place.left, place.bottom - place.top, form,

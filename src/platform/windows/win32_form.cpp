@@ -168,6 +168,12 @@ bool Win32Form::Filter(MSG& message) {
   for (auto& [name, browser] : browsers_) {
     if (browser.HasFocus()) return browser.Translate(message);
   }
+  // Windows itself presses only default buttons by Enter.
+  if (message.message == WM_KEYDOWN && message.wParam == VK_RETURN &&
+      buttons_.contains(GetDlgCtrlID(message.hwnd))) {
+    SendMessageW(message.hwnd, BM_CLICK, 0, 0);
+    return true;
+  }
   return IsDialogMessageW(window_, &message) != 0;
 }
 

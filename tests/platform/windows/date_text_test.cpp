@@ -1,5 +1,6 @@
-#include <doctest/doctest.h>
 #include <windows.h>
+
+#include <doctest/doctest.h>
 
 #include "platform/windows/date_stamps.h"
 

@@ -1,7 +1,8 @@
 #include "platform/files.h"
 
-#include <doctest/doctest.h>
 #include <windows.h>
+
+#include <doctest/doctest.h>
 
 #include "support/machine_here.h"
 #include "support/temp_folder.h"

@@ -1,7 +1,8 @@
 #include "platform/registry.h"
 
-#include <doctest/doctest.h>
 #include <windows.h>
+
+#include <doctest/doctest.h>
 
 #include "support/machine_here.h"
 
