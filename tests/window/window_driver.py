@@ -94,19 +94,19 @@ class Screen:
 
 
 class Simulator:
-    """A Wine prefix with a made-up simulator in it, or with none."""
+    """A Wine prefix with a made-up simulator in the folder `name` of its drive C."""
 
-    def __init__(self, root, installed=True):
+    def __init__(self, root, name="FS2002"):
         self.prefix = root / "prefix"
-        self.folder = self.prefix / "drive_c" / "FS2002"
+        self.folder = self.prefix / "drive_c" / name
         for folder in ("Aircraft", "Gauges"):
             (self.folder / folder).mkdir(parents=True)
         (self.prefix / "dosdevices").mkdir()
         (self.prefix / "dosdevices" / "c:").symlink_to("../drive_c")
-        entry = ("[Software\\\\Microsoft\\\\DirectPlay\\\\Applications\\\\Flight Simulator] 1\n"
-                 '"Path"="C:\\\\FS2002"\n')
         (self.prefix / "system.reg").write_text(
-            "WINE REGISTRY Version 2\n\n#arch=win32\n\n" + (entry if installed else ""))
+            "WINE REGISTRY Version 2\n\n#arch=win32\n\n"
+            "[Software\\\\Microsoft\\\\DirectPlay\\\\Applications\\\\Flight Simulator] 1\n"
+            f'"Path"="C:\\\\{name}"\n')
 
     def _panel_of(self, aircraft):
         panel = self.folder / "Aircraft" / aircraft / "Panel" / "panel.cfg"

@@ -133,15 +133,17 @@ class WindowTest(unittest.TestCase):
         self.assertIn(b"show_brake_message=0\r\n", config.read_bytes())
 
     def test_controls_have_their_places_at_every_resolution(self):
+        long_name = "A folder's name that is far too long for its label" * 4
+        self.simulator = Simulator(self.root / "long", long_name)
         places = {  # In pixels at 96 dots per inch: left, top, width, height.
             "Report": (8, 8, 681, 409),
-            "Flight Simulator: C:\\FS2002": (8, 424, 681, 17), "Done": (8, 440, 361, 17),
+            "Flight Simulator: C:\\" + long_name: (8, 424, 681, 17), "Done": (8, 440, 361, 17),
             "Progress of the scan": (376, 440, 313, 17),
             "Free software - happy landings!": (8, 456, 361, 17)}
         for scale in ("1", "1.5"):
             program = self.start(GDK_DPI_SCALE=scale)
             program.press("alt+s")
-            program.wait_for_page("Altimeter")
+            program.wait_for_page("Required Files")
             area = wait(lambda: program.named("panel", ""), "the client area")
             frame = extents(area)
             controls = [area.get_child_at_index(i) for i in range(area.get_child_count())]
