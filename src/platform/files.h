@@ -78,7 +78,8 @@ class Files {
   /// Sets the file's attributes to normal, which clears read-only. False where it cannot.
   virtual bool ClearAttributes(std::string_view path) = 0;
 
-  /// Deletes one plain file. False where it cannot (in use, closed to us, a folder, absent).
+  /// Deletes one plain file. False where it cannot (read-only, in use, closed to us, a folder,
+  /// absent).
   virtual bool Delete(std::string_view path) = 0;
 };
 

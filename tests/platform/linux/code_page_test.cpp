@@ -41,11 +41,11 @@ TEST_CASE("Letters stand where their code page has them") {
       {950, "\xB8\xF4\xAE\xE6\xA5\x5C", "路格功"},
       {65001, "\xC3\xA9\xFF", "é\U000F00FF"},
   };
-  for (const auto& [page, bytes, text] : samples) {
-    CAPTURE(page);
-    const CodePageText code_page(page);
-    CHECK(code_page.FromAnsi(bytes) == text);
-    CHECK(code_page.ToAnsi(text) == bytes);
+  for (const Sample& sample : samples) {
+    CAPTURE(sample.page);
+    const CodePageText code_page(sample.page);
+    CHECK(code_page.FromAnsi(sample.bytes) == sample.text);
+    CHECK(code_page.ToAnsi(sample.text) == sample.bytes);
   }
   CHECK(CodePageText(1252).ToAnsi("Ā日\xFF\u0080😀|") == "?????|");
   CHECK(CodePageText(932).ToAnsi("≒∪") == "\x81\xE0\x81\xBE");

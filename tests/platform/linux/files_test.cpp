@@ -106,12 +106,12 @@ TEST_CASE("The kinds of files are told apart") {
       {R"(C:\huge)", false, true, true, std::nullopt},
       {R"(C:\absent)", false, false, false, std::nullopt},
   };
-  for (const auto& [path, is_folder, is_plain_file, exists, content] : kinds) {
-    CAPTURE(path);
-    CHECK(disk.files.IsFolder(path) == is_folder);
-    CHECK(disk.files.IsPlainFile(path) == is_plain_file);
-    CHECK(disk.files.Exists(path) == exists);
-    CHECK(disk.files.Read(path) == content);
+  for (const Kind& kind : kinds) {
+    CAPTURE(kind.path);
+    CHECK(disk.files.IsFolder(kind.path) == kind.is_folder);
+    CHECK(disk.files.IsPlainFile(kind.path) == kind.is_plain_file);
+    CHECK(disk.files.Exists(kind.path) == kind.exists);
+    CHECK(disk.files.Read(kind.path) == kind.content);
   }
   CHECK(disk.files.IsSame(R"(C:\plain.TXT)", R"(C:\twin)"));
   CHECK(disk.files.IsSame(R"(C:\linked)", R"(C:\Folder)"));
@@ -137,6 +137,9 @@ TEST_CASE("New content takes the old one's place and keeps all else") {
   CHECK(disk.files.Replace(R"(C:\REAL\Page.htm)", "page", Durability::Buffered));
   CHECK(Get(file) == "new");
   CHECK(ModeOf(file) == 0640);
+  Put(disk.root / "by_umask", "x");
+  CHECK(ModeOf(disk.root / "real/Page.htm") == ModeOf(disk.root / "by_umask"));
+  fs::remove(disk.root / "by_umask");
   CHECK_FALSE(disk.files.IsPlainFile(R"(C:\fs2002.cfg)"
                                      "\\..\\real\\fs2002.cfg"));
   struct stat status {};
@@ -203,9 +206,9 @@ TEST_CASE("A folder's making tells how it went") {
       {R"(\\server\share)", kFolderParentMissing},
       {"", kFolderParentMissing},
   };
-  for (const auto& [path, outcome] : cases) {
-    CAPTURE(path);
-    CHECK(disk.files.MakeFolder(path) == outcome);
+  for (const auto& made : cases) {
+    CAPTURE(made.first);
+    CHECK(disk.files.MakeFolder(made.first) == made.second);
   }
   CHECK(disk.files.MakeFolder(R"(C:\a?b)") > kFolderParentMissing);
   CHECK(disk.files.MakeFolder("C:\\" + std::string(300, 'x')) > kFolderParentMissing);

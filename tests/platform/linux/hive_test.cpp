@@ -91,9 +91,9 @@ TEST_CASE("Every kind of value that Wine writes is read") {
       {"Last", "1 no line end$"},
       {"Absent", "(none)"},
   };
-  for (const auto& [name, value] : cases) {
-    CAPTURE(name);
-    CHECK(wine.Value(R"(software\KINDS\)", name) == value);
+  for (const auto& value : cases) {
+    CAPTURE(value.first);
+    CHECK(wine.Value(R"(software\KINDS\)", value.first) == value.second);
   }
   CHECK(wine.registry.RegOpenKeyA(0x80000001, R"(Software\Kinds)") == nullptr);
 }

@@ -66,10 +66,10 @@ TEST_CASE("The prefix that holds the simulator is found in the home folder") {
       {"Games/fs2002/prefix", "Lutris"},
       {"Games/fs2002", "Lutris"},
   };
-  for (const auto& [place, manager] : places) {
-    CAPTURE(place);
-    Put(home / std::string(place) / "system.reg", simulator);
-    CHECK(origin() == "Wine prefix " + root + '/' + place + " (" + manager + ')');
+  for (const auto& place : places) {
+    CAPTURE(place.first);
+    Put(home / place.first / "system.reg", simulator);
+    CHECK(origin() == "Wine prefix " + root + '/' + place.first + " (" + place.second + ')');
   }
   prefix.Set((root + "/.wine").c_str());
   CHECK(origin() == "Wine prefix " + root + "/.wine (WINEPREFIX)");

@@ -62,9 +62,9 @@ TEST_CASE("A Windows path reaches its file whatever its case, separators and dri
       {R"(C:\Program Files\FS2002\Aircraft\Ünal 747\Panel\Panel.cfg\x)", ""},
       {"", ""},
   };
-  for (const auto& [windows, native] : cases) {
-    CAPTURE(windows);
-    CHECK(resolver.Existing(windows).value_or("") == native);
+  for (const auto& path : cases) {
+    CAPTURE(path.first);
+    CHECK(resolver.Existing(path.first).value_or("") == path.second);
   }
   CHECK(resolver.ForCreation(R"(D:\BOTH)") == (elsewhere / "Both").native());
   CHECK(resolver.SpeltExactly(R"(D:\BOTH. )") == (elsewhere / "BOTH").native());
@@ -119,9 +119,9 @@ TEST_CASE("Native paths become Windows paths through the closest drive, and back
       {R"(D:\x)", R"(D:\x)"},
       {R"(\\nas\games)", R"(\\nas\games)"},
   };
-  for (const auto& [path, windows] : typed) {
-    CAPTURE(path);
-    CHECK(machine->WindowsPath(path) == windows);
+  for (const auto& path : typed) {
+    CAPTURE(path.first);
+    CHECK(machine->WindowsPath(path.first) == path.second);
   }
   CHECK(machine->NativePath(R"(C:\日本\PANELKIT\new.htm)") ==
         (prefix / "drive_c/日本/Panelkit/new.htm").native());
