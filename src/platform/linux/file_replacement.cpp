@@ -30,7 +30,7 @@ class NewFile {
   NewFile(std::string path, mode_t mode)
       : path_(std::move(path)), file_(path_, O_RDWR | O_CREAT | O_EXCL, mode) {}
   ~NewFile() {
-    if (file_.IsOpen() || discard_) unlink(path_.c_str());
+    if (discard_) unlink(path_.c_str());
   }
   NewFile(const NewFile&) = delete;
   NewFile& operator=(const NewFile&) = delete;
@@ -41,17 +41,13 @@ class NewFile {
 
   bool Flush() const { return fsync(file_.Descriptor()) == 0; }
 
-  /// Ends the writing; the file still goes away unless it is kept.
-  bool Close() {
-    discard_ = true;
-    return file_.Close();
-  }
+  bool Close() { return file_.Close(); }
   void Keep() { discard_ = false; }
 
  private:
   std::string path_;
   OpenFile file_;
-  bool discard_ = false;
+  bool discard_ = file_.IsOpen();
 };
 
 /// A name for a temporary file in the folder; hidden, so that no listing shows it. Other processes
