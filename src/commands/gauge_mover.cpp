@@ -13,11 +13,15 @@ constexpr std::array kGaugeEndings{".gau", ".cab"};
 // What a file is called in its new folder until its copy is whole.
 constexpr const char* kHalfMoved = "\\panelkit.moving";
 
+void RemoveHalfMoved(Files& files, const std::string& folder) {
+  files.ClearAttributes(folder + kHalfMoved);  // A half copy of a read-only gauge is read-only.
+  files.Delete(folder + kHalfMoved);
+}
+
+// What a killed run left in either folder.
 void RemoveHalfMoved(Files& files, const GaugeFolders& folders) {
-  for (const std::string& folder : {folders.gauges, folders.spare}) {
-    files.ClearAttributes(folder + kHalfMoved);  // A half copy of a read-only gauge is read-only.
-    files.Delete(folder + kHalfMoved);
-  }
+  RemoveHalfMoved(files, folders.gauges);
+  RemoveHalfMoved(files, folders.spare);
 }
 
 // Copies under a name that is no gauge's, then gives the copy its name, then deletes the source: at
@@ -27,7 +31,7 @@ bool MoveFile(Files& files, const std::string& source, const std::string& folder
   const std::string half_moved = folder + kHalfMoved;
   if (!files.Copy(source, half_moved)) return false;
   if (!files.Rename(half_moved, folder + "\\" + name)) {
-    files.Delete(half_moved);
+    RemoveHalfMoved(files, folder);
     return false;
   }
   return files.ClearAttributes(source) && files.Delete(source);

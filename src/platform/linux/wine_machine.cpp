@@ -41,7 +41,7 @@ Machine WineMachine::Services() {
 
 std::string WineMachine::Origin() const {
   const bool is_there = StatusOf(RegistryFileOf(prefix_.folder)).has_value();
-  std::string origin = is_there ? "Wine prefix " : "There is no Wine prefix at ";
+  std::string origin = is_there ? "Wine prefix " : "no Wine prefix at ";
   origin += prefix_.folder;
   if (!prefix_.found_by.empty()) origin += " (" + prefix_.found_by + ")";
   return origin;

@@ -47,7 +47,7 @@ TEST_CASE("The prefix that holds the simulator is found in the home folder") {
   const WithVariable prefix("WINEPREFIX", nullptr);
   const std::string root = home.Path();
   const auto origin = [] { return OpenLocalMachine(HoldsSimulator)->Origin(); };
-  CHECK(origin() == "There is no Wine prefix at " + root + "/.wine");
+  CHECK(origin() == "no Wine prefix at " + root + "/.wine");
 
   const std::string other = "[Software\\\\Other] 1\n";
   const std::string simulator = "[Software\\\\Simulator] 1\n";

@@ -67,17 +67,19 @@ std::vector<Packed> CabinetsOfEachKind(CabinetWalks& walks) {
            kQuantumText}};
 }
 
-// The first and the second cabinet of a set; "split" lies in both.
+// The first and the second cabinet of a set. "split" lies in both; "near" is packed together with
+// it.
 std::pair<std::string, std::string> CabinetSet(std::uint16_t second_index = 1) {
-  const std::string content = Pattern(40000);
-  return {MakeCabinet({{"first", "1"}, {.name = "split", .content = content, .folder = kToNext}},
-                      {.folders = 2, .next = "Second.cab", .bytes_in_next = 3000}),
-          MakeCabinet({{.name = "split", .content = content, .folder = kFromPrevious},
-                       {.name = "last", .content = "2", .folder = 1}},
-                      {.folders = 2,
-                       .previous = "x.cab",
-                       .set_index = second_index,
-                       .bytes_in_previous = 37000})};
+  CabinetEntry near{.name = "near", .content = std::string(32768, 'n'), .folder = 1};
+  CabinetEntry split{.name = "split", .content = Pattern(40000), .folder = kToNext};
+  const std::string first = MakeCabinet(
+      {{"first", "1"}, near, split}, {.folders = 2, .next = "Second.cab", .bytes_in_next = 3000});
+  near.folder = split.folder = kFromPrevious;
+  return {first, MakeCabinet({near, split, {.name = "last", .content = "2", .folder = 1}},
+                             {.folders = 2,
+                              .previous = "x.cab",
+                              .set_index = second_index,
+                              .bytes_in_previous = 69768})};
 }
 
 // Puts a disk of 64 KiB in the place of C:\out, seen by this process alone.
@@ -187,22 +189,27 @@ TEST_CASE("Flipped bits never end in a crash, a success without a file, or half 
 TEST_CASE("A set of cabinets is followed to what an entry needs, and no further") {
   CabinetWalks walks;
   const auto [first, second] = CabinetSet();
-  CHECK(walks.WalkBytes(first) == "first 1 2c21 6000 20\nsplit 40000 2c21 6000 20\nok");
+  const std::string near = "near 32768 2c21 6000 20\n";
+  const std::string split = "split 40000 2c21 6000 20\n";
+  CHECK(walks.WalkBytes(first) == "first 1 2c21 6000 20\n" + near + split + "ok");
   const Answers extract = ExtractTo("C:\\out\\*");
-  const std::string told =
-      "first 1 2c21 6000 20\nC:\\out\\first 0\nsplit 40000 2c21 6000 20\nnext?\n";
-  CHECK(walks.WalkBytes(first, extract) == told + "C:\\out\\split 2\nerror 2");
+  const std::string asked = "first 1 2c21 6000 20\nC:\\out\\first 0\n" + near + "next?\n";
+  const std::string near_told = asked + "C:\\out\\near 0\n" + split;
   Answers refuse = extract;
   refuse.to_next = 1223;
-  CHECK(walks.WalkBytes(first, refuse) == told + "error 1223");
-  Put(walks.C("SECOND.CAB"), CabinetSet(7).second);
-  CHECK(walks.WalkBytes(first, extract) == told + "C:\\out\\split 13\nerror 13");
+  CHECK(walks.WalkBytes(first, refuse) == asked + "error 1223");
   CHECK(walks.NamesInOut() == "first ");
+  CHECK(walks.WalkBytes(first, extract) == near_told + "C:\\out\\split 2\nerror 2");
+  Put(walks.C("SECOND.CAB"), CabinetSet(7).second);
+  CHECK(walks.WalkBytes(first, extract) == near_told + "C:\\out\\split 13\nerror 13");
+  CHECK(walks.NamesInOut() == "first near ");
 
   Put(walks.C("SECOND.CAB"), second);
-  CHECK(walks.WalkBytes(first, extract) == told + "C:\\out\\split 0\nok");
+  CHECK(walks.WalkBytes(first, extract) == near_told + "C:\\out\\split 0\nok");
   CHECK(Get(walks.C("out/split")) == Pattern(40000));
   CHECK(walks.Walk("C:\\second.cab", extract) == "last 1 2c21 6000 20\nC:\\out\\last 0\nok");
+  CHECK(walks.WalkBytes(MakeCabinet({{"own", "1"}}, {.next = "Second.cab"}), extract) ==
+        "own 1 2c21 6000 20\nC:\\out\\own 0\nok");
 }
 
 TEST_CASE("A place that cannot take the file is an error of that entry") {

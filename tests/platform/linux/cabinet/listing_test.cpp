@@ -47,7 +47,7 @@ TEST_CASE("Each entry is told as it is stored, whatever else the headers hold") 
         "\xE9t\xE9/x 1 ff9f bf7d 27\nerror 13");
   CHECK(walks.WalkBytes(MakeCabinet({{"\u00E9t\u00E9\u6F22", "12", 0xA0}})) ==
         "\xE9t\xE9? 2 2c21 6000 a0\nok");
-  CHECK(walks.WalkBytes(MakeCabinet(kTwoEntries, {.folders = 3,
+  CHECK(walks.WalkBytes(MakeCabinet(kTwoEntries, {.folders = 300,
                                                   .header_reserve = 60000,
                                                   .folder_reserve = 255,
                                                   .data_reserve = 255,
