@@ -41,6 +41,17 @@ void OpenInUsersBrowser(const char* uri) {
                                           nullptr, nullptr);
 }
 
+/// A link that asks for a window of its own goes to the user's browser, if the user has clicked it.
+void DecideNewWindow(WebKitNavigationPolicyDecision* decision) {
+  WebKitNavigationAction* action =
+      webkit_navigation_policy_decision_get_navigation_action(decision);
+  const char* uri = UriOf(action);
+  if (webkit_navigation_action_is_user_gesture(action) && IsWebAddress(uri)) {
+    OpenInUsersBrowser(uri);
+  }
+  webkit_policy_decision_ignore(WEBKIT_POLICY_DECISION(decision));
+}
+
 /// Pages ask for Tahoma; where it is missing, the form's other fonts stand in for it.
 WebKitUserContentManager* PageFonts() {
   const char* const sheet =
@@ -103,7 +114,7 @@ gboolean GtkBrowser::DecidePolicy(WebKitWebView*, WebKitPolicyDecision* decision
       browser->DecideNavigation(WEBKIT_NAVIGATION_POLICY_DECISION(decision));
       break;
     case WEBKIT_POLICY_DECISION_TYPE_NEW_WINDOW_ACTION:
-      browser->DecideNewWindow(WEBKIT_NAVIGATION_POLICY_DECISION(decision));
+      DecideNewWindow(WEBKIT_NAVIGATION_POLICY_DECISION(decision));
       break;
     case WEBKIT_POLICY_DECISION_TYPE_RESPONSE:
       browser->DecideResponse(WEBKIT_RESPONSE_POLICY_DECISION(decision));
@@ -121,16 +132,6 @@ void GtkBrowser::DecideNavigation(WebKitNavigationPolicyDecision* decision) {
   }
   if (kind == Address::PageFile) SetScripts(false);
   webkit_policy_decision_use(WEBKIT_POLICY_DECISION(decision));
-}
-
-void GtkBrowser::DecideNewWindow(WebKitNavigationPolicyDecision* decision) {
-  WebKitNavigationAction* action =
-      webkit_navigation_policy_decision_get_navigation_action(decision);
-  const char* uri = UriOf(action);
-  if (webkit_navigation_action_is_user_gesture(action) && IsWebAddress(uri)) {
-    OpenInUsersBrowser(uri);
-  }
-  webkit_policy_decision_ignore(WEBKIT_POLICY_DECISION(decision));
 }
 
 void GtkBrowser::DecideResponse(WebKitResponsePolicyDecision* decision) {

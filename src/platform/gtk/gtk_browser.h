@@ -27,7 +27,6 @@ class GtkBrowser final : public WebBrowser {
  private:
   void SetScripts(bool on);
   void DecideNavigation(WebKitNavigationPolicyDecision* decision);
-  void DecideNewWindow(WebKitNavigationPolicyDecision* decision);
   void DecideResponse(WebKitResponsePolicyDecision* decision);
 
   static gboolean DecidePolicy(WebKitWebView* view, WebKitPolicyDecision* decision,

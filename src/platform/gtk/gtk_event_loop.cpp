@@ -30,7 +30,7 @@ void GtkEventLoop::End() {
   std::_Exit(EXIT_SUCCESS);
 }
 
-void GtkEventLoop::Run() {
+void RunEventLoop() {
   while (true) g_main_context_iteration(nullptr, TRUE);
 }
 

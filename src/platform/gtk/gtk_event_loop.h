@@ -19,12 +19,12 @@ class GtkEventLoop final : public EventLoop {
   /// WebKit's processes follow when their connection to this one breaks.
   [[noreturn]] void End() override;
 
-  /// Delivers the user's actions until End.
-  [[noreturn]] void Run();
-
  private:
   gint64 last_turn_ = 0;  ///< Monotonic, in microseconds: when the last turn was over.
 };
+
+/// Delivers the user's actions until End.
+[[noreturn]] void RunEventLoop();
 
 /// Calls `task` once from the event loop, unless the object that `owner` watches has gone by then.
 /// The task may destroy that object.

@@ -28,7 +28,7 @@ std::unique_ptr<GtkFace> GtkFace::Open(const LocalMachine& machine) {
   g_set_application_name("Panelkit");
   if (!gtk_init_check(nullptr, nullptr)) return nullptr;
   // GTK has taken the user's locale for its own words; numbers keep the point.
-  std::setlocale(LC_NUMERIC, "C");
+  (void)std::setlocale(LC_NUMERIC, "C");
   return std::unique_ptr<GtkFace>(new GtkFace(machine));
 }
 

@@ -16,7 +16,7 @@ class GtkFace final : public Face {
   static std::unique_ptr<GtkFace> Open(const LocalMachine& machine);
 
   std::unique_ptr<Form> CreateForm(const FormDescription& description) override;
-  GtkEventLoop& Loop() override { return loop_; }
+  EventLoop& Loop() override { return loop_; }
   ScreenSize Screen() const override;
 
  private:

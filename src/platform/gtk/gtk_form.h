@@ -54,7 +54,7 @@ class GtkForm final : public Form {
   ScreenScale scale_;
   std::map<std::string, std::function<void()>, std::less<>> clicks_;
   std::function<void()> close_;
-  GtkMenu menu_;
+  GtkFormMenu menu_;
   GtkWindow* window_;
   GtkFixed* client_area_;
   std::map<std::string, GtkLabelControl, std::less<>> labels_;

@@ -40,18 +40,18 @@ void GtkMenuEntry::SetCaption(const std::string& caption) {
   gtk_menu_item_set_label(widget_, MnemonicOf(caption).c_str());
 }
 
-GtkMenu::GtkMenu(std::span<const MenuDescription> menu, Clicked clicked)
+GtkFormMenu::GtkFormMenu(std::span<const MenuDescription> menu, Clicked clicked)
     : clicked_(std::move(clicked)), bar_(gtk_menu_bar_new()) {
   for (const MenuDescription& description : menu) Add(description);
 }
 
-GtkMenuEntry& GtkMenu::Named(std::string_view name) {
+GtkMenuEntry& GtkFormMenu::Named(std::string_view name) {
   const auto found = items_.find(name);
   if (found == items_.end()) throw std::out_of_range("menu item " + std::string(name));
   return found->second;
 }
 
-void GtkMenu::Add(const MenuDescription& description) {
+void GtkFormMenu::Add(const MenuDescription& description) {
   GtkMenuItem* item =
       items_.emplace(description.name, GtkMenuEntry(description.caption)).first->second.Widget();
   gtk_widget_set_name(GTK_WIDGET(item), std::string(description.name).c_str());
@@ -62,7 +62,7 @@ void GtkMenu::Add(const MenuDescription& description) {
   gtk_menu_shell_append(EntriesOf(description.parent), GTK_WIDGET(item));
 }
 
-GtkMenuShell* GtkMenu::EntriesOf(std::string_view parent) {
+GtkMenuShell* GtkFormMenu::EntriesOf(std::string_view parent) {
   if (parent.empty()) return GTK_MENU_SHELL(bar_);
   GtkMenuItem* item = Named(parent).Widget();
   if (gtk_menu_item_get_submenu(item) == nullptr) {
@@ -73,9 +73,9 @@ GtkMenuShell* GtkMenu::EntriesOf(std::string_view parent) {
   return GTK_MENU_SHELL(gtk_menu_item_get_submenu(item));
 }
 
-void GtkMenu::Activated(GtkMenuItem* item, gpointer self) {
+void GtkFormMenu::Activated(GtkMenuItem* item, gpointer self) {
   if (gtk_menu_item_get_submenu(item) != nullptr) return;  // Its menu has opened.
-  static_cast<GtkMenu*>(self)->clicked_(gtk_widget_get_name(GTK_WIDGET(item)));
+  static_cast<GtkFormMenu*>(self)->clicked_(gtk_widget_get_name(GTK_WIDGET(item)));
 }
 
 }  // namespace panelkit

@@ -30,11 +30,11 @@ class GtkMenuEntry final : public MenuItem {
 };
 
 /// The bar with its menus. Items without entries report a click as the toolkit sees it.
-class GtkMenu {
+class GtkFormMenu {
  public:
   using Clicked = std::function<void(const std::string& name)>;
 
-  GtkMenu(std::span<const MenuDescription> menu, Clicked clicked);
+  GtkFormMenu(std::span<const MenuDescription> menu, Clicked clicked);
 
   /// The item `name`, or std::out_of_range.
   GtkMenuEntry& Named(std::string_view name);

@@ -1,6 +1,7 @@
 // The program with its window.
 #include <cstdio>
 
+#include "platform/gtk/gtk_event_loop.h"
 #include "platform/gtk/gtk_face.h"
 #include "platform/local_machine.h"
 #include "shell/frm_gauges.h"
@@ -19,12 +20,12 @@ int RunWithWindow() {
   const std::unique_ptr<LocalMachine> machine = OpenLocalMachine(HasSimulator);
   const std::unique_ptr<GtkFace> face = GtkFace::Open(*machine);
   if (face == nullptr) {
-    std::fputs("panelkit: cannot open a display (panelkit-console needs none)\n", stderr);
+    (void)std::fputs("panelkit: cannot open a display (panelkit-console needs none)\n", stderr);
     return kCannotRun;
   }
   frmGauges program(*face, machine->Services());
   program.Show();
-  face->Loop().Run();
+  RunEventLoop();
 }
 
 }  // namespace
@@ -32,7 +33,7 @@ int RunWithWindow() {
 
 int main(int argc, char**) {
   if (argc > 1) {
-    std::fputs("usage: panelkit (takes no arguments; panelkit-console does)\n", stderr);
+    (void)std::fputs("usage: panelkit (takes no arguments; panelkit-console does)\n", stderr);
     return panelkit::kCannotRun;
   }
   return panelkit::RunWithWindow();
