@@ -32,7 +32,7 @@ need_packages() {
 }
 
 build_packages=(g++ cmake ninja-build pkg-config libmspack-dev libcli11-dev)
-window_packages=(libgtk-3-dev libwebkit2gtk-4.1-dev)
+window_packages=(libgtk-3-dev libwebkit2gtk-4.1-dev fonts-liberation)
 
 # build PRESET: configures where needed, and builds.
 build() {
