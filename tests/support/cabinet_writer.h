@@ -12,6 +12,7 @@ namespace panelkit::test {
 /// iFolder of entries that go on in a neighbour; their content is in the first or the last folder.
 inline constexpr std::uint16_t kFromPrevious = 0xFFFD;
 inline constexpr std::uint16_t kToNext = 0xFFFE;
+inline constexpr std::uint16_t kFromPreviousToNext = 0xFFFF;
 
 /// One entry and its content.
 struct CabinetEntry {

@@ -114,7 +114,7 @@ class Walk {
 
   void StartDecoder() {
     decoder_.emplace(*cabinet_.file);
-    goes_on_ = !decoder_->NextCabinet().empty() && HasEntryIn(*cabinet_.file, kContinuedToNext);
+    goes_on_ = !decoder_->NextCabinet().empty() && ReadContinuation(*cabinet_.file).begins;
     rest_error_.reset();
   }
 
@@ -128,7 +128,9 @@ class Walk {
       if (name.find_first_of("\\/:") != std::string::npos) return ERROR_FILE_NOT_FOUND;
       OpenedCabinet next = OpenCabinet(paths_, folder_ + name);
       if (next.error != 0) return next.error;
-      goes_on = HasEntryIn(*next.file, kContinuedFromPreviousToNext);
+      const Continuation continuation = ReadContinuation(*next.file);
+      if (continuation.error != 0) return continuation.error;
+      goes_on = continuation.runs_on;
       if (const auto error = decoder_->Append(std::move(next.file))) return error;
     }
     return ERROR_SUCCESS;

@@ -10,7 +10,7 @@ namespace panelkit {
 
 namespace {
 
-constexpr std::size_t kWindowSize = 65536;
+constexpr std::size_t kWindowSize = 8192;
 constexpr std::size_t kHeaderSize = 36;     // CFHEADER without its optional fields.
 constexpr std::size_t kEntrySize = 16;      // CFFILE without its name.
 constexpr std::size_t kLongestName = 256;   // With the closing 0.
@@ -56,6 +56,9 @@ std::optional<StoredEntry> EntryReader::Next() {
                     .time = Short(bytes, 12),
                     .attributes = Short(bytes, 14)};
   if (entry.folder < kContinuedFromPrevious && entry.folder >= folders_) return Damaged();
+  // It lies in the first folder and in the last. libmspack relies on that being one: its append
+  // would go on to use what it has freed.
+  if (entry.folder == kContinuedFromPreviousToNext && folders_ != 1) return Damaged();
   position_ += kEntrySize + name_length + 1;
   --entries_left_;
   return entry;
@@ -97,12 +100,15 @@ std::nullopt_t EntryReader::Damaged() {
   return std::nullopt;
 }
 
-bool HasEntryIn(const OpenFile& cabinet, std::uint16_t folder) {
+Continuation ReadContinuation(const OpenFile& cabinet) {
+  Continuation found;
   EntryReader entries(cabinet);
   while (const auto entry = entries.Next()) {
-    if (entry->folder == folder) return true;
+    found.begins |= entry->folder == kContinuedToNext;
+    found.runs_on |= entry->folder == kContinuedFromPreviousToNext;
   }
-  return false;
+  found.error = entries.Error();
+  return found;
 }
 
 }  // namespace panelkit

@@ -62,7 +62,14 @@ class EntryReader {
   std::uint32_t error_ = 0;
 };
 
-/// Whether one of the cabinet's entries has this value of StoredEntry::folder.
-bool HasEntryIn(const OpenFile& cabinet, std::uint16_t folder);
+/// How the entries of a cabinet are tied to the next one of its set.
+struct Continuation {
+  bool begins = false;      ///< An entry begins here and goes on there.
+  bool runs_on = false;     ///< An entry that began before goes on there.
+  std::uint32_t error = 0;  ///< EntryReader::Error behind the last entry.
+};
+
+/// Reads all entries of the cabinet.
+Continuation ReadContinuation(const OpenFile& cabinet);
 
 }  // namespace panelkit

@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <array>
 #include <cstdlib>
 #include <ctime>
 #include <random>
@@ -67,19 +68,26 @@ std::vector<Packed> CabinetsOfEachKind(CabinetWalks& walks) {
            kQuantumText}};
 }
 
-// The first and the second cabinet of a set. "split" lies in both; "near" is packed together with
-// it.
-std::pair<std::string, std::string> CabinetSet(std::uint16_t second_index = 1) {
+// The three cabinets of a set. "split" lies in all of them; "near" is packed together with it.
+std::array<std::string, 3> CabinetSet(std::uint16_t second_index = 1,
+                                      std::uint16_t second_folders = 1) {
   CabinetEntry near{.name = "near", .content = std::string(32768, 'n'), .folder = 1};
   CabinetEntry split{.name = "split", .content = Pattern(40000), .folder = kToNext};
-  const std::string first = MakeCabinet(
-      {{"first", "1"}, near, split}, {.folders = 2, .next = "Second.cab", .bytes_in_next = 3000});
+  std::array<std::string, 3> set;
+  set[0] = MakeCabinet({{"first", "1"}, near, split},
+                       {.folders = 2, .next = "Second.cab", .bytes_in_next = 32768});
+  near.folder = split.folder = kFromPreviousToNext;
+  set[1] = MakeCabinet({near, split}, {.folders = second_folders,
+                                       .previous = "x.cab",
+                                       .next = "third.cab",
+                                       .set_index = second_index,
+                                       .bytes_in_previous = 40000,
+                                       .bytes_in_next = second_folders == 1 ? 3000U : 0U});
   near.folder = split.folder = kFromPrevious;
-  return {first, MakeCabinet({near, split, {.name = "last", .content = "2", .folder = 1}},
-                             {.folders = 2,
-                              .previous = "x.cab",
-                              .set_index = second_index,
-                              .bytes_in_previous = 69768})};
+  set[2] = MakeCabinet(
+      {near, split, {.name = "last", .content = "2", .folder = 1}},
+      {.folders = 2, .previous = "Second.cab", .set_index = 2, .bytes_in_previous = 69768});
+  return set;
 }
 
 // Puts a disk of 64 KiB in the place of C:\out, seen by this process alone.
@@ -163,8 +171,9 @@ TEST_CASE("A damaged entry is an error and leaves the old file as it was") {
 TEST_CASE("Flipped bits never end in a crash, a success without a file, or half a file") {
   CabinetWalks walks;
   std::vector<Packed> cabinets = CabinetsOfEachKind(walks);
-  cabinets.push_back({CabinetSet().first, ""});
-  Put(walks.C("second.cab"), CabinetSet().second);
+  cabinets.push_back({CabinetSet()[0], ""});
+  Put(walks.C("second.cab"), CabinetSet()[1]);
+  Put(walks.C("third.cab"), CabinetSet()[2]);
   int wrong = 0;
   Answers answers = ExtractTo("C:\\out\\x");
   answers.to_extracted = [&](const FILEPATHS& outcome) {
@@ -188,26 +197,31 @@ TEST_CASE("Flipped bits never end in a crash, a success without a file, or half 
 
 TEST_CASE("A set of cabinets is followed to what an entry needs, and no further") {
   CabinetWalks walks;
-  const auto [first, second] = CabinetSet();
+  const auto [first, second, third] = CabinetSet();
   const std::string near = "near 32768 2c21 6000 20\n";
   const std::string split = "split 40000 2c21 6000 20\n";
   CHECK(walks.WalkBytes(first) == "first 1 2c21 6000 20\n" + near + split + "ok");
   const Answers extract = ExtractTo("C:\\out\\*");
   const std::string asked = "first 1 2c21 6000 20\nC:\\out\\first 0\n" + near + "next?\n";
-  const std::string near_told = asked + "C:\\out\\near 0\n" + split;
+  const std::string told = "C:\\out\\near 0\n" + split + "C:\\out\\split ";
   Answers refuse = extract;
   refuse.to_next = 1223;
   CHECK(walks.WalkBytes(first, refuse) == asked + "error 1223");
   CHECK(walks.NamesInOut() == "first ");
-  CHECK(walks.WalkBytes(first, extract) == near_told + "C:\\out\\split 2\nerror 2");
-  Put(walks.C("SECOND.CAB"), CabinetSet(7).second);
-  CHECK(walks.WalkBytes(first, extract) == near_told + "C:\\out\\split 13\nerror 13");
+  CHECK(walks.WalkBytes(first, extract) == asked + told + "2\nerror 2");
+  Put(walks.C("THIRD.CAB"), third);
+  Put(walks.C("SECOND.CAB"), CabinetSet(7)[1]);
+  CHECK(walks.WalkBytes(first, extract) == asked + told + "13\nerror 13");
+  // What goes both ways has to be in the only folder.
+  Put(walks.C("SECOND.CAB"), CabinetSet(1, 2)[1]);
+  CHECK(walks.WalkBytes(first, extract) == asked + told + "13\nerror 13");
   CHECK(walks.NamesInOut() == "first near ");
 
   Put(walks.C("SECOND.CAB"), second);
-  CHECK(walks.WalkBytes(first, extract) == near_told + "C:\\out\\split 0\nok");
+  CHECK(walks.WalkBytes(first, extract) == asked + "next?\n" + told + "0\nok");
   CHECK(Get(walks.C("out/split")) == Pattern(40000));
-  CHECK(walks.Walk("C:\\second.cab", extract) == "last 1 2c21 6000 20\nC:\\out\\last 0\nok");
+  CHECK(walks.Walk("C:\\second.cab", extract) == "ok");
+  CHECK(walks.Walk("C:\\third.cab", extract) == "last 1 2c21 6000 20\nC:\\out\\last 0\nok");
   CHECK(walks.WalkBytes(MakeCabinet({{"own", "1"}}, {.next = "Second.cab"}), extract) ==
         "own 1 2c21 6000 20\nC:\\out\\own 0\nok");
 }
