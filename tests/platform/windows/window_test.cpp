@@ -54,6 +54,9 @@ struct Screen {
 
 /// What a timer of Windows calls while a command is at work.
 std::function<void()> on_tick;
+void CALLBACK Tick(HWND, UINT, UINT_PTR, DWORD) {
+  on_tick();
+}
 
 RECT Outer(HWND window) {
   RECT outer{};
@@ -85,7 +88,7 @@ TEST_CASE_FIXTURE(Screen,
   on_tick = [this, &bar_at_work] {
     if (LabelsOf(window)[1].starts_with("Scanning Aircraft ")) bar_at_work = Bar();
   };
-  SetTimer(nullptr, 0, 1, [](HWND, UINT, UINT_PTR, DWORD) { on_tick(); });
+  SetTimer(nullptr, 0, 1, &Tick);
   PostMessageW(window, WM_SYSCOMMAND, SC_KEYMENU, 'p');
   CHECK(Until([this] { return LabelsOf(window)[1] == "Done"; }));
 
