@@ -146,6 +146,7 @@ class Program:
 
     def _find_application(self):
         from gi.repository import Atspi
+        assert self.process.poll() is None, "the program has ended by itself"
         desktop = Atspi.get_desktop(0)
         desktop.clear_cache()
         for i in range(desktop.get_child_count()):
