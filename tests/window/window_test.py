@@ -9,7 +9,7 @@ import tempfile
 import threading
 import unittest
 
-from window_driver import Program, Simulator, extents, is_running, open_session, run, wait
+from window_driver import Program, Simulator, extents, run, run_on_a_screen, wait
 
 ALL_BUT_FILE = ["Main Page", "Probe For Missing Gauges", "Show All Gauges", "Clean Gauges",
                 "Other Cool Stuff", "Help"]
@@ -25,7 +25,7 @@ class WindowTest(unittest.TestCase):
         self.root = pathlib.Path(folder.name)
         self.simulator = Simulator(self.root)
         self.simulator.add_aircraft("Cub", "Altimeter", "Clock")
-        self.simulator.add_gauge("Altimeter.gau")
+        (self.simulator.folder / "Gauges" / "Altimeter.gau").touch()
 
     def start(self, **environment):
         program = Program(PROGRAM, PICTURES, self.root, self.simulator, **environment)
@@ -67,7 +67,7 @@ class WindowTest(unittest.TestCase):
         self.simulator.add_endless_aircraft()
         program = self.start()
         program.wait_for_page(WELCOME)
-        helpers = program.children()
+        helpers = program.helpers()
         self.assertNotEqual(helpers, [])
         program.press("alt+p")
         wait(lambda: program.greyed() == ALL_BUT_FILE, "the Busy state")
@@ -75,7 +75,8 @@ class WindowTest(unittest.TestCase):
         wait(lambda: program.labels()[1] > "Scanning Heavy 0000", "the aircraft behind the first")
         program.press("alt+m", "alt+h", "a", "alt+f", "x")
         self.assertEqual(program.process.wait(10), 0)
-        wait(lambda: not any(map(is_running, helpers)), "the end of the pane's processes")
+        wait(lambda: not any(os.path.exists(f"/proc/{helper}/exe") for helper in helpers),
+             "the end of the pane's processes")
 
     def test_closing_the_window_during_a_scan_ends_the_program(self):
         self.simulator.add_endless_aircraft()
@@ -162,7 +163,7 @@ class WindowTest(unittest.TestCase):
         (self.root / "secret.html").write_text("secret")
         asked = self.root / "asked"
         self.use_browser_that_writes_its_address_to(asked)
-        web = self.serve("outside<script>document.body.append(' with scripts')</script>")
+        web = self.serve(b"outside<script>document.body.append(' with scripts')</script>")
         self.simulator.add_aircraft("Trojan", "Bomb", title=(
             "<script>document.write('SCRIPT')</script><img src=x onerror=document.write('SCRIPT')>"
             f"<a href='file://{self.root}/secret.html'>local</a> <a href='{web}'>web</a>"
@@ -199,18 +200,12 @@ class WindowTest(unittest.TestCase):
     def serve(self, page):
         class Handler(http.server.BaseHTTPRequestHandler):
             def do_GET(self):
-                self.send_response(200)
-                self.send_header("Content-Type", "text/html")
-                self.end_headers()
-                self.wfile.write(page.encode())
-
-            def log_message(self, *_):
-                pass
+                self.wfile.write(b"HTTP/1.0 200 OK\r\nContent-Type: text/html\r\n\r\n" + page)
 
         server = http.server.ThreadingHTTPServer(("127.0.0.1", 0), Handler)
         self.addCleanup(server.server_close)
         self.addCleanup(server.shutdown)
-        threading.Thread(target=server.serve_forever, daemon=True).start()
+        threading.Thread(target=server.serve_forever).start()
         return f"http://127.0.0.1:{server.server_port}/"
 
     def test_what_cannot_run_says_so_in_one_line(self):
@@ -222,10 +217,5 @@ class WindowTest(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    screen = open_session()
-    try:
-        passed = unittest.main(argv=sys.argv[:1], exit=False, verbosity=2,
-                               warnings="ignore").result.wasSuccessful()
-    finally:
-        screen.close()
-    sys.exit(0 if passed else 1)
+    run_on_a_screen(lambda: unittest.main(argv=sys.argv[:1], exit=False, verbosity=2,
+                                          warnings="ignore").result.wasSuccessful())
