@@ -12,6 +12,7 @@
 #include "platform/linux/cabinet/entry_reader.h"
 #include "platform/linux/cabinet/open_cabinet.h"
 #include "platform/linux/cabinet/target_file.h"
+#include "platform/linux/cabinet/target_names.h"
 #include "platform/linux/cabinet/win32_error.h"
 
 namespace panelkit {
@@ -82,7 +83,7 @@ class Walk {
                       const std::string& name) {
     if (!PathResolver::IsPossible(target)) return ERROR_INVALID_NAME;
     if (LeadsThroughLink(target, name)) return ERROR_ACCESS_DENIED;
-    const std::optional<std::string> native = paths_.ForCreation(target);
+    const std::optional<std::string> native = target_names_.Find(target);
     if (!native) return ERROR_PATH_NOT_FOUND;
 
     if (!decoder_) StartDecoder();
@@ -143,6 +144,7 @@ class Walk {
   CabinetMsgHandler handler_;
   std::uint32_t context_;
   OpenedCabinet cabinet_;
+  TargetNames target_names_{paths_};
   int last_folder_ = 0;
   std::optional<Decoder> decoder_;           // From the first extraction on.
   bool goes_on_ = false;                     // Whether the last folder goes on in the next cabinet.

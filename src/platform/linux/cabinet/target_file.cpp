@@ -30,7 +30,7 @@ TargetFile::TargetFile(std::string path, bool read_only) : path_(std::move(path)
     if (file_->IsOpen()) return;
     if (errno != EEXIST) break;
   }
-  error_ = Win32ErrorOf(errno, ERROR_CANNOT_MAKE);
+  error_ = errno == ENOENT ? ERROR_PATH_NOT_FOUND : Win32ErrorOf(errno, ERROR_CANNOT_MAKE);
   temporary_path_.clear();
 }
 

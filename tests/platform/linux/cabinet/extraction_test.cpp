@@ -125,10 +125,14 @@ TEST_CASE("An extracted file has the entry's local time and attribute, and an ol
   fs::permissions(walks.C("out/Dial.XML"), fs::perms::owner_read);
   Put(walks.C("aside"), "aside");
   fs::create_symlink("../aside", walks.C("out/link"));
-  walks.WalkBytes(MakeCabinet({{"dial.xml", "new", 0x21}, {"link", "own"}, {"no date", "", 0, 0}}),
+  walks.WalkBytes(MakeCabinet({{"dial.xml", "new", 0x21},
+                               {"link", "own"},
+                               {"no date", "", 0, 0},
+                               {"No Date", "later", 0, 0}}),
                   ExtractTo("C:\\OUT\\*"));
   CHECK(walks.NamesInOut() == "Dial.XML link no date ");
   CHECK(Get(walks.C("out/Dial.XML")) == "new");
+  CHECK(Get(walks.C("out/no date")) == "later");
   CHECK(Get(walks.C("aside")) == "aside");
   constexpr std::time_t kStamp =
       1009868400;  // 1 January 2002, 12:00, five hours east of Greenwich.
@@ -232,7 +236,7 @@ TEST_CASE("A place that cannot take the file is an error of that entry") {
   fs::create_directory(walks.C("out/folder"));
   fs::create_symlink("../elsewhere", walks.C("out/link"));
   const std::string cabinet = MakeCabinet({{"link\\x", "1"}});
-  for (const auto& [target, end] : std::initializer_list<std::pair<std::string, const char*>>{
+  for (const auto& place : std::initializer_list<std::pair<std::string, const char*>>{
            {"C:\\out\\what?", " 123\nerror 123"},
            {"C:\\out\\a:b", " 123\nerror 123"},
            {"", " 123\nerror 123"},
@@ -240,8 +244,8 @@ TEST_CASE("A place that cannot take the file is an error of that entry") {
            {"C:\\out\\folder", " 5\nerror 5"},
            {"C:\\out\\" + std::string(253, 'n'), " 0\nok"},
            {"C:\\OUT\\*", " 5\nerror 5"}}) {
-    CAPTURE(target);
-    CHECK(walks.WalkBytes(cabinet, ExtractTo(target)).ends_with(end));
+    CAPTURE(place.first);
+    CHECK(walks.WalkBytes(cabinet, ExtractTo(place.first)).ends_with(place.second));
   }
   CHECK(fs::is_empty(walks.C("elsewhere")));
   // A link that the user named is followed.

@@ -106,7 +106,7 @@ TEST_CASE("What is no cabinet fails with the reason") {
   REQUIRE(mkfifo(walks.C("fifo.cab").c_str(), 0666) == 0);
   fs::permissions(walks.C("closed.cab"), fs::perms::none);
   fs::permissions(walks.C("Folder/closed"), fs::perms::none);
-  for (const auto& [path, code] : std::initializer_list<std::pair<std::string, std::string>>{
+  for (const auto& expected : std::initializer_list<std::pair<std::string, std::string>>{
            {"C:\\missing.cab", "error 2"},
            {"C:\\missing\\x.cab", "error 3"},
            {"C:\\FOLDER", "error 5"},
@@ -121,8 +121,8 @@ TEST_CASE("What is no cabinet fails with the reason") {
            {"C:\\fifo.cab", "error 13"},
            {"C:\\what?.cab", "error 123"},
            {"", "error 123"}}) {
-    CAPTURE(path);
-    CHECK(walks.WalkApart(path, {}, BecomeOrdinaryUser) == code);
+    CAPTURE(expected.first);
+    CHECK(walks.WalkApart(expected.first, {}, BecomeOrdinaryUser) == expected.second);
   }
 }
 
