@@ -30,8 +30,10 @@ std::uint32_t Answer(std::uint32_t context, std::uint32_t notification, std::uin
   if (notification == SPFILENOTIFY_FILEINCABINET) {
     auto& info = *reinterpret_cast<FILE_IN_CABINET_INFO*>(param1);
     std::array<char, 400> line{};
-    std::snprintf(line.data(), line.size(), "%s %u %x %x %x\n", info.NameInCabinet, info.FileSize,
-                  info.DosDate, info.DosTime, info.DosAttribs);
+    std::snprintf(line.data(), line.size(), "%u | %02d.%02d.%04d %02d:%02d:%02d | %s %x\n",
+                  info.FileSize, info.DosDate & 0x1F, info.DosDate >> 5 & 0xF,
+                  (info.DosDate >> 9) + 1980, info.DosTime >> 11, info.DosTime >> 5 & 0x3F,
+                  (info.DosTime & 0x1F) * 2, info.NameInCabinet, info.DosAttribs);
     log += line.data();
     return answers.to_entry(info);
   }
@@ -56,6 +58,10 @@ Answers ExtractTo(const std::string& target) {
     return FILEOP_DOIT;
   };
   return answers;
+}
+
+std::string Told(const std::string& name, std::size_t size) {
+  return std::to_string(size) + " | 01.01.2002 12:00:00 | " + name + " 20\n";
 }
 
 void BecomeOrdinaryUser() {

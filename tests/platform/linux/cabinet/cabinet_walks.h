@@ -26,6 +26,9 @@ struct Answers {
 /// Answers that extract each entry to the Windows path `target`, with the entry's name for a "*".
 Answers ExtractTo(const std::string& target);
 
+/// What a walk's log says of an entry with the writer's own stamp and attributes.
+std::string Told(const std::string& name, std::size_t size);
+
 /// Gives up root, whom permissions do not bind.
 void BecomeOrdinaryUser();
 
@@ -38,7 +41,8 @@ class CabinetWalks {
   std::filesystem::path C(const std::string& name) const { return prefix_ / ("drive_c/" + name); }
 
   /// The whole conversation of one walk, a line a notification, then "ok" or "error" and its code:
-  /// "a.xml 5 2c21 6000 20" (size, date, time, attributes), "next?", "C:\out\a.xml 0" (outcome).
+  /// "5 | 01.01.2002 12:00:00 | a.xml 20" (the attributes last), "next?", "C:\out\a.xml 0" (the
+  /// outcome).
   std::string Walk(const std::string& cabinet, Answers answers = {});
 
   /// The same for a new cabinet of these bytes, C:\x.cab.

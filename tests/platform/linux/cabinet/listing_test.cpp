@@ -1,9 +1,8 @@
 #include <doctest/doctest.h>
 #include <sys/stat.h>
 
-#include <array>
-#include <cstdio>
 #include <cstdlib>
+#include <map>
 #include <stdexcept>
 
 #include "cabinet_walks.h"
@@ -16,27 +15,8 @@ namespace fs = std::filesystem;
 namespace {
 
 const std::vector<CabinetEntry> kTwoEntries = {{"dial.xml", "<dial/>"}, {"a\\dial.bmp", "BM"}};
-const std::string kFirstLine = "dial.xml 7 2c21 6000 20\n";
-const std::string kTwoLines = kFirstLine + "a\\dial.bmp 2 2c21 6000 20\n";
-
-// One walk's entries in the words of cabextract.
-std::string AsCabextractLists(CabinetWalks& walks, const std::string& cabinet) {
-  std::string lines;
-  Answers answers;
-  answers.to_entry = [&](FILE_IN_CABINET_INFO& info) {
-    std::string name = info.NameInCabinet;
-    for (char& c : name) c = c == '\\' ? '/' : c;
-    std::array<char, 400> line{};
-    std::snprintf(line.data(), line.size(), "%10u | %02d.%02d.%04d %02d:%02d:%02d | %s\n",
-                  info.FileSize, info.DosDate & 0x1F, info.DosDate >> 5 & 0xF,
-                  (info.DosDate >> 9) + 1980, info.DosTime >> 11, info.DosTime >> 5 & 0x3F,
-                  (info.DosTime & 0x1F) * 2, name.c_str());
-    lines += line.data();
-    return FILEOP_SKIP;
-  };
-  walks.Walk(cabinet, answers);
-  return lines;
-}
+const std::string kFirstLine = Told("dial.xml", 7);
+const std::string kTwoLines = kFirstLine + Told("a\\dial.bmp", 2);
 
 }  // namespace
 
@@ -44,9 +24,9 @@ TEST_CASE("Each entry is told as it is stored, whatever else the headers hold") 
   CabinetWalks walks;
   CHECK(walks.WalkBytes(MakeCabinet({})) == "ok");
   CHECK(walks.WalkBytes(MakeCabinet({{"\xE9t\xE9/x", "1", 0x27, 0xFF9F, 0xBF7D}, {}, {"y"}})) ==
-        "\xE9t\xE9/x 1 ff9f bf7d 27\nerror 13");
+        "1 | 31.12.2107 23:59:58 | \xE9t\xE9/x 27\nerror 13");
   CHECK(walks.WalkBytes(MakeCabinet({{"\u00E9t\u00E9\u6F22", "12", 0xA0}})) ==
-        "\xE9t\xE9? 2 2c21 6000 a0\nok");
+        "2 | 01.01.2002 12:00:00 | \xE9t\xE9? a0\nok");
   CHECK(walks.WalkBytes(MakeCabinet(kTwoEntries, {.folders = 300,
                                                   .header_reserve = 60000,
                                                   .folder_reserve = 255,
@@ -54,7 +34,7 @@ TEST_CASE("Each entry is told as it is stored, whatever else the headers hold") 
                                                   .previous = "before.cab",
                                                   .next = "after.cab"})) == kTwoLines + "ok");
   const std::string longest(255, 'n');
-  CHECK(walks.WalkBytes(MakeCabinet({{longest}})) == longest + " 0 2c21 6000 20\nok");
+  CHECK(walks.WalkBytes(MakeCabinet({{longest}})) == Told(longest, 0) + "ok");
 }
 
 TEST_CASE("A listing says what another reader of cabinets says") {
@@ -65,17 +45,17 @@ TEST_CASE("A listing says what another reader of cabinets says") {
                     std::string(i % 7, 'x'), 0x20, static_cast<std::uint16_t>(0x2C21 + i % 8)});
   }
   Put(walks.C("many.cab"), MakeCabinet(many));
-  Put(walks.C("in/one.xml"), "<one/>");
-  Put(walks.C("in/sub/two.bmp"), std::string(100000, 'b'));
-  const std::string make =
-      "cd '" + Utf8(walks.C("")) + "' && for kind in c cz; do gcab -$kind $kind.cab " +
-      "in/one.xml in/sub/two.bmp; done && for name in c cz many; do cabextract -l $name.cab | " +
-      "grep ' | [0-9]' >$name.list; done";
-  REQUIRE(std::system(make.c_str()) == 0);
+  Put(walks.C("one.xml"), "<one/>");
+  Put(walks.C("two.bmp"), std::string(100000, 'b'));
+  const std::string list =
+      "cd '" + Utf8(walks.C("")) + "' && gcab -c c.cab one.xml two.bmp && " +
+      "gcab -cz cz.cab one.xml two.bmp && for name in c cz many; do cabextract -l $name.cab | " +
+      "sed -n '/ | [0-9]/{s/^ *//;s|/|\\\\|;s/$/ 20/;p}' >$name.list; done";
+  REQUIRE(std::system(list.c_str()) == 0);
   for (const std::string name : {"c", "cz", "many"}) {
     CAPTURE(name);
-    CHECK(Get(walks.C(name + ".list")).size() > 90);
-    CHECK(AsCabextractLists(walks, "C:\\" + name + ".cab") == Get(walks.C(name + ".list")));
+    CHECK(Get(walks.C(name + ".list")).size() > 60);
+    CHECK(walks.Walk("C:\\" + name + ".cab") == Get(walks.C(name + ".list")) + "ok");
   }
 }
 
@@ -95,9 +75,8 @@ TEST_CASE("A cabinet cut off at any byte gives the entries before the cut") {
 
 TEST_CASE("What is no cabinet fails with the reason") {
   CabinetWalks walks;
-  Put(walks.C("Folder/closed/x.cab"), "");
-  Put(walks.C("closed.cab"), "");
-  Put(walks.C("empty.cab"), "");
+  for (const char* name : {"Folder/closed/x.cab", "closed.cab", "empty.cab"})
+    Put(walks.C(name), "");
   Put(walks.C("text.cab"), std::string(100, 't'));
   Put(walks.C("version.cab"), MakeCabinet({}).replace(25, 1, "\2"));
   Put(walks.C("outside.cab"), MakeCabinet(kTwoEntries).replace(16, 4, "\xF0\xFF\xFF\xFF"));
@@ -106,23 +85,19 @@ TEST_CASE("What is no cabinet fails with the reason") {
   REQUIRE(mkfifo(walks.C("fifo.cab").c_str(), 0666) == 0);
   fs::permissions(walks.C("closed.cab"), fs::perms::none);
   fs::permissions(walks.C("Folder/closed"), fs::perms::none);
-  for (const auto& expected : std::initializer_list<std::pair<std::string, std::string>>{
-           {"C:\\missing.cab", "error 2"},
-           {"C:\\missing\\x.cab", "error 3"},
-           {"C:\\FOLDER", "error 5"},
-           {"C:\\folder/Closed\\x.cab", "error 5"},
-           {"C:\\CLOSED.cab", "error 5"},
-           {"C:\\empty.cab", "error 13"},
-           {"C:\\text.cab", "error 13"},
-           {"C:\\version.cab", "error 13"},
-           {"C:\\outside.cab", "error 13"},
-           {"C:\\index.cab", "error 13"},
-           {"C:\\name.cab", "error 13"},
-           {"C:\\fifo.cab", "error 13"},
-           {"C:\\what?.cab", "error 123"},
-           {"", "error 123"}}) {
-    CAPTURE(expected.first);
-    CHECK(walks.WalkApart(expected.first, {}, BecomeOrdinaryUser) == expected.second);
+  const std::map<std::string, std::vector<std::string>> expected = {
+      {"error 2", {"C:\\missing.cab"}},
+      {"error 3", {"C:\\missing\\x.cab"}},
+      {"error 5", {"C:\\FOLDER", "C:\\folder/Closed\\x.cab", "C:\\CLOSED.cab"}},
+      {"error 13",
+       {"C:\\empty.cab", "C:\\text.cab", "C:\\version.cab", "C:\\outside.cab", "C:\\index.cab",
+        "C:\\name.cab", "C:\\fifo.cab"}},
+      {"error 123", {"C:\\what?.cab", ""}}};
+  for (const auto& outcome : expected) {
+    for (const std::string& path : outcome.second) {
+      CAPTURE(path);
+      CHECK(walks.WalkApart(path, {}, BecomeOrdinaryUser) == outcome.first);
+    }
   }
 }
 
