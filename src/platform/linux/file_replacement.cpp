@@ -7,6 +7,7 @@
 
 #include <array>
 #include <cerrno>
+#include <csignal>
 #include <cstdio>
 #include <filesystem>
 #include <optional>
@@ -122,6 +123,15 @@ bool MayRewrite(const std::string& path, const struct stat& status) {
          faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0;
 }
 
+/// Whether another program has the file open for writing, as far as the system tells (a lease is
+/// refused then).
+bool IsBeingWritten(int descriptor) {
+  fcntl(descriptor, F_SETSIG, SIGURG);  // Whoever opens it now must not end us by SIGIO.
+  const bool refused = fcntl(descriptor, F_SETLEASE, F_RDLCK) != 0 && errno == EAGAIN;
+  fcntl(descriptor, F_SETLEASE, F_UNLCK);
+  return refused;
+}
+
 bool CopyContent(int from, int to) {
   std::vector<char> buffer(std::size_t{256} * 1024);
   for (;;) {
@@ -171,6 +181,12 @@ bool CopyFile(const std::string& source, const std::string& target) {
   const std::array<timespec, 2> times = {timespec{0, UTIME_OMIT}, status.st_mtim};
   if (futimens(to.Descriptor(), times.data()) != 0 || !to.Flush() || !to.Close() ||
       !FlushFolder(FolderOf(target))) {
+    return false;
+  }
+  // Who deletes the source after this must not take away what another program is writing.
+  struct stat now {};
+  if (fstat(from.Descriptor(), &now) != 0 || !IsSameState(status, now) ||
+      IsBeingWritten(from.Descriptor())) {
     return false;
   }
   to.Keep();
