@@ -2,34 +2,14 @@
 # The console companion from end to end, over a copy of the demonstration simulator.
 # usage: demo_test.sh CONSOLE SOURCE_DIR
 set -u
-console=$1
-source=$2
+. "$2/tests/support/console.sh"
 golden=$source/tests/golden
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
-failures=0
-
-fail() {
-  printf 'FAILED: %s\n' "$*"
-  failures=$((failures + 1))
-}
-
-# expect STATUS COMMAND...: runs the console; its output is in $work/out and $work/err.
-expect() {
-  local wanted=$1 status=0
-  shift
-  "$work/app/panelkit-console" "$@" >"$work/out" 2>"$work/err" </dev/null || status=$?
-  [ "$status" = "$wanted" ] || fail "'$*' ended with $status, not $wanted: $(cat "$work/err")"
-}
 
 # same FILE FILE WHAT
 same() { cmp -s "$1" "$2" || { fail "$3 differs:"; diff -a "$1" "$2" | head -n 20; }; }
 
 # is TEXT WHAT: standard output is exactly TEXT.
 is() { [ "$(cat "$work/out")" = "$1" ] || fail "$2: $(cat "$work/out")"; }
-
-# complains WORDS: standard error holds WORDS.
-complains() { grep -qF -- "$1" "$work/err" || fail "no word of '$1' but: $(cat "$work/err")"; }
 
 # page NAME: the golden page NAME with this test's folders in it. Pages are in Windows-1252.
 page() {
@@ -44,10 +24,6 @@ fresh() {
   cp -r "$source/demo" "$work/prefix"
   cp "$console" "$work/app/panelkit-console"
 }
-
-export HOME=$work/home WINEPREFIX=$work/prefix LC_ALL=C.UTF-8
-fs="$work/prefix/drive_c/Program Files/Microsoft Games/FS2002"
-chmod 755 "$work"
 
 # The three reports, on paper and as pages.
 fresh
@@ -140,14 +116,10 @@ WINEPREFIX=$work/none expect 2 where
 fresh
 chmod -R a+rX "$work/prefix" "$work/app"
 chmod 777 "$work"
-ordinary=()
-[ "$(id -u)" != 0 ] || ordinary=(setpriv --reuid=65534 --regid=65534 --clear-groups)
 chmod 555 "$work/app"
-status=0
-"${ordinary[@]}" "$work/app/panelkit-console" probe >"$work/out" 2>"$work/err" || status=$?
-[ $status = 2 ] || fail "a read-only program folder ended with $status"
+as_user=("${ordinary[@]}")
+expect 2 probe
 complains "GAUGES.HTM could not be written in the program's folder."
 [ "$(ls "$work/app")" = panelkit-console ] || fail 'something was written all the same'
 
-[ $failures = 0 ] && echo 'All console checks passed.'
-exit $((failures > 0))
+finish
