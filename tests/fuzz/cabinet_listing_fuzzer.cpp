@@ -1,11 +1,11 @@
 // Any bytes as a cabinet: counted, listed into the table of gauges, and listed as XML.
-#include "fuzz/prefix.h"
 #include "fuzz/fuzz.h"
 #include "shell/mod_gauges.h"
 
+using namespace panelkit;
+using fuzz::Require;
+
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
-  using namespace panelkit;
-  using fuzz::Require;
   static fuzz::Prefix prefix;
   const auto cabinet = prefix.Cabinet(fuzz::Bytes(bytes, size));
   int found = 0;
@@ -15,7 +15,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
         ++found;
         gauges += file.ends_with(".xml") ? 1 : 0;
         Require(file.find('\\') == std::string::npos && (folder.empty() || folder.back() == '\\'));
-        Require(date == 0 || (date >= -109205 && date < 80000));  // From 1601 on, or 1980 to 2107.
+        Require(date >= -109205 && date < 80000);  // 1601 stands for no date; else 1980 to 2107.
       });
   modGauges::InstalledGauges.Reset();
   const bool sound = cabinet->GetInfo();

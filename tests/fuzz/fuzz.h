@@ -3,7 +3,13 @@
 
 #include <cstdint>
 #include <cstdlib>
+#include <memory>
+#include <string>
 #include <string_view>
+
+#include "cabinet/cab_file.h"
+#include "platform/linux/wine_machine.h"
+#include "support/temp_folder.h"
 
 namespace panelkit::fuzz {
 
@@ -15,5 +21,22 @@ inline void Require(bool promise) {
 inline std::string_view Bytes(const std::uint8_t* bytes, std::size_t size) {
   return {reinterpret_cast<const char*>(bytes), size};
 }
+
+/// A Wine prefix in a temporary folder; its C: holds an empty folder "out".
+struct Prefix {
+  test::TempFolder folder;
+  WineMachine machine{{folder.Path(), "test"}, folder.Path().native()};
+  std::filesystem::path c = folder / "drive_c";
+
+  Prefix() { std::filesystem::create_directories(c / "out"); }
+
+  /// A new cabinet of these bytes, C:\x.cab.
+  std::shared_ptr<CABFile> Cabinet(std::string_view bytes) {
+    test::Put(c / "x.cab", bytes);
+    auto cabinet = CABFile::Create(machine.Services());
+    cabinet->CabName = "C:\\x.cab";
+    return cabinet;
+  }
+};
 
 }  // namespace panelkit::fuzz
