@@ -63,6 +63,7 @@ HFONT CreateFormFont(const ScreenScale& scale) {
 
 void DrawPicture(const DRAWITEMSTRUCT& box, const std::string& picture, const ScreenScale& scale) {
   constexpr int kDpiOfPictures = 96;
+  FillRect(box.hDC, &box.rcItem, GetSysColorBrush(COLOR_3DFACE));
   const HANDLE bitmap = LoadImageW(GetModuleHandleW(nullptr), Wide(picture).c_str(), IMAGE_BITMAP,
                                    0, 0, LR_CREATEDIBSECTION);
   BITMAP size{};
