@@ -95,7 +95,9 @@ Decoder::System::System() : mspack_system{} {
   tell = [](mspack_file* stream) { return Stream::Of(stream).position; };
   message = &Ignore;
   alloc = [](mspack_system* self, std::size_t bytes) {
-    void* memory = std::malloc(bytes);
+    // Cleared: damaged data may point at a part of the window that nothing was unpacked to yet, and
+    // what lay in our memory would end up in the file.
+    void* memory = std::calloc(1, bytes);
     if (memory == nullptr) static_cast<System*>(self)->failure = ENOMEM;
     return memory;
   };
