@@ -7,6 +7,8 @@ set -u
 rounds=${3:-20}
 seed=${4:-$RANDOM}
 RANDOM=$seed
+changes='write pwrite64 rename unlink mkdir fsync'
+strace -o /dev/null true || { echo 'Left out: kills before each change (strace).' && changes=; }
 gauges=$fs/Gauges
 spare=$app/SpareGauges
 unpacked=$work/unpacked
@@ -19,8 +21,9 @@ sums() {
     sed -E 's|  .*/|  |' | sort -u
 }
 
-# killed CHECK ARGUMENT...: in each round, prepares and runs the command and kills it at a random
-# moment of what a whole run takes; then runs CHECK.
+# killed CHECK ARGUMENT...: in each round, prepares and runs the command and kills it, at a random
+# moment of what a whole run takes, then before each of its first changes to the disk; runs CHECK
+# each time.
 killed() {
   local check=$1 start=${EPOCHREALTIME/./} took moment cut=0
   shift
@@ -37,6 +40,19 @@ killed() {
   done
   echo "$*: $cut of $rounds runs were cut short"
   [ $cut -gt 0 ] || fail 'every kill came too late'
+  cut=0
+  for change in $changes; do
+    for nth in {1..8}; do
+      prepare
+      strace -qq -o /dev/null -e trace=$change -e inject=$change:signal=KILL:when=$nth \
+        "$app/panelkit-console" "$@" >"$work/out" 2>&1 </dev/null
+      [ $? = 137 ] || break
+      cut=$((cut + 1))
+      $check || fail "$*: before $change number $nth"
+    done
+  done 2>/dev/null
+  echo "$*: cut short before $cut changes"
+  [ $cut -gt 9 ] || [ -z "$changes" ] || fail 'too few changes'
 }
 
 mkdir -p "$HOME" "$gauges" "$fs/Aircraft" "$app" "$work/in"
