@@ -44,34 +44,37 @@ def run_on_a_screen(tests):
         print("skipped: missing", *missing, *([] if Atspi else ["the AT-SPI bindings of Python"]))
         sys.exit(SKIPPED)
     if "PANELKIT_TEST_SESSION" in os.environ:
+        # The window manager ends with the screen.
+        subprocess.Popen(["openbox"], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        wait(lambda: "window id" in run("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"), "openbox")
         sys.exit(0 if tests() else 1)
     with tempfile.TemporaryDirectory() as home:
-        environment = dict(os.environ, PANELKIT_TEST_SESSION="1", HOME=home, XDG_RUNTIME_DIR=home,
-                           XDG_CONFIG_HOME=home + "/config", XDG_DATA_HOME=home + "/share",
-                           GSETTINGS_BACKEND="memory", GDK_BACKEND="x11")
-        for name in ("NO_AT_BRIDGE", "GTK_THEME", "GDK_SCALE", "GDK_DPI_SCALE"):
-            environment.pop(name, None)
         reading, writing = os.pipe()
         server = subprocess.Popen(
             ["Xvfb", "-displayfd", str(writing), "-noreset", "-screen", "0", "1280x1024x24"],
             pass_fds=[writing], stderr=subprocess.DEVNULL)
         os.close(writing)
         with os.fdopen(reading) as number:
-            os.environ["DISPLAY"] = environment["DISPLAY"] = ":" + number.readline().strip()
-        manager = subprocess.Popen(["openbox"], env=environment, stdout=subprocess.DEVNULL,
-                                   stderr=subprocess.DEVNULL)
-        wait(lambda: "window id" in run("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"), "openbox")
+            display = ":" + number.readline().strip()
+        kept = {name: value for name, value in os.environ.items()
+                if not name.startswith(("XDG_", "GDK_", "GTK_", "NO_AT_"))}
+        environment = dict(kept, PANELKIT_TEST_SESSION="1", DISPLAY=display, HOME=home,
+                           XDG_RUNTIME_DIR=home, GSETTINGS_BACKEND="memory", GDK_BACKEND="x11")
         status = subprocess.run(["dbus-run-session", "--", sys.executable, "-B", *sys.argv],
                                 env=environment, check=False).returncode
-        for process in (manager, server):
-            process.terminate()
-            process.wait()
+        server.terminate()
+        server.wait()
     sys.exit(status)
 
 
 def extents(accessible):
     """Place on the screen, in pixels."""
     return Atspi.Component.get_extents(accessible, Atspi.CoordType.SCREEN)
+
+
+def children(accessible):
+    found = [accessible.get_child_at_index(i) for i in range(accessible.get_child_count())]
+    return [child for child in found if child]
 
 
 class Simulator:
@@ -82,40 +85,33 @@ class Simulator:
         self.folder = self.prefix / "drive_c" / name
         for folder in ("Aircraft", "Gauges"):
             (self.folder / folder).mkdir(parents=True)
-        (self.prefix / "dosdevices").mkdir()
-        (self.prefix / "dosdevices" / "c:").symlink_to("../drive_c")
         (self.prefix / "system.reg").write_text(
-            "WINE REGISTRY Version 2\n\n#arch=win32\n\n"
+            "WINE REGISTRY Version 2\n\n"
             "[Software\\\\Microsoft\\\\DirectPlay\\\\Applications\\\\Flight Simulator] 1\n"
             f'"Path"="C:\\\\{name}"\n')
 
-    def _panel_of(self, aircraft):
-        panel = self.folder / "Aircraft" / aircraft / "Panel" / "panel.cfg"
-        panel.parent.mkdir(parents=True)
-        return panel
-
-    def add_aircraft(self, name, *gauges, title="Main Panel"):
-        lines = ["[Window Titles]", "Window00=" + title, "", *(f"gauge={g},1,2" for g in gauges)]
-        self._panel_of(name).write_text("".join(line + "\r\n" for line in lines))
+    def add_aircraft(self, name, panel):
+        file = self.folder / "Aircraft" / name / "Panel" / "panel.cfg"
+        file.parent.mkdir(parents=True)
+        file.write_text(panel, newline="\r\n")
 
     def add_endless_aircraft(self):
         """Aircraft whose panels together take far longer to read than any test lasts."""
-        long_panel = self.folder / "long"
-        long_panel.write_bytes(b"// nothing here\r\n" * 1000000)
+        self.add_aircraft("Heavy", "// nothing here\n" * 1000000)
         for i in range(1000):
-            self._panel_of(f"Heavy {i:04}").hardlink_to(long_panel)
+            (self.folder / "Aircraft" / f"Heavy {i:04}").symlink_to("Heavy")
 
 
 class Program:
     """The running program, started from a folder of its own."""
 
     def __init__(self, executable, pictures, root, simulator, **environment):
-        self.folder = root / "Program"
-        self.folder.mkdir(exist_ok=True)
+        folder = root / "Program"
+        folder.mkdir(exist_ok=True)
         for file in [executable, *pictures.glob("*.gif")]:
-            shutil.copy(file, self.folder)
+            shutil.copy(file, folder)
         self.process = subprocess.Popen(
-            [self.folder / executable.name],
+            [folder / executable.name],
             env=dict(os.environ, WINEPREFIX=str(simulator.prefix), **environment))
         self.application = wait(self._find_application, "the program among the accessible ones")
         self.window = self.wait_for_window(" Panelkit for FS2002 ONLY")
@@ -124,8 +120,8 @@ class Program:
         assert self.process.poll() is None, "the program has ended by itself"
         desktop = Atspi.get_desktop(0)
         desktop.clear_cache()
-        applications = [desktop.get_child_at_index(i) for i in range(desktop.get_child_count())]
-        return next(a for a in applications if a and a.get_process_id() == self.process.pid)
+        return next(application for application in children(desktop)
+                    if application.get_process_id() == self.process.pid)
 
     def close(self):
         self.process.kill()
@@ -143,21 +139,16 @@ class Program:
         return wait(lambda: self.window_titled(title) == run("xdotool", "getactivewindow").strip()
                     and self.window_titled(title), f"the window {title!r} with the keyboard")
 
-    def activate(self):
-        """Makes the main window the one that keys go to."""
-        run("xdotool", "windowactivate", "--sync", self.window)
-
     def press(self, *keys):
         run("xdotool", "key", *keys)
 
-    def click(self, accessible, button="1"):
-        place = extents(accessible)
+    def press_in_the_main_window(self, *keys):
+        run("xdotool", "windowactivate", "--sync", self.window, "key", *keys)
+
+    def click(self, role, name="", button="1"):
+        place = extents(self.named(role, name))
         run("xdotool", "mousemove", str(place.x + place.width // 2),
             str(place.y + place.height // 2), "click", button)
-
-    def helpers(self):
-        """Ids of the processes that the program has started."""
-        return run("cat", f"/proc/{self.process.pid}/task/{self.process.pid}/children").split()
 
     def everything(self, top=None):
         """All accessible objects below `top`, in the order of the window."""
@@ -166,28 +157,27 @@ class Program:
         while waiting:
             here = waiting.pop()
             yield here
-            children = [here.get_child_at_index(i) for i in range(here.get_child_count())]
-            waiting.extend(child for child in reversed(children) if child)
+            waiting.extend(reversed(children(here)))
 
-    def named(self, role, name):
-        return next((here for here in self.everything()
-                     if here.get_role_name() == role and here.get_name() == name), None)
+    def with_role(self, role):
+        return [here for here in self.everything() if here.get_role_name() == role]
+
+    def named(self, role, name=""):
+        return next(here for here in self.with_role(role) if here.get_name() == name)
 
     def greyed(self):
         """The names of the bar's items that cannot be picked."""
-        bar = next(here for here in self.everything() if here.get_role_name() == "menu bar")
-        items = [bar.get_child_at_index(i) for i in range(bar.get_child_count())]
-        return [item.get_name() for item in items
+        return [item.get_name() for item in children(self.with_role("menu bar")[0])
                 if not item.get_state_set().contains(Atspi.StateType.SENSITIVE)]
 
     def labels(self):
-        return [here.get_name() for here in self.everything() if here.get_role_name() == "label"]
+        return [label.get_name() for label in self.with_role("label")]
 
     def pane(self):
         """The text of the page that the pane shows."""
-        page = next(here for here in self.everything() if here.get_role_name() == "document web")
-        return "\n".join(Atspi.Text.get_text(here, 0, -1) for here in self.everything(page)
-                         if "Text" in here.get_interfaces())
+        return "\n".join(Atspi.Text.get_text(here, 0, -1)
+                         for page in self.with_role("document web")[:1]
+                         for here in self.everything(page) if "Text" in here.get_interfaces())
 
     def wait_for_page(self, text):
         return wait(lambda: text in self.pane() and self.pane(), f"the page with {text!r}")
