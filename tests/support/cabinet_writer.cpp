@@ -14,27 +14,6 @@ std::string Number(std::uint64_t value, int bytes) {
   return out;
 }
 
-std::uint32_t Checksum(std::string_view bytes, std::uint32_t sum) {
-  while (!bytes.empty()) {
-    std::uint32_t word = 0;
-    const std::string_view group = bytes.substr(0, 4);
-    for (std::size_t i = 0; i < group.size(); ++i) {
-      // The odd bytes at the end count from the highest down.
-      const std::size_t place = group.size() == 4 ? i : group.size() - 1 - i;
-      word |= std::uint32_t{static_cast<unsigned char>(group[i])} << (8 * place);
-    }
-    sum ^= word;
-    bytes.remove_prefix(group.size());
-  }
-  return sum;
-}
-
-std::string Block(std::string_view stored, std::size_t unpacked, std::uint8_t reserve) {
-  const std::string sizes = Number(stored.size(), 2) + Number(unpacked, 2);
-  return Number(Checksum(sizes, Checksum(stored, 0)), 4) + sizes + std::string(reserve, 'D') +
-         std::string(stored);
-}
-
 struct Folder {
   std::string content;
   std::string blocks;
@@ -49,12 +28,11 @@ void WriteBlocks(Folder& folder, std::size_t before, std::size_t after,
   for (std::size_t at = before; at < end; ++folder.block_count) {
     const std::size_t block_start = at / kBlockSize * kBlockSize;
     const std::size_t block_end = std::min(block_start + kBlockSize, folder.content.size());
-    const std::string_view piece =
-        std::string_view(folder.content).substr(at, std::min(block_end, end) - at);
-    const bool goes_on = end < block_end;
-    folder.blocks +=
-        Block(options.pack(piece), goes_on ? 0 : block_end - block_start, options.data_reserve);
-    at += piece.size();
+    const std::size_t size = std::min(block_end, end) - at;
+    const std::size_t unpacked = end < block_end ? 0 : block_end - block_start;
+    folder.blocks += Number(0, 4) + Number(size, 2) + Number(unpacked, 2) +
+                     std::string(options.reserve, 'D') + folder.content.substr(at, size);
+    at += size;
   }
 }
 
@@ -63,11 +41,11 @@ std::size_t FolderOf(const CabinetEntry& entry, std::size_t folders) {
   return entry.folder >= kFromPrevious ? 0 : entry.folder;
 }
 
-std::string OptionalFields(const CabinetOptions& options, bool reserves) {
+std::string OptionalFields(const CabinetOptions& options) {
   std::string out;
-  if (reserves) {
-    out += Number(options.header_reserve, 2) + Number(options.folder_reserve, 1) +
-           Number(options.data_reserve, 1) + std::string(options.header_reserve, 'H');
+  if (options.reserve != 0) {
+    out += Number(options.reserve, 2) + Number(options.reserve, 1) + Number(options.reserve, 1) +
+           std::string(options.reserve, 'H');
   }
   for (const std::string& neighbour : {options.previous, options.next}) {
     if (!neighbour.empty()) out += neighbour + '\0' + "Disk" + '\0';
@@ -92,22 +70,20 @@ std::string MakeCabinet(const std::vector<CabinetEntry>& entries, const CabinetO
                 &folder == &folders.back() ? options.bytes_in_next : 0, options);
   }
 
-  const bool reserves =
-      options.header_reserve != 0 || options.folder_reserve != 0 || options.data_reserve != 0;
-  const std::string optional_fields = OptionalFields(options, reserves);
+  const std::string optional_fields = OptionalFields(options);
   const std::size_t files_offset =
-      36 + optional_fields.size() + folders.size() * (8 + options.folder_reserve);
+      36 + optional_fields.size() + folders.size() * (8 + options.reserve);
   std::size_t data_offset = files_offset + files.size();
   std::string folder_table;
   std::string data;
   for (const Folder& folder : folders) {
-    folder_table += Number(data_offset, 4) + Number(folder.block_count, 2) +
-                    Number(options.compression, 2) + std::string(options.folder_reserve, 'F');
+    folder_table += Number(data_offset, 4) + Number(folder.block_count, 2) + Number(0, 2) +
+                    std::string(options.reserve, 'F');
     data_offset += folder.blocks.size();
     data += folder.blocks;
   }
-  const int flags =
-      (options.previous.empty() ? 0 : 1) | (options.next.empty() ? 0 : 2) | (reserves ? 4 : 0);
+  const int flags = (options.previous.empty() ? 0 : 1) | (options.next.empty() ? 0 : 2) |
+                    (options.reserve == 0 ? 0 : 4);
   return "MSCF" + Number(0, 4) + Number(data_offset, 4) + Number(0, 4) + Number(files_offset, 4) +
          Number(0, 4) + Number(3, 1) + Number(1, 1) + Number(folders.size(), 2) +
          Number(entries.size(), 2) + Number(flags, 2) + Number(0x1234, 2) +

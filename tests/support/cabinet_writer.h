@@ -2,9 +2,7 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace panelkit::test {
@@ -26,20 +24,15 @@ struct CabinetEntry {
 
 struct CabinetOptions {
   std::uint16_t folders = 1;
-  std::uint16_t header_reserve = 0;  ///< Bytes, as the two below.
-  std::uint8_t folder_reserve = 0;
-  std::uint8_t data_reserve = 0;
+  std::uint8_t reserve = 0;   ///< Bytes left free in the header, each folder and each block.
   std::string previous = {};  ///< Neighbours in a set; empty for none.
   std::string next = {};
   std::uint16_t set_index = 0;
   std::size_t bytes_in_previous = 0;  ///< How much of the first folder's content lies there.
   std::size_t bytes_in_next = 0;      ///< How much of the last folder's content lies there.
-  std::uint16_t compression = 0;      ///< typeCompress.
-  /// Turns one block's content (at most 32,768 bytes) into what is stored.
-  std::function<std::string(std::string_view)> pack = [](auto block) { return std::string(block); };
 };
 
-/// The bytes of a sound cabinet.
+/// The bytes of a sound cabinet, neither compressed nor with checksums.
 std::string MakeCabinet(const std::vector<CabinetEntry>& entries,
                         const CabinetOptions& options = {});
 

@@ -1,14 +1,12 @@
 #include "cabinet_walks.h"
 
-#include <sys/wait.h>
-#include <unistd.h>
+#include <doctest/doctest.h>
 
 #include <array>
 #include <cstdio>
+#include <cstdlib>
+#include <numeric>
 #include <set>
-#include <stdexcept>
-
-namespace fs = std::filesystem;
 
 namespace panelkit::test {
 
@@ -26,7 +24,7 @@ constexpr std::uint32_t kContext = 0xC0FFEE;
 std::uint32_t Answer(std::uint32_t context, std::uint32_t notification, std::uintptr_t param1,
                      std::uintptr_t /*param2*/) {
   auto& [answers, log] = *conversation;
-  if (context != kContext) log += "wrong context\n";
+  CHECK(context == kContext);
   if (notification == SPFILENOTIFY_FILEINCABINET) {
     auto& info = *reinterpret_cast<FILE_IN_CABINET_INFO*>(param1);
     std::array<char, 400> line{};
@@ -42,7 +40,8 @@ std::uint32_t Answer(std::uint32_t context, std::uint32_t notification, std::uin
     log += outcome.Target + (' ' + std::to_string(outcome.Win32Error)) + '\n';
     return answers.to_extracted(outcome);
   }
-  log += notification == SPFILENOTIFY_NEEDNEWCABINET ? "next?\n" : "unknown\n";
+  CHECK(notification == SPFILENOTIFY_NEEDNEWCABINET);
+  log += "next?\n";
   return answers.to_next;
 }
 
@@ -52,8 +51,7 @@ Answers ExtractTo(const std::string& target) {
   Answers answers;
   answers.to_entry = [target](FILE_IN_CABINET_INFO& info) {
     std::string path = target;
-    const std::size_t star = path.find('*');
-    if (star != std::string::npos) path.replace(star, 1, info.NameInCabinet);
+    if (path.ends_with('*')) path.replace(path.size() - 1, 1, info.NameInCabinet);
     path.copy(info.FullTargetName, sizeof info.FullTargetName);
     return FILEOP_DOIT;
   };
@@ -64,10 +62,16 @@ std::string Told(const std::string& name, std::size_t size) {
   return std::to_string(size) + " | 01.01.2002 12:00:00 | " + name + " 20\n";
 }
 
-void BecomeOrdinaryUser() {
-  if (geteuid() == 0 && (setgid(65534) != 0 || setuid(65534) != 0)) {
-    throw std::runtime_error("still root");
-  }
+OrdinaryUser::OrdinaryUser() {
+  if (before_ == 0) REQUIRE(seteuid(65534) == 0);
+}
+
+OrdinaryUser::~OrdinaryUser() {
+  CHECK(seteuid(before_) == 0);
+}
+
+void CabinetWalks::Run(const std::string& line) const {
+  REQUIRE(std::system(("cd '" + Utf8(C("")) + "' && " + line).c_str()) == 0);
 }
 
 std::string CabinetWalks::Walk(const std::string& cabinet, Answers answers) {
@@ -77,37 +81,17 @@ std::string CabinetWalks::Walk(const std::string& cabinet, Answers answers) {
   return own.log + (done ? "ok" : "error " + std::to_string(service_.GetLastError()));
 }
 
-std::string CabinetWalks::WalkBytes(std::string_view bytes, Answers answers) {
+std::string CabinetWalks::WalkBytes(const std::string& bytes, Answers answers) {
   Put(C("x.cab"), bytes);
   return Walk("C:\\x.cab", std::move(answers));
 }
 
-std::string CabinetWalks::WalkApart(const std::string& cabinet, const Answers& answers,
-                                    const std::function<void()>& prepare) {
-  Put(C("log"), "");
-  fs::permissions(C("log"), fs::perms::others_write, fs::perm_options::add);
-  const pid_t child = fork();
-  if (child == 0) {
-    try {
-      prepare();
-      Put(C("log"), Walk(cabinet, answers));
-    } catch (const std::exception& error) {
-      Put(C("log"), error.what());
-    }
-    _exit(0);
-  }
-  waitpid(child, nullptr, 0);
-  return Get(C("log"));
-}
-
 std::string CabinetWalks::NamesInOut() const {
   std::set<std::string> names;
-  for (const auto& entry : fs::directory_iterator(C("out"))) {
-    names.insert(Utf8(entry.path().filename()));
+  for (const auto& entry : std::filesystem::directory_iterator(C("out"))) {
+    names.insert(Utf8(entry.path().filename()) + ' ');
   }
-  std::string joined;
-  for (const std::string& name : names) joined += name + ' ';
-  return joined;
+  return std::accumulate(names.begin(), names.end(), std::string());
 }
 
 }  // namespace panelkit::test

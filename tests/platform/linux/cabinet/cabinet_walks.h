@@ -1,10 +1,11 @@
 // Cabinets in a Wine prefix, and what is said in walks over them.
 #pragma once
 
+#include <unistd.h>
+
 #include <filesystem>
 #include <functional>
 #include <string>
-#include <string_view>
 
 #include "platform/cabinet_walk.h"
 #include "platform/linux/cabinet/cabinet_service.h"
@@ -29,8 +30,15 @@ Answers ExtractTo(const std::string& target);
 /// What a walk's log says of an entry with the writer's own stamp and attributes.
 std::string Told(const std::string& name, std::size_t size);
 
-/// Gives up root, whom permissions do not bind.
-void BecomeOrdinaryUser();
+/// While it lives, root, whom permissions do not bind, is another user.
+class OrdinaryUser {
+ public:
+  OrdinaryUser();
+  ~OrdinaryUser();
+
+ private:
+  uid_t before_ = geteuid();
+};
 
 /// A prefix in a temporary folder with the service over it; its C: has an empty folder "out".
 class CabinetWalks {
@@ -40,17 +48,16 @@ class CabinetWalks {
   /// The native path of a file on C:; folders are separated by "/".
   std::filesystem::path C(const std::string& name) const { return prefix_ / ("drive_c/" + name); }
 
+  /// Runs a line of shell in C:.
+  void Run(const std::string& line) const;
+
   /// The whole conversation of one walk, a line a notification, then "ok" or "error" and its code:
   /// "5 | 01.01.2002 12:00:00 | a.xml 20" (the attributes last), "next?", "C:\out\a.xml 0" (the
   /// outcome).
   std::string Walk(const std::string& cabinet, Answers answers = {});
 
   /// The same for a new cabinet of these bytes, C:\x.cab.
-  std::string WalkBytes(std::string_view bytes, Answers answers = {});
-
-  /// The same in a process of its own, which runs `prepare` before.
-  std::string WalkApart(const std::string& cabinet, const Answers& answers,
-                        const std::function<void()>& prepare);
+  std::string WalkBytes(const std::string& bytes, Answers answers = {});
 
   /// The names in C:\out, sorted, a blank behind each.
   std::string NamesInOut() const;
