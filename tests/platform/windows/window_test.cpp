@@ -3,7 +3,11 @@
 
 #include <commctrl.h>
 #include <doctest/doctest.h>
+#include <exdisp.h>
+#include <wrl/client.h>
 
+#include "platform/windows/browser_events.h"
+#include "platform/windows/system_library.h"
 #include "platform/windows/wide.h"
 #include "platform/windows/win32_face.h"
 #include "platform/windows/windows_on_screen.h"
@@ -70,6 +74,34 @@ bool IsCentred(HWND window) {
          std::abs(outer.top + outer.bottom - GetSystemMetrics(SM_CYSCREEN)) <= 3;
 }
 
+/// The browser control inside a form's pane.
+Microsoft::WRL::ComPtr<IWebBrowser2> ControlIn(HWND form) {
+  const auto ask =
+      windows::SystemCall<HRESULT WINAPI(HWND, IUnknown**)>(L"atl.dll", "AtlAxGetControl");
+  Microsoft::WRL::ComPtr<IUnknown> object;
+  Microsoft::WRL::ComPtr<IWebBrowser2> control;
+  REQUIRE(SUCCEEDED(ask(FindWindowExW(form, nullptr, L"AtlAxWin", nullptr), &object)));
+  REQUIRE(SUCCEEDED(object.As(&control)));
+  return control;
+}
+
+std::string Location(IWebBrowser2& control) {
+  BSTR url = nullptr;
+  control.get_LocationURL(&url);
+  std::string text = windows::Utf8({url, SysStringLen(url)});
+  SysFreeString(url);
+  return text;
+}
+
+/// Goes where a link in the page would go.
+void Follow(IWebBrowser2& control, const wchar_t* address) {
+  BSTR text = SysAllocString(address);
+  VARIANT none;
+  VariantInit(&none);
+  control.Navigate(text, &none, &none, &none, &none);
+  SysFreeString(text);
+}
+
 }  // namespace
 
 TEST_CASE_FIXTURE(Screen,
@@ -126,6 +158,30 @@ TEST_CASE_FIXTURE(Screen, "The window has its size, its frame, no task-bar entry
   REQUIRE(pane != nullptr);
   CHECK(WindowText(pane) == "Report");
   CHECK(GetWindow(pane, GW_CHILD) != nullptr);  // the browser control itself
+}
+
+TEST_CASE_FIXTURE(Screen, "The pane shows the page, and follows no link to a file of the user's") {
+  Start();
+  const auto control = ControlIn(window);
+  CHECK(Until([&] { return Location(*control.Get()).ends_with("GAUGES.HTM"); }));
+  static std::wstring asked;  // The control may outlive this test by a turn.
+  asked.clear();
+  const Microsoft::WRL::ComPtr<windows::BrowserEvents> witness(
+      new windows::BrowserEvents({[](const std::wstring& address) {
+                                    asked = address;
+                                    return true;
+                                  },
+                                  [](const std::wstring&) {}}));
+  witness->ListenTo(*control.Get());
+  Follow(*control.Get(), L"C:\\windows\\win.ini");
+  CHECK(Until([] { return asked.ends_with(L"win.ini"); }));
+  Follow(*control.Get(), L"about:blank");
+  std::string last;
+  CHECK(Until([&] {
+    if (Location(*control.Get()) != "about:blank") last = Location(*control.Get());
+    return last != Location(*control.Get());
+  }));
+  CHECK(last.ends_with("GAUGES.HTM"));
 }
 
 TEST_CASE_FIXTURE(Screen, "About comes back where it stood after OK, and centred after a close") {
