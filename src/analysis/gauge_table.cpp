@@ -1,42 +1,40 @@
 #include "analysis/gauge_table.h"
 
-#include <utility>
+#include <string>
 
 #include "analysis/panel_entry.h"
 
 namespace panelkit {
 
-void GaugeTable::Reset() {
-  rows_.assign(1, {});
-  overflowed_ = false;
-  lowered_keys_.clear();
-  parts_of_keys_.Clear();
-  answered_.clear();
-}
-
-bool GaugeTable::Add(const Text& text, std::string origin, std::string key) {
-  std::string lowered = text.Lower(key);
-  rows_.back() = {std::move(origin), std::move(key)};
+bool GaugeTable::Add(const Text& text, std::string_view origin, std::string_view key) {
+  auto& [store, rows, lowered_keys, whole_keys, parts_of_keys, answers] = *contents_;
+  // The rows of one cabinet follow each other and share its name.
+  const bool same_origin = rows.size() > 1 && rows[rows.size() - 2].origin == origin;
+  rows.back() = {same_origin ? rows[rows.size() - 2].origin : store.Keep(origin), store.Keep(key)};
   if (UpperBound() == kHighestIndex) {
     overflowed_ = true;
     return false;
   }
-  rows_.emplace_back();
-  lowered_keys_.insert(lowered);
-  parts_of_keys_.Add(std::move(lowered));
-  answered_.clear();
+  rows.emplace_back();
+  lowered_keys.push_back(store.Keep(text.Lower(key)));
+  whole_keys.insert(lowered_keys.back());
+  parts_of_keys.reset();
+  answers.clear();
   return true;
 }
 
-bool GaugeTable::Exists(const Text& text, const std::string& entry) const {
-  const auto [answer, is_new] = answered_.try_emplace(entry, false);
-  if (is_new) {
-    const std::string lowered = text.Lower(entry);
-    answer->second =
-        (NamesFile(lowered) && lowered_keys_.contains(std::string(FilePart(lowered)))) ||
-        parts_of_keys_.Contains(lowered);
-  }
-  return answer->second;
+bool GaugeTable::Exists(const Text& text, std::string_view entry) const {
+  auto& [store, rows, lowered_keys, whole_keys, parts_of_keys, answers] = *contents_;
+  const auto known = answers.find(entry);
+  if (known != answers.end()) return known->second;
+  const std::string lowered = text.Lower(entry);
+  if (!parts_of_keys) parts_of_keys.emplace(lowered_keys);
+  // A whole key, which most entries are, holds itself.
+  const bool exists = whole_keys.contains(lowered) ||
+                      (NamesFile(lowered) && whole_keys.contains(FilePart(lowered))) ||
+                      parts_of_keys->Contains(lowered);
+  answers.emplace(store.Keep(entry), exists);
+  return exists;
 }
 
 }  // namespace panelkit

@@ -1,34 +1,34 @@
-// A growing collection of texts that answers quickly whether one of them contains a given text.
+// A collection of texts that answers quickly whether one of them contains a given text.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
-#include <string>
 #include <string_view>
-#include <unordered_map>
-#include <unordered_set>
 #include <vector>
 
 namespace panelkit {
 
-/// Finds substrings by trigrams: each run of three bytes knows the texts that hold it, and only the
-/// texts of the rarest run of a question are looked through. Bytes are compared exactly; lower both
-/// sides to ignore case.
+/// Finds substrings by trigrams: the runs of three bytes are dealt out to chains, each of which
+/// lists the texts that hold one of its runs, and only the texts of a question's shortest chain are
+/// looked through. Bytes are compared exactly; lower both sides to ignore case.
 class SubstringIndex {
  public:
-  void Add(std::string text);
-  void Clear();
+  /// Takes at most 65,536 texts. What they view must outlive the index.
+  explicit SubstringIndex(std::vector<std::string_view> texts);
 
-  /// Whether `part` occurs in any text added so far. The empty part occurs in every text.
-  bool Contains(std::string_view part) const;
+  /// Whether `part` occurs in one of the texts. The empty part occurs in every text.
+  bool Contains(std::string_view part) const { return ContainsBefore(texts_.size(), part); }
+
+  /// Whether `part` occurs in one of the first `count` texts.
+  bool ContainsBefore(std::size_t count, std::string_view part) const;
 
  private:
-  using Rows = std::vector<std::int32_t>;
+  std::size_t ShortestChain(std::string_view part) const;
 
-  const Rows* RowsOfRarestTrigram(std::string_view part) const;
-
-  std::vector<std::string> texts_;
-  std::unordered_set<std::uint32_t> short_parts_;  // Runs of one and of two bytes.
-  std::unordered_map<std::uint32_t, Rows> rows_by_trigram_;
+  std::vector<std::string_view> texts_;
+  std::vector<std::uint32_t>
+      starts_;  // Where each chain starts in numbers_, and the last one's end.
+  std::vector<std::uint16_t> numbers_;  // Numbers of texts, ascending in each chain.
 };
 
 }  // namespace panelkit

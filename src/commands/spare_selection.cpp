@@ -9,15 +9,17 @@
 namespace panelkit {
 namespace {
 
+std::unordered_set<std::string> Lowered(const std::vector<std::string>& names, const Text& text) {
+  std::unordered_set<std::string> lowered;
+  for (const std::string& name : names) lowered.insert(text.Lower(name));
+  return lowered;
+}
+
 // The required names, lowered, ready for both tests.
 class RequiredNames {
  public:
-  RequiredNames(const std::vector<std::string>& required, const Text& text) {
-    for (const std::string& name : required) {
-      const std::string lowered = text.Lower(name);
-      if (whole_.insert(lowered).second) parts_.Add(lowered);
-    }
-  }
+  RequiredNames(const std::vector<std::string>& required, const Text& text)
+      : whole_(Lowered(required, text)), parts_({whole_.begin(), whole_.end()}) {}
 
   bool Need(const std::string& lowered_key) const {
     return (NamesFile(lowered_key) && whole_.contains(std::string(FilePart(lowered_key)))) ||
@@ -35,17 +37,20 @@ SpareSelection SelectSpare(const GaugeTable& installed, const std::vector<std::s
                            const Text& text) {
   const RequiredNames needed_by(required, text);
   SpareSelection spare;
-  SubstringIndex parts_of_spare_files;
+  std::vector<std::string> lowered_files;
   for (int row = 0; row < installed.UpperBound(); ++row) {
-    const std::string& key = installed.Row(row).key;
+    const std::string_view key = installed.Row(row).key;
     const std::string lowered = text.Lower(key);
     if (needed_by.Need(lowered)) continue;
-    spare.keys.push_back(key);
-    const std::string file(FilePart(lowered));
-    // A name that equals an earlier one occurs in it, so this one test serves for both.
-    if (parts_of_spare_files.Contains(file)) continue;
-    spare.SpareFiles.push_back(NamesFile(key) ? file : key);
-    parts_of_spare_files.Add(file);
+    spare.keys.emplace_back(key);
+    lowered_files.emplace_back(FilePart(lowered));
+  }
+  const SubstringIndex parts_of_files({lowered_files.begin(), lowered_files.end()});
+  for (std::size_t i = 0; i < lowered_files.size(); ++i) {
+    // A name that equals an earlier one occurs in it, so this one test serves for both. It may ask
+    // all earlier ones, those left out as well: what occurs in them occurs in one that is moved.
+    if (parts_of_files.ContainsBefore(i, lowered_files[i])) continue;
+    spare.SpareFiles.push_back(NamesFile(spare.keys[i]) ? lowered_files[i] : spare.keys[i]);
   }
   return spare;
 }

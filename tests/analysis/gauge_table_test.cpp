@@ -99,7 +99,7 @@ TEST_CASE("gauge files and the xml entries of cabinets are rows, in the order of
   std::string rows;
   const GaugeTable& table = modGauges::InstalledGauges;
   for (int row = 0; row <= table.UpperBound(); ++row) {
-    rows += table.Row(row).origin + ":" + table.Row(row).key + "\n";
+    rows.append(table.Row(row).origin).append(":").append(table.Row(row).key).append("\n");
   }
   CHECK(rows ==
         "Gauge File:alpha\nGauge File:Zulu\nabc:abc!Speed\nabc:abc!Clock\nabc:abc!\n"
