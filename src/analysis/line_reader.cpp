@@ -5,18 +5,28 @@
 namespace panelkit {
 
 std::string_view LineReader::Next() {
-  const std::size_t end = std::min(rest_.find_first_of("\r\n"), rest_.size());
-  const std::string_view line = rest_.substr(0, end);
-  rest_.remove_prefix(end);
-  if (!rest_.empty()) rest_.remove_prefix(rest_.starts_with("\r\n") ? 2 : 1);
+  if (cr_ < position_) cr_ = Following('\r');
+  if (lf_ < position_) lf_ = Following('\n');
+  const std::size_t end = std::min(cr_, lf_);
+  const std::string_view line = text_.substr(position_, end - position_);
+  position_ = std::min(lf_ == cr_ + 1 ? lf_ + 1 : end + 1, text_.size());
   return line;
 }
 
+std::size_t LineReader::Following(char end) const {
+  return std::min(text_.find(end, position_), text_.size());
+}
+
 bool ContainsWords(std::string_view line, std::string_view words) {
-  const auto same = [](char in_line, char word) {
+  const auto same = [](char word, char in_line) {
     return (in_line >= 'A' && in_line <= 'Z' ? in_line - 'A' + 'a' : in_line) == word;
   };
-  return std::search(line.begin(), line.end(), words.begin(), words.end(), same) != line.end();
+  // Most words asked for begin with a bracket, and most lines have none.
+  if (words.front() < 'a') line.remove_prefix(std::min(line.find(words.front()), line.size()));
+  for (; line.size() >= words.size(); line.remove_prefix(1)) {
+    if (std::equal(words.begin(), words.end(), line.begin(), same)) return true;
+  }
+  return false;
 }
 
 }  // namespace panelkit

@@ -19,17 +19,17 @@ void PanelReport::OnWindow(std::string_view title) {
 }
 
 void PanelReport::OnEntry(std::string_view entry_text) {
-  std::string entry(entry_text);
+  entry_ = entry_text;
   if (mode_ == PanelReportMode::RequiredOnly) {
-    collect_(std::move(entry));
+    collect_(entry_);
     return;
   }
-  const bool missing = !exists_(entry);
+  const bool missing = !exists_(entry_);
   if (!missing && mode_ == PanelReportMode::Missing) return;
   WriteHeaders();
-  html_ += "&nbsp; &nbsp; &nbsp; &nbsp; &nbsp; " + entry;
+  html_.append("&nbsp; &nbsp; &nbsp; &nbsp; &nbsp; ").append(entry_);
   html_ += missing ? " *** MISSING ***<br>\r\n" : "<br>\r\n";
-  if (missing) collect_(std::move(entry));
+  if (missing) collect_(entry_);
 }
 
 void PanelReport::WriteHeaders() {

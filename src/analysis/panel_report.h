@@ -39,6 +39,7 @@ class PanelReport : public PanelSink {
   std::function<bool(const std::string&)> exists_;
   std::function<void(std::string)> collect_;
   std::string_view window_title_;
+  std::string entry_;  // Kept from call to call for its memory.
   bool AircraftHeaderWritten = false;
   bool WindowHeaderWritten = false;
 };

@@ -63,10 +63,11 @@ std::optional<std::string> LineText(std::string_view line) {
 
 std::string ReportText(std::string_view page) {
   std::string text;
+  text.reserve(page.size());
   while (!page.empty()) {
     const std::string_view line = page.substr(0, page.find("\r\n"));
     page.remove_prefix(std::min(page.size(), line.size() + 2));
-    if (const auto plain = LineText(line)) text += *plain + "\n";
+    if (const auto plain = LineText(line)) text.append(*plain).append("\n");
   }
   return text;
 }
