@@ -40,8 +40,17 @@ Drives::Drives(std::string_view prefix) : prefix_(WithoutClosingSlash(std::strin
 
 std::optional<std::string> Drives::Root(char letter) const {
   const char name = letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter + 32) : letter;
+  const auto now = std::chrono::steady_clock::now();
+  const auto known = known_.find(name);
+  if (known != known_.end() && now - known->second.since < std::chrono::seconds(1)) {
+    return known->second.root;
+  }
+  return known_.insert_or_assign(name, Known{now, ReadRoot(name)}).first->second.root;
+}
+
+std::optional<std::string> Drives::ReadRoot(char small_letter) const {
   const std::string links = prefix_ + "/dosdevices/";
-  const std::string link = links + name + ':';
+  const std::string link = links + small_letter + ':';
   std::array<char, PATH_MAX> target{};
   const ssize_t length = readlink(link.c_str(), target.data(), target.size());
   if (length > 0) {
@@ -50,8 +59,8 @@ std::optional<std::string> Drives::Root(char letter) const {
     return WithoutClosingSlash(std::filesystem::path(links + std::string(text)).lexically_normal());
   }
   if (StatusOf(link)) return link;
-  if (name == 'c') return prefix_ + "/drive_c";
-  if (name == 'z') return "";
+  if (small_letter == 'c') return prefix_ + "/drive_c";
+  if (small_letter == 'z') return "";
   return std::nullopt;
 }
 

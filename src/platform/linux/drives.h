@@ -1,14 +1,16 @@
 // The drives of a Wine prefix.
 #pragma once
 
+#include <chrono>
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
 
 namespace panelkit {
 
-/// Drive letters and where they lead: the links in the prefix's folder `dosdevices`, read afresh at
-/// each call; C: is `drive_c` and Z: is "/" also where no link says so.
+/// Drive letters and where they lead: the links in the prefix's folder `dosdevices`, each read
+/// again after a second at the latest; C: is `drive_c` and Z: is "/" also where no link says so.
 class Drives {
  public:
   explicit Drives(std::string_view prefix);
@@ -29,7 +31,15 @@ class Drives {
   Place Holding(std::string_view native_path) const;
 
  private:
+  struct Known {
+    std::chrono::steady_clock::time_point since;
+    std::optional<std::string> root;
+  };
+
+  std::optional<std::string> ReadRoot(char small_letter) const;
+
   std::string prefix_;
+  mutable std::map<char, Known> known_;  // By small letter.
 };
 
 }  // namespace panelkit

@@ -31,7 +31,8 @@ char AsciiUpper(char c) {
   return c >= 'a' && c <= 'z' ? static_cast<char>(c - ('a' - 'A')) : c;
 }
 
-std::string Mapped(std::string_view text, char (*map_ascii)(char), Mapping map) {
+template <char (*map_ascii)(char), Mapping map>
+std::string Mapped(std::string_view text) {
   std::string mapped(utf8::AsciiLength(text), '\0');
   std::size_t position = mapped.size();
   std::transform(text.begin(), text.begin() + std::ptrdiff_t(position), mapped.begin(), map_ascii);
@@ -57,11 +58,11 @@ std::string Mapped(std::string_view text, char (*map_ascii)(char), Mapping map) 
 }  // namespace
 
 std::string Lowered(std::string_view text) {
-  return Mapped(text, AsciiLower, towlower_l);
+  return Mapped<AsciiLower, towlower_l>(text);
 }
 
 std::string Uppered(std::string_view text) {
-  return Mapped(text, AsciiUpper, towupper_l);
+  return Mapped<AsciiUpper, towupper_l>(text);
 }
 
 }  // namespace panelkit

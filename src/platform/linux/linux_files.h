@@ -34,7 +34,6 @@ class LinuxFiles final : public Files {
   bool Delete(std::string_view path) override;
 
  private:
-  std::optional<struct stat> Status(std::string_view path) const;
   std::optional<std::string> PlainFile(std::string_view path) const;
 
   const PathResolver& resolver_;

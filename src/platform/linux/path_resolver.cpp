@@ -51,10 +51,6 @@ std::string OrRoot(const std::string& path) {
   return path.empty() ? "/" : path;
 }
 
-bool IsThere(const std::string& path) {
-  return StatusOf(path).has_value();
-}
-
 }  // namespace
 
 /// Takes the path's beginning away and gives the folder that it means.
@@ -84,41 +80,71 @@ std::optional<PathResolver::Location> PathResolver::Locate(std::string_view wind
   return location;
 }
 
-std::optional<std::string> PathResolver::FindEntry(const std::string& folder,
-                                                   std::string_view name) const {
+std::optional<PathResolver::Found> PathResolver::FindEntry(const std::string& folder,
+                                                           std::string_view name) const {
   std::string entry = folder + '/';
   entry += name;
-  if (IsThere(entry)) return entry;
+  if (const auto status = StatusOf(entry)) return Found{std::move(entry), *status};
   for (const auto& match : index_.Matches(OrRoot(folder), name)) {
     entry.replace(folder.size() + 1, std::string::npos, match);
-    if (IsThere(entry)) return entry;
+    if (const auto status = StatusOf(entry)) return Found{std::move(entry), *status};
   }
   return std::nullopt;
 }
 
-std::optional<std::string> PathResolver::Find(const Location& location) const {
-  if (const std::string path = OrRoot(location.path); IsThere(path)) return path;
-  std::string folder = location.path.substr(0, location.root_length);
-  std::string_view rest = std::string_view(location.path).substr(location.root_length);
+// How much of the path, whose end is not there as it is spelt, leads to a folder that is: found
+// from the end, where most spellings differ, but not over many parts.
+std::size_t PathResolver::SpeltLength(const Location& location) {
+  constexpr int kMostSteps = 3;
+  std::size_t length = location.path.size();
+  for (int step = 0; step < kMostSteps && length > location.root_length; ++step) {
+    length = location.path.rfind('/', length - 1);
+    if (StatusOf(OrRoot(location.path.substr(0, length)))) return length;
+  }
+  return location.root_length;
+}
+
+std::optional<PathResolver::Found> PathResolver::Find(const Location& location) const {
+  std::string path = OrRoot(location.path);
+  if (const auto status = StatusOf(path)) return Found{std::move(path), *status};
+  const std::size_t spelt = SpeltLength(location);
+  std::string folder = location.path.substr(0, spelt);
+  std::string_view rest = std::string_view(location.path).substr(spelt);
+  std::optional<Found> entry;
   while (!rest.empty()) {
     rest.remove_prefix(1);
     const std::size_t end = std::min(rest.find('/'), rest.size());
     const std::string_view name = rest.substr(0, end);
     rest.remove_prefix(end);
-    auto entry = FindEntry(folder, name);
+    entry = FindEntry(folder, name);
     const std::string_view trimmed = WithoutTrailingDots(name);
     if (!entry && rest.empty() && !trimmed.empty() && trimmed != name) {
       entry = FindEntry(folder, trimmed);
     }
     if (!entry) return std::nullopt;
-    folder = *std::move(entry);
+    folder = entry->path;
   }
-  return IsThere(OrRoot(folder)) ? std::optional(OrRoot(folder)) : std::nullopt;
+  return entry;
 }
 
 std::optional<std::string> PathResolver::Existing(std::string_view windows_path) const {
   const auto location = Locate(windows_path);
-  return location ? Find(*location) : std::nullopt;
+  auto found = location ? Find(*location) : std::nullopt;
+  if (!found) return std::nullopt;
+  return std::move(found->path);
+}
+
+std::optional<std::string> PathResolver::AsSpelt(std::string_view windows_path) const {
+  auto location = Locate(windows_path);
+  if (!location) return std::nullopt;
+  return OrRoot(location->path);
+}
+
+std::optional<struct stat> PathResolver::Status(std::string_view windows_path) const {
+  const auto location = Locate(windows_path);
+  const auto found = location ? Find(*location) : std::nullopt;
+  if (!found) return std::nullopt;
+  return found->status;
 }
 
 std::optional<std::string> PathResolver::SpeltExactly(std::string_view windows_path) const {
@@ -129,9 +155,8 @@ std::optional<std::string> PathResolver::SpeltExactly(std::string_view windows_p
   const std::string name(WithoutTrailingDots(NameOf(location->path)));
   location->path.resize(location->path.rfind('/'));
   const auto folder = Find(*location);
-  const auto status = folder ? StatusOf(*folder) : std::nullopt;
-  if (!status || !S_ISDIR(status->st_mode) || name.empty()) return std::nullopt;
-  return (*folder == "/" ? "" : *folder) + '/' + name;
+  if (!folder || !S_ISDIR(folder->status.st_mode) || name.empty()) return std::nullopt;
+  return (folder->path == "/" ? "" : folder->path) + '/' + name;
 }
 
 std::optional<std::string> PathResolver::ForCreation(std::string_view windows_path) const {

@@ -1,6 +1,8 @@
 // From Windows paths to the native paths of a Wine prefix, and back.
 #pragma once
 
+#include <sys/stat.h>
+
 #include <cstddef>
 #include <optional>
 #include <string>
@@ -25,6 +27,13 @@ class PathResolver {
   /// The native path of what exists at `windows_path` (links followed, so a dangling one does not
   /// exist).
   std::optional<std::string> Existing(std::string_view windows_path) const;
+
+  /// Where the path leads if each of its parts is spelt as its entry is; nothing without its drive.
+  /// Asks nothing of the disk.
+  std::optional<std::string> AsSpelt(std::string_view windows_path) const;
+
+  /// What exists there, as stat(2) tells it.
+  std::optional<struct stat> Status(std::string_view windows_path) const;
 
   /// Where a file or folder of that path is to be created: the native path of its existing folder,
   /// then the last part as it is spelt, or as an entry of that name in other case is. Nothing where
@@ -51,10 +60,15 @@ class PathResolver {
     std::string path;
     std::size_t root_length = 0;
   };
+  struct Found {
+    std::string path;
+    struct stat status;
+  };
   std::optional<Location> Locate(std::string_view windows_path) const;
   std::optional<Location> LocateRoot(std::string_view& windows_path) const;
-  std::optional<std::string> Find(const Location& location) const;
-  std::optional<std::string> FindEntry(const std::string& folder, std::string_view name) const;
+  static std::size_t SpeltLength(const Location& location);
+  std::optional<Found> Find(const Location& location) const;
+  std::optional<Found> FindEntry(const std::string& folder, std::string_view name) const;
 
   Drives drives_;
   mutable FolderIndex index_;

@@ -1,7 +1,8 @@
 #include "platform/linux/utf8.h"
 
-#include <algorithm>
 #include <array>
+#include <cstdint>
+#include <cstring>
 
 namespace panelkit::utf8 {
 
@@ -62,9 +63,14 @@ bool IsValid(std::string_view text) {
 }
 
 std::size_t AsciiLength(std::string_view text) {
-  const auto* const found = std::find_if(
-      text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) >= 0x80; });
-  return static_cast<std::size_t>(found - text.begin());
+  std::size_t length = 0;
+  // Whole panels come here: eight bytes a step.
+  for (std::uint64_t bytes = 0; length + sizeof bytes <= text.size(); length += sizeof bytes) {
+    std::memcpy(&bytes, text.data() + length, sizeof bytes);
+    if ((bytes & 0x8080808080808080) != 0) break;
+  }
+  while (length < text.size() && static_cast<unsigned char>(text[length]) < 0x80) ++length;
+  return length;
 }
 
 std::string FromUtf16(std::u16string_view units) {
