@@ -10,11 +10,12 @@
 namespace panelkit {
 namespace {
 
-void PrintEntry(const DateStamps& dates, const std::string& name, double date, std::int32_t size) {
+std::string EntryLine(const DateStamps& dates, const std::string& name, double date,
+                      std::int32_t size) {
   constexpr std::size_t kSizeWidth = 10;
   const std::string digits = std::to_string(static_cast<std::uint32_t>(size));
   const std::string blanks(kSizeWidth - std::min(kSizeWidth, digits.size()), ' ');
-  terminal::WriteOut(blanks + digits + "  " + dates.DateText(date) + "  " + name + "\n");
+  return blanks + digits + "  " + dates.DateText(date) + "  " + name + "\n";
 }
 
 int Count(CABFile& cabinet) {
@@ -23,14 +24,15 @@ int Count(CABFile& cabinet) {
 }
 
 int List(CABFile& cabinet, const DateStamps& dates, const std::string& entry) {
-  bool found = false;
+  std::string lines;
   cabinet.FileFound.Subscribe(
       [&](const std::string& file, double date, std::int32_t size, const std::string& folder) {
-        found = true;
-        PrintEntry(dates, folder + file, date, size);
+        lines += EntryLine(dates, folder + file, date, size);
       });
-  if (!cabinet.GetInfo(entry)) cabinet.FileCount();  // Throws the reason, which GetInfo drops.
-  if (!entry.empty() && !found) return Complain("The cabinet has no entry " + entry + ".");
+  const bool sound = cabinet.GetInfo(entry);
+  terminal::WriteOut(lines);
+  if (!sound) cabinet.FileCount();  // Throws the reason, which GetInfo drops.
+  if (!entry.empty() && lines.empty()) return Complain("The cabinet has no entry " + entry + ".");
   return kExitDone;
 }
 

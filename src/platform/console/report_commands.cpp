@@ -35,11 +35,12 @@ int DryRun(frmGauges& program, ProgressLine& progress, const Files& files,
   progress.Wipe();
   if (!spare) return Complain(program.Complaint());
   const GaugeFolders folders = FoldersOf(simulator, files.AppFolder());
-  terminal::WriteOut("Would move to " + folders.spare + ":\n");
+  std::string lines = "Would move to " + folders.spare + ":\n";
   for (const std::string& entry : spare->SpareFiles) {
     const std::string name = SpareFileName(files, folders.gauges, entry);
-    if (!name.empty()) terminal::WriteOut("    " + name + "\n");
+    if (!name.empty()) lines += "    " + name + "\n";
   }
+  terminal::WriteOut(lines);
   return kExitDone;
 }
 
@@ -55,8 +56,9 @@ std::string FolderComplaint(LocalMachine& machine, const std::string& simulator)
 
 void PrintNames(const std::string& heading, const std::vector<std::string>& names) {
   if (names.empty()) return;
-  terminal::WriteOut(heading + "\n");
-  for (const std::string& name : names) terminal::WriteOut("    " + name + "\n");
+  std::string lines = heading + "\n";
+  for (const std::string& name : names) lines += "    " + name + "\n";
+  terminal::WriteOut(lines);
 }
 
 }  // namespace

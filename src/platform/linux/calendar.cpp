@@ -6,7 +6,6 @@
 #include <ctime>
 #include <cwchar>
 
-#include "platform/linux/user_locale.h"
 #include "platform/linux/utf8.h"
 
 namespace panelkit {
@@ -101,9 +100,9 @@ std::string Calendar::DateText(double date) const {
       kDateEpoch + days(static_cast<int>(whole_days) + static_cast<int>(seconds / kSecondsPerDay));
   const std::tm fields = Fields(day_of_text, seconds % kSecondsPerDay);
   std::array<wchar_t, 256> buffer{};
-  const UserLocale locale;
+  if (!locale_) locale_.emplace(LC_TIME_MASK | LC_CTYPE_MASK);
   const std::size_t length =
-      wcsftime_l(buffer.data(), buffer.size(), L"%x %X", &fields, locale.Get());
+      wcsftime_l(buffer.data(), buffer.size(), L"%x %X", &fields, locale_->Get());
   std::string text;
   for (std::size_t i = 0; i < length; ++i) utf8::Append(text, static_cast<char32_t>(buffer[i]));
   return text;

@@ -1,12 +1,15 @@
 // Date stamps on Linux.
 #pragma once
 
+#include <optional>
+
 #include "platform/date_stamps.h"
+#include "platform/linux/user_locale.h"
 
 namespace panelkit {
 
 /// The Gregorian calendar, and dates in the words of the user's locale (C where that is not
-/// installed).
+/// installed), as it is when the first one is asked for.
 class Calendar final : public DateStamps {
  public:
   bool DosDateTimeToFileTime(std::uint16_t DosDate, std::uint16_t DosTime,
@@ -15,6 +18,9 @@ class Calendar final : public DateStamps {
 
   /// Empty for what is no number or lies outside the years 100 to 9999.
   std::string DateText(double date) const override;
+
+ private:
+  mutable std::optional<UserLocale> locale_;
 };
 
 }  // namespace panelkit

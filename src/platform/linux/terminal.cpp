@@ -17,7 +17,7 @@ namespace panelkit::terminal {
 namespace {
 
 std::string TerminalEncoding() {
-  const UserLocale locale;
+  const UserLocale locale(LC_CTYPE_MASK);
   return nl_langinfo_l(CODESET, locale.Get());
 }
 

@@ -5,11 +5,13 @@
 
 namespace panelkit {
 
-/// The locale that the environment names; C where it is not installed.
+/// The locale that the environment names; C where it is not installed. Each category is a file to
+/// load, so only those asked for are of the user.
 class UserLocale {
  public:
-  UserLocale() : locale_(newlocale(LC_ALL_MASK, "", nullptr)) {
-    if (!locale_) locale_ = newlocale(LC_ALL_MASK, "C", nullptr);
+  /// `categories` as for newlocale(3): LC_TIME_MASK, ...
+  explicit UserLocale(int categories) : locale_(newlocale(categories, "", nullptr)) {
+    if (!locale_) locale_ = newlocale(categories, "C", nullptr);
   }
   ~UserLocale() { freelocale(locale_); }
   UserLocale(const UserLocale&) = delete;
