@@ -120,7 +120,8 @@ class WindowTest(unittest.TestCase):
             self.assertEqual((frame.width, frame.height), (int(696 * scale), int(474 * scale)))
             for name, place in places.items():
                 at = found[name]
-                for side, at_96 in zip((at.x - frame.x, at.y - frame.y, at.width, at.height), place):
+                sides = (at.x - frame.x, at.y - frame.y, at.width, at.height)
+                for side, at_96 in zip(sides, place):
                     self.assertAlmostEqual(side, at_96 * scale, delta=1, msg=name)
             program.close()
 

@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <set>
 #include <string>
+#include <vector>
 
 #include "ordinary_user.h"
 #include "platform/linux/linux_files.h"

@@ -41,7 +41,6 @@ TEST_CASE("A Windows path reaches its file whatever its case, separators and dri
       {R"(C:\..\program files\fs2002\ünal 747\panel.cfg. .)", panel},
       {R"(fs2002\ÜNAL 747\panel.cfg)", panel},
       {R"(\program files\FS2002\Ünal 747\panel.cfg)", panel},
-      {"z:" + panel, panel},
       {R"(C:\Program Files\trailing. )", games / "trailing. "},
       {R"(\\NAS\Games\fs.cfg)", prefix / "dosdevices/unc/nas/games/fs.cfg"},
       {R"(D:\two\LOWER)", elsewhere / "two/lower"},
@@ -52,7 +51,6 @@ TEST_CASE("A Windows path reaches its file whatever its case, separators and dri
       {std::string("C:\\Program Files\0x", 18), ""},
       {"C:\\" + std::string(5000, 'x'), ""},
       {R"(D:\both\x)", ""},
-      {"", ""},
   };
   for (const auto& path : cases) {
     CAPTURE(path.first);
