@@ -157,7 +157,7 @@ TEST_CASE_FIXTURE(CabinetWalks, "A damaged entry is an error and leaves the old 
   for (const std::string name : {"a", "b", "c"}) Put(C(name), std::string(32768, name[0]));
   Run("gcab -c sound.cab a b c");
   const std::string sound = Get(C("sound.cab"));
-  const std::size_t content = sound.size() - 3 * 32768;
+  const std::size_t content = sound.find("aaaa");
   Put(C("out/a"), "old a");
   std::string codes;
   Answers go_on = ExtractTo("C:\\out\\*");

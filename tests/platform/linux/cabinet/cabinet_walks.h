@@ -116,7 +116,7 @@ class CabinetWalks {
   }
 
   struct Conversation {
-    const Answers* answers;
+    const Answers* answers = nullptr;
     std::string log;
   };
   static inline Conversation conversation;
