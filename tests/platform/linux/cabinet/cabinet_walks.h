@@ -116,10 +116,10 @@ class CabinetWalks {
   }
 
   struct Conversation {
-    const Answers* answers = nullptr;
+    const Answers* answers;
     std::string log;
   };
-  static inline Conversation conversation;
+  static inline Conversation conversation = {nullptr, ""};
 
   TempFolder prefix_;
   CodePageText text_{1252};
