@@ -24,6 +24,7 @@ struct BrowserDecisions {
 class BrowserEvents final : public IDispatch {
  public:
   explicit BrowserEvents(BrowserDecisions decisions) : decisions_(std::move(decisions)) {}
+  virtual ~BrowserEvents() = default;
 
   /// Has `browser` send its events here, for as long as it lives.
   void ListenTo(IWebBrowser2& browser);
@@ -40,8 +41,6 @@ class BrowserEvents final : public IDispatch {
                                    VARIANT*, EXCEPINFO*, UINT*) override;
 
  private:
-  ~BrowserEvents() = default;
-
   BrowserDecisions decisions_;
   std::atomic<ULONG> references_{1};
 };

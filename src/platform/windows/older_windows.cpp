@@ -10,8 +10,8 @@ using TickCount = ULONGLONG WINAPI();
 
 /// Milliseconds since the system's start; on XP they begin anew after 49 days.
 ULONGLONG WINAPI TickCountOfAnyWindows() {
-  const auto newer = reinterpret_cast<TickCount*>(reinterpret_cast<void*>(
-      GetProcAddress(GetModuleHandleW(L"kernel32.dll"), "GetTickCount64")));
+  const auto newer = reinterpret_cast<TickCount*>(
+      reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"kernel32.dll"), "GetTickCount64")));
   return newer != nullptr ? newer() : GetTickCount();
 }
 

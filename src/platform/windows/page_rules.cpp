@@ -41,7 +41,7 @@ void PageRules::Admit(std::wstring_view path) {
 }
 
 bool PageRules::MayLoad(std::wstring_view address) const {
-  return IsWebAddress(address) || StartsWith(address, L"about:") || StartsWith(address, L"res:") ||
+  return IsWebAddress(address) || address == L"about:blank" || StartsWith(address, L"res:") ||
          files_.contains(FileOf(address));
 }
 

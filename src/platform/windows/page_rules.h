@@ -15,7 +15,7 @@ class PageRules {
   void Admit(std::wstring_view path);
 
   /// Whether the pane may load an address, written as a path or a URL: a web address, a page of
-  /// the browser's own ("about:blank", "res:..."), or an admitted file.
+  /// the browser's own (about:blank, or an error page in "res:..."), or an admitted file.
   bool MayLoad(std::wstring_view address) const;
 
  private:

@@ -13,7 +13,7 @@ namespace panelkit::terminal {
 namespace {
 
 /// Bytes, or UTF-16 units of a console, that one write moves at most: older consoles refuse more.
-constexpr std::size_t kBlock = 8 * 1024;
+constexpr std::size_t kBlock = std::size_t{8} * 1024;
 
 bool IsConsole(HANDLE stream) {
   DWORD mode = 0;
@@ -64,6 +64,7 @@ std::vector<std::string> Arguments(int, char**) {
   int count = 0;
   wchar_t** wide = CommandLineToArgvW(GetCommandLineW(), &count);
   std::vector<std::string> arguments;
+  arguments.reserve(count);
   for (int i = 0; i < count; ++i) arguments.push_back(windows::Utf8(wide[i]));
   LocalFree(static_cast<HLOCAL>(wide));
   return arguments;

@@ -8,13 +8,14 @@
 
 namespace panelkit::windows {
 
-Win32Face::Win32Face() : scale_(ScreenScale::OfScreen()) {
+Win32Face::Win32Face()
+    : scale_(ScreenScale::OfScreen()),
+      owner_(CreateWindowExW(0, L"STATIC", L"Panelkit", WS_POPUP, 0, 0, 0, 0, nullptr, nullptr,
+                             GetModuleHandleW(nullptr), nullptr)) {
   const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_PROGRESS_CLASS};
   InitCommonControlsEx(&controls);
   OleInitialize(nullptr);
   LockLocalPages();
-  owner_ = CreateWindowExW(0, L"STATIC", L"Panelkit", WS_POPUP, 0, 0, 0, 0, nullptr, nullptr,
-                           GetModuleHandleW(nullptr), nullptr);
 }
 
 Win32Face::~Win32Face() {

@@ -17,8 +17,9 @@ TEST_CASE("The pane loads the web and the program's own pages, and no other file
   }
   for (const wchar_t* address :
        {L"", L"C:\\Höhe #1\\BRAKES.HTM", L"C:\\Windows\\system32\\calc.exe", L"file:///C:/",
-        L"\\\\server\\share\\GAUGES.HTM", L"javascript:alert(1)", L"mailto:kim@panelkit.example",
-        L"ms-settings:", L"httpx://www.panelkit.example", L"ftp://www.panelkit.example"}) {
+        L"\\\\server\\share\\GAUGES.HTM", L"javascript:alert(1)", L"about:<b>",
+        L"mailto:kim@panelkit.example", L"ms-settings:", L"httpx://www.panelkit.example",
+        L"ftp://www.panelkit.example"}) {
     CAPTURE(address);
     CHECK_FALSE(rules.MayLoad(address));
   }
