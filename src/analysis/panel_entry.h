@@ -13,7 +13,7 @@ constexpr std::string_view FilePart(std::string_view entry) {
 
 /// Whether the entry, or a gauge key of a cabinet, has the form "file!gauge".
 constexpr bool NamesFile(std::string_view entry) {
-  return entry.find('!') != entry.npos;
+  return entry.find('!') != std::string_view::npos;
 }
 
 }  // namespace panelkit

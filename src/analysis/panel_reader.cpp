@@ -22,8 +22,8 @@ std::optional<std::string_view> EntryOf(std::string_view line) {
   const std::size_t comma = line.find(',');
   std::string_view entry = line.substr(0, comma);
   const std::size_t equals = entry.find('=');
-  if (equals != entry.npos) entry.remove_prefix(equals + 1);
-  if (comma == line.npos && entry.empty()) return std::nullopt;
+  if (equals != std::string_view::npos) entry.remove_prefix(equals + 1);
+  if (comma == std::string_view::npos && entry.empty()) return std::nullopt;
   return entry;
 }
 
@@ -31,7 +31,7 @@ std::optional<std::string_view> EntryOf(std::string_view line) {
 std::string_view AliasValue(std::string_view line) {
   line.remove_prefix(line.find('=') + 1);
   const std::size_t first = line.find_first_not_of(' ');
-  if (first == line.npos) return {};
+  if (first == std::string_view::npos) return {};
   return line.substr(first, line.find_last_not_of(' ') - first + 1);
 }
 

@@ -14,6 +14,12 @@ namespace {
 
 constexpr std::string_view kGaugeEnding = ".xml";
 
+// A notification's parameter carries the address of its record.
+template <class Record>
+Record& RecordAt(std::uintptr_t address) {
+  return *reinterpret_cast<Record*>(address);  // NOLINT(performance-no-int-to-ptr): the contract.
+}
+
 }  // namespace
 
 std::uint32_t CABFile::CabCallBack(std::uint32_t Context, std::uint32_t Notification,
@@ -29,9 +35,9 @@ std::uint32_t CABFile::Dispatch(std::uint32_t Context, std::uint32_t Notificatio
                                 std::uintptr_t Param1) {
   switch (Notification) {
     case SPFILENOTIFY_FILEINCABINET:
-      return EntryFound(Context, *reinterpret_cast<FILE_IN_CABINET_INFO*>(Param1));
+      return EntryFound(Context, RecordAt<FILE_IN_CABINET_INFO>(Param1));
     case SPFILENOTIFY_FILEEXTRACTED:
-      return EntryExtracted(*reinterpret_cast<const FILEPATHS*>(Param1));
+      return EntryExtracted(RecordAt<const FILEPATHS>(Param1));
     default:
       return 0;  // SPFILENOTIFY_NEEDNEWCABINET among them: no path of a new cabinet is given.
   }

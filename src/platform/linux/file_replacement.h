@@ -17,8 +17,8 @@ bool ReplaceFile(const std::string& target, std::string_view bytes, Durability d
 
 /// Makes `target` a copy of the plain file `source` with its time stamp, permissions and, where the
 /// disk takes them, extended attributes, flushed to the disk. A file or link at `target` gives way.
-/// False, without a partial target, on failure and where another program is writing the source; what
-/// stood at `target` stays where the source cannot be opened.
+/// False, without a partial target, on failure and where another program is writing the source;
+/// what stood at `target` stays where the source cannot be opened.
 bool CopyFile(const std::string& source, const std::string& target);
 
 }  // namespace panelkit
