@@ -29,8 +29,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
   cabinet->BeforeExtract.Subscribe(
       [&](const std::string&, bool& cancel) { cancel = ++entries > 16; });
   std::set<fs::path> announced = {prefix.c / "x.cab"};
-  cabinet->AfterExtract.Subscribe(
-      [&](const std::string& path) { announced.insert(prefix.machine.NativePath(path)); });
+  cabinet->AfterExtract.Subscribe([&](const std::string& path) {
+    const std::string native = prefix.machine.NativePath(path);
+    Require(native.starts_with((prefix.c / "out/").native()));
+    announced.insert(native);
+  });
   try {
     cabinet->Extract("", "C:\\out");
   } catch (const CabError& error) {

@@ -8,6 +8,7 @@ chmod 755 "$work"
 app=$work/app
 export HOME=$work/home WINEPREFIX=$work/prefix LC_ALL=C.UTF-8
 fs="$work/prefix/drive_c/Program Files/Microsoft Games/FS2002"
+export ASAN_OPTIONS=exitcode=99 UBSAN_OPTIONS=exitcode=99  # No status of the program's own.
 failures=0
 
 fail() {
