@@ -42,8 +42,8 @@ struct RestoreOutcome {
 /// The name that stands for every archived gauge.
 inline constexpr const char* kEveryGauge = "*";
 
-/// Brings the archived files of these names back where no file of that name stands in Gauges. A name
-/// without a gauge's extension stands for gauge file and cabinet; "*" and "?" may stand in it.
+/// Brings the archived files of these names back where no file of that name stands in Gauges. A
+/// name without a gauge's extension stands for gauge file and cabinet; "*" and "?" may stand in it.
 RestoreOutcome RestoreGauges(Files& files, const GaugeFolders& folders,
                              const std::vector<std::string>& names);
 
