@@ -37,7 +37,8 @@ constexpr std::string_view kFolderMiddle = " FOLDER: </font><BR> &nbsp;  &nbsp; 
 // The line of a Clean Gauges report that counts what went and names the folder.
 std::optional<std::string> RemovalText(std::string_view line) {
   const std::size_t middle = line.find(kFolderMiddle);
-  if (!line.starts_with(kFolderOpening) || middle == line.npos || !line.ends_with("<br>")) {
+  if (!line.starts_with(kFolderOpening) || middle == std::string_view::npos ||
+      !line.ends_with("<br>")) {
     return std::nullopt;
   }
   std::string_view folder = line.substr(middle + kFolderMiddle.size());

@@ -84,10 +84,11 @@ void GtkProgressBarControl::SetValue(int value) {
 
 void GtkProgressBarControl::Show() {
   const std::int64_t range = std::int64_t{max_} - min_;
-  const double part =
-      range <= 0 ? 0
-                 : static_cast<double>(std::int64_t{value_} - min_) / static_cast<double>(range);
-  const double fraction = std::clamp(part, 0.0, 1.0);
+  double fraction = 0;
+  if (range > 0) {
+    const auto done = static_cast<double>(std::int64_t{value_} - min_);
+    fraction = std::clamp(done / static_cast<double>(range), 0.0, 1.0);
+  }
   const int filled = static_cast<int>(std::lround(fraction * width_));
   if (filled == filled_) return;
   filled_ = filled;

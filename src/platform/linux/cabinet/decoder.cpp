@@ -42,8 +42,10 @@ struct Decoder::Stream : mspack_file {
     while (done < bytes) {
       const ssize_t now = step(done);
       if (now < 0 && errno == EINTR) continue;
-      if (now < 0) system->failure = errno;
-      if (now < 0) return -1;
+      if (now < 0) {
+        system->failure = errno;
+        return -1;
+      }
       if (now == 0) break;
       done += static_cast<int>(now);
       position += now;
