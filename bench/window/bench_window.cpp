@@ -111,8 +111,8 @@ class Gap {
   const auto alive = std::make_shared<int>();
   WhenShown(pane, [&] {
     if (!probe) std::_Exit(EXIT_SUCCESS);
-    PostToLoop(alive,
-               [&] { Probe(program); });  // As a click would, not inside the pane's own turn.
+    // As a click would, not inside the pane's own turn.
+    PostToLoop(alive, [&] { Probe(program); });
   });
   RunEventLoop();
 }
