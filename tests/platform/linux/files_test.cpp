@@ -65,6 +65,20 @@ TEST_CASE_FIXTURE(Disk, "A listing gives what Windows would show, in its order")
   CHECK(files.List(R"(C:\zoo.gau\*.*)", ListedEntries::PlainFiles) == std::nullopt);
 }
 
+TEST_CASE_FIXTURE(Disk, "A long listing leaves out every hidden file and no other") {
+  std::vector<std::string> shown;
+  for (int i = 1000; i < 2000; ++i) {
+    const std::string name = std::to_string(i) + ".gau";
+    Put(root / name, "x");
+    if (i % 7 == 0) {
+      SetDosAttributes(root / name, "0x2");
+    } else {
+      shown.push_back(name);
+    }
+  }
+  CHECK(files.List(R"(C:\*.gau)", ListedEntries::PlainFiles) == shown);
+}
+
 TEST_CASE_FIXTURE(Disk, "The kinds of files are told apart") {
   Put(root / "Plain.txt", "text");
   Put(root / "Folder/hidden.txt", "x");
