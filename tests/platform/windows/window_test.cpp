@@ -107,7 +107,7 @@ void Follow(IWebBrowser2& control, const wchar_t* address) {
 TEST_CASE_FIXTURE(Screen,
                   "A pick on the bar probes at once, greys the commands, and fills the bar") {
   std::string panel = "[Window Titles]\nWindow00=Main\n\n[Window00]\n";
-  for (int i = 0; i < 5000; ++i) panel += "gauge" + std::to_string(i) + "=absent!dial,1,2\n";
+  for (int i = 0; i < 20000; ++i) panel += "gauge" + std::to_string(i) + "=absent!dial,1,2\n";
   for (int i = 0; i < 8; ++i) simulator.AddAircraft("Aircraft " + std::to_string(i), panel);
   Start();
   const std::string ready =
