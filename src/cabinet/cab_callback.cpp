@@ -70,8 +70,10 @@ std::uint32_t CABFile::InfoEntry(const FILE_IN_CABINET_INFO& Info) {
   const std::string full_name = StringFromAnsiPointer(Info.NameInCabinet);
   if (!EntryFilter.empty() && !MatchesFilter(full_name)) return FILEOP_SKIP;
   const auto [folder, file] = modGauges::SplitPath(full_name);
-  FileFound.Raise(file, DosStampToDate(machine_.dates, Info.DosDate, Info.DosTime),
-                  static_cast<std::int32_t>(Info.FileSize), folder);
+  if (FileFound.HasSubscribers()) {
+    FileFound.Raise(file, DosStampToDate(machine_.dates, Info.DosDate, Info.DosTime),
+                    static_cast<std::int32_t>(Info.FileSize), folder);
+  }
   if (file.ends_with(kGaugeEnding)) AddGaugeRow(file);
   return EntryFilter.empty() ? FILEOP_SKIP : FILEOP_ABORT;
 }

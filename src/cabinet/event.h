@@ -16,6 +16,8 @@ class Event {
 
   void Subscribe(Subscriber subscriber) { subscribers_.push_back(std::move(subscriber)); }
 
+  bool HasSubscribers() const { return !subscribers_.empty(); }
+
   void Raise(Arguments... arguments) const {
     for (const Subscriber& subscriber : subscribers_) subscriber(arguments...);
   }

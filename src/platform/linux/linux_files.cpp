@@ -42,8 +42,10 @@ unsigned char KindOf(const FolderEntry& entry, const std::string& folder) {
 std::vector<std::string> WithoutHidden(const std::string& folder, std::vector<std::string> names) {
   constexpr std::size_t kLeastShare = 256;  // Worth a thread.
   const auto take_out = [&folder, &names](std::size_t begin, std::size_t end) {
+    std::string path = folder + '/';
     for (std::size_t i = begin; i < end; ++i) {
-      if (IsHiddenOrSystem(folder + '/' + names[i])) names[i].clear();
+      path.replace(folder.size() + 1, std::string::npos, names[i]);
+      if (IsHiddenOrSystem(path)) names[i].clear();
     }
   };
   const std::size_t share =
