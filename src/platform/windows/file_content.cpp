@@ -25,19 +25,19 @@ Handle Open(const std::wstring& path, DWORD access, DWORD flags) {
                                            flags, nullptr));
 }
 
-/// A new file, removed at the end unless it was moved away.
+/// A new file, removed at the end unless it was moved away or is kept.
 class TemporaryFile {
  public:
   TemporaryFile(std::wstring name, DWORD attributes)
       : name_(std::move(name)),
         file_(
             CreateFileW(name_.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, attributes, nullptr)),
-        created_(static_cast<bool>(file_)) {}
+        discard_(static_cast<bool>(file_)) {}
   TemporaryFile(const TemporaryFile&) = delete;
   TemporaryFile& operator=(const TemporaryFile&) = delete;
   ~TemporaryFile() {
     file_.Close();
-    if (created_) DeleteFileW(name_.c_str());
+    if (discard_) DeleteFileW(name_.c_str());
   }
 
   const std::wstring& Name() const { return name_; }
@@ -56,10 +56,12 @@ class TemporaryFile {
     return true;
   }
 
+  void Keep() { discard_ = false; }
+
  private:
   std::wstring name_;
   Handle file_;
-  bool created_;
+  bool discard_;
 };
 
 /// Where a link ends. A Windows that lacks the call has no links of files either.
@@ -73,18 +75,28 @@ std::wstring BehindLinks(const std::wstring& path) {
   return end.empty() ? path : end;
 }
 
+bool IsGone(const std::wstring& path) {
+  return GetFileAttributesW(path.c_str()) == INVALID_FILE_ATTRIBUTES;
+}
+
 /// Puts the new file in the old one's place.
-bool TakePlace(const std::wstring& replacement, const std::wstring& path) {
-  if (ReplaceFileW(path.c_str(), replacement.c_str(), nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS,
-                   nullptr, nullptr)) {
+bool TakePlace(TemporaryFile& replacement, const std::wstring& path) {
+  const wchar_t* name = replacement.Name().c_str();
+  if (ReplaceFileW(path.c_str(), name, nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr,
+                   nullptr)) {
     return true;
   }
   // The call may give up half way, with the old file gone; and some file systems do not know it.
   const DWORD error = GetLastError();
-  const bool gone = GetFileAttributesW(path.c_str()) == INVALID_FILE_ATTRIBUTES;
-  return (gone || error == ERROR_INVALID_FUNCTION || error == ERROR_NOT_SUPPORTED) &&
-         MoveFileExW(replacement.c_str(), path.c_str(),
-                     MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
+  const bool may_move =
+      IsGone(path) || error == ERROR_INVALID_FUNCTION || error == ERROR_NOT_SUPPORTED;
+  if (may_move &&
+      MoveFileExW(name, path.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)) {
+    return true;
+  }
+  // Then the only whole content is the new one.
+  if (IsGone(path)) replacement.Keep();
+  return false;
 }
 
 bool CreateContent(const std::wstring& path, std::string_view bytes, Durability durability) {
@@ -131,7 +143,7 @@ bool ReplaceContent(const std::wstring& path, std::string_view bytes, Durability
   const std::wstring target = SpelledAsOnDisk(is_link ? BehindLinks(path) : path);
   const DWORD kept = is_link ? GetFileAttributesW(target.c_str()) : attributes;
   TemporaryFile file(TemporaryName(target), kept & kKeptAttributes);
-  return file.Fill(bytes, durability) && TakePlace(file.Name(), target);
+  return file.Fill(bytes, durability) && TakePlace(file, target);
 }
 
 }  // namespace panelkit::windows
