@@ -8,7 +8,6 @@
 #include <array>
 #include <cerrno>
 #include <csignal>
-#include <cstdio>
 #include <filesystem>
 #include <optional>
 #include <system_error>
@@ -16,6 +15,7 @@
 
 #include "platform/linux/dos_attributes.h"
 #include "platform/linux/native_file.h"
+#include "platform/linux/new_file.h"
 
 namespace panelkit {
 
@@ -24,44 +24,6 @@ namespace {
 constexpr mode_t kPermissions = 07777;
 constexpr mode_t kOwnerOnly = 0600;
 constexpr mode_t kByUmask = 0666;
-
-/// A new file that goes away again unless it is kept.
-class NewFile {
- public:
-  NewFile(std::string path, mode_t mode)
-      : path_(std::move(path)), file_(path_, O_RDWR | O_CREAT | O_EXCL, mode) {}
-  ~NewFile() {
-    if (discard_) unlink(path_.c_str());
-  }
-  NewFile(const NewFile&) = delete;
-  NewFile& operator=(const NewFile&) = delete;
-
-  bool IsOpen() const { return file_.IsOpen(); }
-  int Descriptor() const { return file_.Descriptor(); }
-  const std::string& Path() const { return path_; }
-
-  bool Flush() const { return fsync(file_.Descriptor()) == 0; }
-
-  bool Close() { return file_.Close(); }
-  void Keep() { discard_ = false; }
-
- private:
-  std::string path_;
-  OpenFile file_;
-  bool discard_ = file_.IsOpen();
-};
-
-/// A name for a temporary file in the folder; hidden, so that no listing shows it. Other processes
-/// choose other names.
-std::string TemporaryName(const std::string& folder) {
-  const std::string stem = (folder == "/" ? "" : folder) + "/.panelkit-" + std::to_string(getpid());
-  std::string name = stem + ".tmp";
-  struct stat stale {};
-  for (int number = 1; lstat(name.c_str(), &stale) == 0; ++number) {
-    name = stem + '-' + std::to_string(number) + ".tmp";
-  }
-  return name;
-}
 
 /// The path at the end of a chain of links, whether or not a file is there.
 std::optional<std::string> FinalTarget(std::string path) {
@@ -149,18 +111,13 @@ bool ReplaceFile(const std::string& target, std::string_view bytes, Durability d
   if (!final_target) return false;
   const auto old = StatusOf(*final_target);
   if (old && !MayRewrite(*final_target, *old)) return false;
-  const std::string folder = FolderOf(*final_target);
-  NewFile file(TemporaryName(folder), old ? kOwnerOnly : kByUmask);
+  NewFile file(TemporaryPathBeside(*final_target), old ? kOwnerOnly : kByUmask);
   if (!file.IsOpen() || !WriteAll(file.Descriptor(), bytes)) return false;
   if (old && !TakeOver(*final_target, *old, file.Descriptor())) return false;
   const bool flushed = durability == Durability::Flushed;
-  if ((flushed && !file.Flush()) || !file.Close() ||
-      rename(file.Path().c_str(), final_target->c_str()) != 0) {
-    return false;
-  }
-  file.Keep();
+  if ((flushed && !file.Flush()) || !file.KeepAs(*final_target)) return false;
   // The new content stands; what a failed flush leaves open is only when the disk knows of it.
-  if (flushed) FlushFolder(folder);
+  if (flushed) FlushFolder(FolderOf(*final_target));
   return true;
 }
 
@@ -179,7 +136,7 @@ bool CopyFile(const std::string& source, const std::string& target) {
   CopyAttributes(from.Descriptor(), to.Descriptor());
   static_cast<void>(fchmod(to.Descriptor(), status.st_mode & kPermissions));
   const std::array<timespec, 2> times = {timespec{0, UTIME_OMIT}, status.st_mtim};
-  if (futimens(to.Descriptor(), times.data()) != 0 || !to.Flush() || !to.Close() ||
+  if (futimens(to.Descriptor(), times.data()) != 0 || !to.Flush() ||
       !FlushFolder(FolderOf(target))) {
     return false;
   }
@@ -189,8 +146,7 @@ bool CopyFile(const std::string& source, const std::string& target) {
       IsBeingWritten(from.Descriptor())) {
     return false;
   }
-  to.Keep();
-  return true;
+  return to.Keep();
 }
 
 }  // namespace panelkit

@@ -1,41 +1,19 @@
 #include "platform/linux/cabinet/target_file.h"
 
-#include <fcntl.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <cerrno>
 #include <chrono>
-#include <cstdio>
 #include <ctime>
 
 #include "platform/linux/cabinet/win32_error.h"
 
 namespace panelkit {
 
-namespace {
-
-constexpr int kAttempts = 1000;
-
-}  // namespace
-
-TargetFile::TargetFile(std::string path, bool read_only) : path_(std::move(path)) {
-  const std::string stem =
-      path_.substr(0, path_.rfind('/') + 1) + ".panelkit-extract-" + std::to_string(getpid()) + '-';
-  // A name may be taken by what a killed process with our number left behind.
-  for (int attempt = 0; attempt < kAttempts; ++attempt) {
-    temporary_path_ = stem + std::to_string(attempt);
-    file_ = std::make_unique<OpenFile>(temporary_path_, O_WRONLY | O_CREAT | O_EXCL,
-                                       read_only ? 0444 : 0666);
-    if (file_->IsOpen()) return;
-    if (errno != EEXIST) break;
-  }
+TargetFile::TargetFile(std::string path, bool read_only)
+    : path_(std::move(path)), file_(TemporaryPathBeside(path_), read_only ? 0444 : 0666) {
+  if (file_.IsOpen()) return;
   error_ = errno == ENOENT ? ERROR_PATH_NOT_FOUND : Win32ErrorOf(errno, ERROR_CANNOT_MAKE);
-  temporary_path_.clear();
-}
-
-TargetFile::~TargetFile() {
-  if (!temporary_path_.empty()) unlink(temporary_path_.c_str());
 }
 
 void TargetFile::SetTime(std::uint16_t date, std::uint16_t time) const {
@@ -52,16 +30,11 @@ void TargetFile::SetTime(std::uint16_t date, std::uint16_t time) const {
   local.tm_isdst = -1;
   if (!day.ok() || local.tm_hour > 23 || local.tm_min > 59 || local.tm_sec > 59) return;
   const timespec times[2] = {{0, UTIME_OMIT}, {std::mktime(&local), 0}};
-  futimens(file_->Descriptor(), times);
+  futimens(file_.Descriptor(), times);
 }
 
 std::uint32_t TargetFile::Commit() {
-  if (!file_->Close()) return Win32ErrorOf(errno, ERROR_WRITE_FAULT);
-  if (std::rename(temporary_path_.c_str(), path_.c_str()) != 0) {
-    return Win32ErrorOf(errno, ERROR_CANNOT_MAKE);
-  }
-  temporary_path_.clear();
-  return ERROR_SUCCESS;
+  return file_.KeepAs(path_) ? ERROR_SUCCESS : Win32ErrorOf(errno, ERROR_WRITE_FAULT);
 }
 
 }  // namespace panelkit

@@ -2,10 +2,9 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
 #include <string>
 
-#include "platform/linux/native_file.h"
+#include "platform/linux/new_file.h"
 
 namespace panelkit {
 
@@ -16,14 +15,11 @@ class TargetFile {
   /// Creates the file for the native path `path`, without permission to write for anyone if
   /// `read_only`.
   TargetFile(std::string path, bool read_only);
-  ~TargetFile();
-  TargetFile(const TargetFile&) = delete;
-  TargetFile& operator=(const TargetFile&) = delete;
 
   /// Why the file could not be created (a code of winerror.h), or 0.
   std::uint32_t Error() const { return error_; }
 
-  const OpenFile& File() const { return *file_; }
+  const OpenFile& File() const { return file_.File(); }
 
   /// Stamps the file with a time in the FAT layout, taken as local time. A stamp that names no date
   /// leaves the present time.
@@ -35,8 +31,7 @@ class TargetFile {
 
  private:
   std::string path_;
-  std::string temporary_path_;  // Empty once there is no such file.
-  std::unique_ptr<OpenFile> file_;
+  NewFile file_;
   std::uint32_t error_ = 0;
 };
 
