@@ -36,8 +36,9 @@ void frmGauges::SetupBrakes() {
 // A backup that cannot be made keeps nothing from being edited.
 void frmGauges::BackUp(const std::string& config) {
   const std::string BackupFolder = machine_.files.AppFolder() + "\\Backups";
+  const std::string BackupFile = BackupFolder + "\\FS2002.cfg";
   if (!machine_.files.Exists(BackupFolder)) machine_.files.MakeFolder(BackupFolder);
-  machine_.files.Replace(BackupFolder + "\\FS2002.cfg", config, Durability::Flushed);
+  machine_.files.Replace(BackupFile, config, Durability::Flushed);
 }
 
 void frmGauges::SetBrakes(int b) {

@@ -125,14 +125,18 @@ bool CABFile::MayFollow(const std::string& name, const std::string& target) cons
 }
 
 bool CABFile::MakeTargetFolder(const std::string& target) {
-  std::string folder = modGauges::SplitPath(target).Folder;
+  std::string folder = FolderOfPath(target);
   return modGauges::MakeFolderPath(machine_.files, folder);
 }
 
 std::string CABFile::TargetFileName(const std::string& EntryName) const {
-  return modGauges::AddBackslash(SavedOutputPath.empty() ? modGauges::SplitPath(CabName).Folder
+  return modGauges::AddBackslash(SavedOutputPath.empty() ? FolderOfPath(CabName)
                                                          : SavedOutputPath) +
          (SavedOutputFile.empty() ? EntryName : SavedOutputFile);
+}
+
+std::string CABFile::FolderOfPath(const std::string& Path) {
+  return modGauges::SplitPath(Path).Folder;
 }
 
 std::string CABFile::StringFromAnsiPointer(const char* Address) const {

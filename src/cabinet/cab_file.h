@@ -80,6 +80,7 @@ class CABFile : public std::enable_shared_from_this<CABFile> {
   bool MayFollow(const std::string& name, const std::string& target) const;
   bool MakeTargetFolder(const std::string& target);
   std::string TargetFileName(const std::string& EntryName) const;
+  static std::string FolderOfPath(const std::string& Path);
   std::string StringFromAnsiPointer(const char* Address) const;
   void StringToAnsiBytes(char (&Bytes)[260], const std::string& Text) const;
 
