@@ -82,9 +82,10 @@ std::optional<std::string> ReadPlainFile(const std::string& path, std::size_t li
       static_cast<std::size_t>(status.st_size) > limit) {
     return std::nullopt;
   }
-  // One byte more than the file had when it was opened: the read that fills it in shows whether the
-  // end came, so most files take a single step.
-  std::string content(static_cast<std::size_t>(status.st_size) + 1, '\0');
+  // Room for one byte more than the file had when it was opened: a read that leaves it empty has
+  // come to the end, so most files take a single one. The kernel's own files tell no size.
+  const auto size = static_cast<std::size_t>(status.st_size);
+  std::string content(size + 1, '\0');
   std::size_t length = 0;
   for (;;) {
     const auto count = ReadSome(file.Descriptor(), &content[length], content.size() - length);
@@ -92,6 +93,7 @@ std::optional<std::string> ReadPlainFile(const std::string& path, std::size_t li
     if (*count == 0) break;
     length += *count;
     if (length > limit) return std::nullopt;
+    if (length == size) break;
     if (length == content.size()) content.resize(std::min(limit + 1, 2 * length + 4096));
   }
   content.resize(length);
