@@ -1,0 +1,217 @@
+// Walks over split, damaged and refused cabinets, in which Wine's and Windows' own services differ.
+#include <sys/stat.h>
+
+#include <cstdlib>
+#include <ctime>
+#include <utility>
+
+#include "ordinary_user.h"
+#include "platform/cabinet_walks.h"
+
+namespace panelkit::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+const std::vector<CabinetEntry> kTwoEntries = {{"dial.xml", "<dial/>"}, {"a\\dial.bmp", "BM"}};
+const std::string kFirstLine = Told("dial.xml", 7);
+const std::string kTwoLines = kFirstLine + Told("a\\dial.bmp", 2);
+
+std::string Pattern(std::size_t size) {
+  std::string pattern;
+  for (std::size_t i = 0; i < size; ++i) pattern += static_cast<char>(i * 7 + i / 256);
+  return pattern;
+}
+
+/// Runs a line of shell on the disk.
+void Run(const Disk& disk, const std::string& line) {
+  REQUIRE(std::system(("cd '" + disk.folder.Path().native() + "' && " + line).c_str()) == 0);
+}
+
+TEST_CASE_FIXTURE(CabinetWalks, "Each entry is told as stored, whatever else the headers hold") {
+  CHECK(WalkBytes(MakeCabinet({{"\xE9t\xE9/x", "1", 0x27, 0xFF9F, 0xBF7D}, {}, {"y"}})) ==
+        "\xE9t\xE9/x 1 65439 49021 39\nerror 13");
+  CHECK(WalkBytes(MakeCabinet({{"\u00E9t\u00E9\u6F22", "12", 0xA0}})) ==
+        "\xE9t\xE9? 2 11297 24576 160\nok");
+  const CabinetOptions all{.folders = 300, .reserve = 255, .previous = "1.cab", .next = "3.cab"};
+  CHECK(WalkBytes(MakeCabinet(kTwoEntries, all)) == kTwoLines + "ok");
+  std::vector<CabinetEntry> many;
+  std::string told;
+  for (int i = 0; i < 1000; ++i) {
+    many.push_back({std::string(i % 255 + 1, 'n'), Pattern(i)});
+    told += Told(many.back().name, i);
+  }
+  CHECK(WalkBytes(MakeCabinet(many)) == told + "ok");
+}
+
+TEST_CASE_FIXTURE(CabinetWalks, "A cabinet cut off at any byte gives the entries before the cut") {
+  const std::string whole = MakeCabinet(kTwoEntries);
+  const std::size_t first = whole.find("dial.xml") + sizeof "dial.xml";
+  const std::size_t both = whole.find("a\\dial.bmp") + sizeof "a\\dial.bmp";
+  for (std::size_t cut = 0; cut < whole.size(); ++cut) {
+    CAPTURE(cut);
+    const std::string told = cut < first ? "" : cut < both ? kFirstLine : kTwoLines;
+    CHECK(WalkBytes(whole.substr(0, cut)) == told + (cut < both ? "error 13" : "ok"));
+    CHECK(WalkBytes(whole.substr(0, cut), ExtractTo("out\\x")).ends_with("error 13"));
+    CHECK(Tree("out").empty());
+  }
+}
+
+TEST_CASE_FIXTURE(CabinetWalks, "What only looks like a cabinet, or is closed to us, fails") {
+  for (const std::string& bytes :
+       {MakeCabinet({}).replace(25, 1, "\2"),
+        MakeCabinet(kTwoEntries).replace(16, 4, "\xF0\xFF\xFF\xFF"),
+        MakeCabinet({{"x"}}).replace(52, 1, "\1"), MakeCabinet({{std::string(256, 'n')}})}) {
+    CHECK(WalkBytes(bytes) == "error 13");
+  }
+  Run(*this, "mkfifo fifo.cab && mkdir shut && chmod 0 x.cab shut && chmod a+rx .");
+  CHECK(Walk("fifo.cab") == "error 13");
+  const OrdinaryUser user;
+  CHECK(Walk("x.cab") == "error 5");
+  CHECK(Walk("Shut\\x.cab") == "error 5");
+}
+
+TEST_CASE_FIXTURE(CabinetWalks, "Every compression gives back what was packed, all or one entry") {
+  const std::string pattern = Pattern(70001);
+  Put(folder / "long", pattern);
+  Put(folder / "short", "hello");
+  Run(*this, "gcab -cz zip.cab long short");
+  const fs::path seeds = PANELKIT_SEEDS_DIR;
+  const std::vector<std::array<std::string, 3>> kinds = {
+      {MakeCabinet({{"long", pattern}, {"short", "hello"}}, {.reserve = 7}), pattern, "hello"},
+      {Get(folder / "zip.cab"), pattern, "hello"},
+      {Get(seeds / "lzx.cab"), "<gauge/>", "BMBMBMBM"},
+      {Get(seeds / "quantum.cab"), "Needles, dials and lamps.", "hello"}};
+  for (const auto& [bytes, first, second] : kinds) {
+    for (const bool all : {true, false}) {
+      std::string contents;
+      Answers answers = ExtractTo("out\\x");
+      answers.to_entry = [wanted = all, extract = answers.to_entry](auto& info) mutable {
+        return std::exchange(wanted, true) ? extract(info) : FILEOP_SKIP;
+      };
+      answers.to_outcome = [&](auto error) {
+        contents += Get(folder / "out/x");
+        return error;
+      };
+      CHECK(WalkBytes(bytes, answers).ends_with(" 0\nok"));
+      CHECK(contents == (all ? first + second : second));
+      CHECK(Tree("out") == "x ");
+    }
+  }
+}
+
+TEST_CASE_FIXTURE(CabinetWalks,
+                  "A file has the entry's time and attribute, and an old one's name") {
+  setenv("TZ", "XXX-5", 1);
+  tzset();
+  umask(022);
+  Run(*this, "echo old >out/Dial.XML && chmod a-w out/Dial.XML && ln -s ../aside out/link");
+  WalkBytes(MakeCabinet({{"dial.xml", "new", 0x21},
+                         {"link", "own"},
+                         {"no_date", "", 0, 0},
+                         {"No_Date", "later", 0, 0}}),
+            ExtractTo("OUT\\*"));
+  CHECK(Tree("out") == "Dial.XML link no_date ");
+  CHECK_FALSE(fs::exists(folder / "aside"));
+  Run(*this, "cd out && stat -c '%A %y' Dial.XML link >../list && cat * >>../list");
+  CHECK(Get(folder / "list") ==
+        "-r--r--r-- 2002-01-01 12:00:00.000000000 +0500\n"
+        "-rw-r--r-- 2002-01-01 12:00:00.000000000 +0500\nnewownlater");
+  CHECK(fs::last_write_time(folder / "out/no_date") > fs::last_write_time(folder / "out/link"));
+}
+
+TEST_CASE_FIXTURE(CabinetWalks, "A damaged entry is an error and leaves the old file as it was") {
+  for (const std::string name : {"a", "b", "c"}) Put(folder / name, std::string(32768, name[0]));
+  Run(*this, "gcab -c sound.cab a b c");
+  const std::string sound = Get(folder / "sound.cab");
+  Put(folder / "out/a", "old a");
+  std::string codes;
+  Answers go_on = ExtractTo("out\\*");
+  go_on.to_outcome = [&codes](auto error) {
+    codes += std::to_string(error) + ' ';
+    return 0U;
+  };
+  for (const std::string& damaged :
+       {std::string(sound).replace(sound.find("aaaa"), 1, "?"),
+        std::string(sound).replace(42, 1, "\4"), sound.substr(0, 300)}) {
+    CHECK(WalkBytes(damaged, go_on).ends_with("\nok"));
+  }
+  // What is packed behind the damage cannot be trusted either.
+  CHECK(codes == "23 23 23 13 13 13 13 13 13 ");
+  CHECK(Tree("out") == "a ");
+  CHECK(Get(folder / "out/a") == "old a");
+}
+
+// One of three cabinets. "split" lies in all of them, "near" is packed together with it.
+std::string PartOfSet(std::vector<CabinetEntry> own, std::uint16_t folder_of_near,
+                      std::uint16_t folder_of_split, const CabinetOptions& options) {
+  own.push_back({.name = "near", .content = std::string(32768, 'n'), .folder = folder_of_near});
+  own.push_back({.name = "split", .content = Pattern(40000), .folder = folder_of_split});
+  return MakeCabinet(own, options);
+}
+
+TEST_CASE_FIXTURE(CabinetWalks,
+                  "A set of cabinets is followed to what an entry needs, no further") {
+  const auto second_of = [](std::uint16_t folders) {
+    return PartOfSet({}, kFromPreviousToNext, kFromPreviousToNext,
+                     {.folders = folders,
+                      .previous = "x.cab",
+                      .next = "third.cab",
+                      .set_index = 1,
+                      .bytes_in_previous = 40000,
+                      .bytes_in_next = folders == 1 ? 3000U : 0U});
+  };
+  const Answers extract = ExtractTo("out\\*");
+  Answers refuse = extract;
+  refuse.to_next = 1223;
+  const std::string own = Told("first", 1) + "out\\first 0\n";
+  const std::string asked = own + Told("near", 32768) + "next?\n";
+  const std::string told = "out\\near 0\n" + Told("split", 40000) + "out\\split ";
+  Put(folder / "x.cab", PartOfSet({{"first", "1"}}, 1, kToNext,
+                                  {.folders = 2, .next = "Second.cab", .bytes_in_next = 32768}));
+  CHECK(Walk("x.cab") == Told("first", 1) + Told("near", 32768) + Told("split", 40000) + "ok");
+  CHECK(Walk("x.cab", refuse) == asked + "error 1223");
+  CHECK(Tree("out") == "first ");
+  CHECK(Walk("x.cab", extract) == asked + told + "2\nerror 2");
+  Put(folder / "THIRD.CAB",
+      PartOfSet(
+          {{.name = "last", .content = "2", .folder = 1}}, kFromPrevious, kFromPrevious,
+          {.folders = 2, .previous = "Second.cab", .set_index = 2, .bytes_in_previous = 69768}));
+  // One that is out of turn, and one in which what goes both ways is not in the only folder.
+  for (const std::string& wrong : {second_of(1).replace(34, 1, "\7"), second_of(2)}) {
+    Put(folder / "SECOND.CAB", wrong);
+    CHECK(Walk("x.cab", extract) == asked + told + "13\nerror 13");
+  }
+  CHECK(Tree("out") == "first near ");
+
+  Put(folder / "SECOND.CAB", second_of(1));
+  CHECK(Walk("x.cab", extract) == asked + "next?\n" + told + "0\nok");
+  CHECK(Get(folder / "out/split") == Pattern(40000));
+  CHECK(Walk("second.cab", extract) == "ok");
+  CHECK(Walk("third.cab", extract) == Told("last", 1) + "out\\last 0\nok");
+}
+
+TEST_CASE_FIXTURE(CabinetWalks, "A place that cannot take the file is an error of that entry") {
+  Run(*this, "mkdir elsewhere out/folder && ln -s ../elsewhere out/link && chmod a+rx .");
+  Put(folder / "x.cab", MakeCabinet({{"link\\x", "1"}}));
+  const auto code_at = [&](const std::string& place) {
+    const std::string log = Walk("x.cab", ExtractTo(place));
+    return log.substr(log.rfind(' ') + 1);
+  };
+  CHECK(code_at("out\\what?") == "123");
+  CHECK(code_at("out\\missing\\x") == "3");
+  CHECK(code_at("out\\folder") == "5");
+  CHECK(code_at("OUT\\*") == "5");
+  CHECK(fs::is_empty(folder / "elsewhere"));
+  // A name that fills its field, and a link that the user named.
+  CHECK(code_at(std::string(sizeof(FILE_IN_CABINET_INFO::FullTargetName) - At("").size(), 'n')) ==
+        "0\nok");
+  CHECK(code_at("out\\link\\y") == "0\nok");
+  CHECK(Get(folder / "elsewhere/y") == "1");
+  Run(*this, "chmod a-w out");
+  const OrdinaryUser user;
+  CHECK(code_at("out\\x") == "5");
+}
+
+}  // namespace
+}  // namespace panelkit::test
