@@ -62,13 +62,9 @@ class CabinetWalks : public Disk {
     CHECK(context == kContext);
     if (notification == SPFILENOTIFY_FILEINCABINET) {
       auto& info = *reinterpret_cast<FILE_IN_CABINET_INFO*>(param1);
-      now.log += info.NameInCabinet;
-      for (const std::uint32_t number :
-           {info.FileSize, std::uint32_t{info.DosDate}, std::uint32_t{info.DosTime},
-            std::uint32_t{info.DosAttribs}}) {
-        now.log += ' ' + std::to_string(number);
-      }
-      now.log += '\n';
+      now.log += std::string(info.NameInCabinet) + ' ' + std::to_string(info.FileSize) + ' ' +
+                 std::to_string(info.DosDate) + ' ' + std::to_string(info.DosTime) + ' ' +
+                 std::to_string(info.DosAttribs) + '\n';
       return now.answers->to_entry(info);
     }
     if (notification == SPFILENOTIFY_FILEEXTRACTED) {

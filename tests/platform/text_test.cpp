@@ -18,11 +18,6 @@ TEST_CASE("All bytes survive the way in and out, also those that a code page lea
     const auto text = TextOf(page);
     CHECK(text->ToAnsi(text->FromAnsi(all)) == all);
   }
-  const auto japanese = TextOf(932);
-  for (const char byte : all) {
-    const std::string bytes = {'a', byte};
-    CHECK(japanese->ToAnsi(japanese->FromAnsi(bytes)) == bytes);
-  }
 }
 
 TEST_CASE("Letters stand where their code page has them") {
@@ -41,7 +36,6 @@ TEST_CASE("Letters stand where their code page has them") {
     CHECK(TextOf(sample.page)->FromAnsi(sample.bytes) == sample.text);
     CHECK(TextOf(sample.page)->ToAnsi(sample.text) == sample.bytes);
   }
-  CHECK(TextOf(932)->ToAnsi("≒∪") == "\x81\xE0\x81\xBE");
 }
 
 TEST_CASE("What the code page lacks becomes one question mark, and case follows no locale") {

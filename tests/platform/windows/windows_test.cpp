@@ -1,19 +1,10 @@
-// Names that only Windows knows.
+// What only Windows has: long paths, and dates as its control panel sets them.
 #include <doctest/doctest.h>
 
 #include "platform/disk.h"
 
 namespace panelkit::test {
 namespace {
-
-TEST_CASE_FIXTURE(Disk, "A device and a pipe are no files") {
-  for (const char* nothing : {"CON", "\\\\.\\pipe\\panelkit"}) {
-    CAPTURE(nothing);
-    CHECK_FALSE(files.Exists(nothing));
-    CHECK_FALSE(files.Read(nothing));
-    CHECK_FALSE(files.IsSame(nothing, nothing));
-  }
-}
 
 TEST_CASE_FIXTURE(Disk, "Paths beyond 260 characters are paths like others") {
   std::string path = files.AppFolder();
