@@ -13,24 +13,16 @@
 namespace panelkit::test {
 namespace {
 
-/// A variable of the environment for the length of a test. An empty one counts as none.
-struct WithVariable {
-  WithVariable(const char* variable, const std::string& value) : name(variable) {
-    if (const char* const old = std::getenv(name)) before = old;
-    Set(value);
-  }
-  ~WithVariable() { Set(before); }
-  void Set(const std::string& value) const { setenv(name, value.c_str(), 1); }
-  const char* name;
-  std::string before;
-};
+void Set(const char* variable, const std::string& value) {
+  setenv(variable, value.c_str(), 1);
+}
 
 TEST_CASE("The prefix that holds the simulator is found in the home folder") {
   const TempFolder home;
   const std::string root = home.Path();
-  const WithVariable home_variable("HOME", root);
-  const WithVariable share("XDG_DATA_HOME", "");
-  const WithVariable prefix("WINEPREFIX", "");
+  Set("HOME", root);
+  Set("XDG_DATA_HOME", "");
+  Set("WINEPREFIX", "");
   const auto holds_simulator = [](const Machine& machine) {
     return machine.registry.RegOpenKeyA(HKEY_LOCAL_MACHINE_VALUE, "Simulator") != nullptr;
   };
@@ -53,7 +45,7 @@ TEST_CASE("The prefix that holds the simulator is found in the home folder") {
     Put(home / place.first / "system.reg", "[Simulator] 1\n");
     CHECK(origin() == "Wine prefix " + root + '/' + place.first + place.second);
   }
-  prefix.Set(root + "/Games/fs2002/prefix");
+  Set("WINEPREFIX", root + "/Games/fs2002/prefix");
   CHECK(origin() == "Wine prefix " + root + "/Games/fs2002/prefix (WINEPREFIX)");
 }
 
@@ -75,7 +67,7 @@ TEST_CASE("The prefix's code page is the machine's, under both names of its key"
 }
 
 TEST_CASE_FIXTURE(Disk, "A date's text has the time also at midnight, and needs no locale") {
-  const WithVariable locale("LC_ALL", "xx_NOWHERE");
+  Set("LC_ALL", "xx_NOWHERE");
   const DateStamps& dates = machine->Services().dates;
   CHECK(dates.DateText(37257.999999) == "01/02/02 00:00:00");
   CHECK(dates.DateText(-1.25) == "12/29/99 06:00:00");
@@ -85,7 +77,7 @@ TEST_CASE_FIXTURE(Disk, "A date's text has the time also at midnight, and needs 
 TEST_CASE("Text goes out in the terminal's encoding and a failure is told") {
   const TempFolder folder;
   const auto written = [&](const char* locale, const std::string& file) {
-    const WithVariable variable("LC_ALL", locale);
+    Set("LC_ALL", locale);
     const int terminal = dup(STDOUT_FILENO);
     REQUIRE(std::freopen(file.c_str(), "w", stdout) != nullptr);
     const bool done = terminal::WriteOut("Ü日\xFF|\n") && terminal::WriteOutBytes("\xFC\n");

@@ -11,33 +11,29 @@ namespace {
 constexpr const char* kKey = "Software\\Panelkit test";
 
 /// A key of the machine's settings in one of the two views, removed at the end.
-class TestKey {
- public:
-  TestKey(const std::string& name, REGSAM view) : name_(name), view_(view) {
+struct TestKey {
+  TestKey(const std::string& key_name, REGSAM key_view) : name(key_name), view(key_view) {
     RegCreateKeyExA(HKEY_LOCAL_MACHINE, name.c_str(), 0, nullptr, 0, KEY_ALL_ACCESS | view, nullptr,
-                    &key_, nullptr);
+                    &key, nullptr);
   }
   ~TestKey() {
-    RegCloseKey(key_);
-    RegDeleteKeyExA(HKEY_LOCAL_MACHINE, name_.c_str(), view_, 0);
+    RegCloseKey(key);
+    RegDeleteKeyExA(HKEY_LOCAL_MACHINE, name.c_str(), view, 0);
   }
-
-  void Set(const char* value, DWORD type, std::string_view bytes) {
-    RegSetValueExA(key_, value, 0, type, reinterpret_cast<const BYTE*>(bytes.data()),
+  void Set(const char* value, DWORD type, std::string_view bytes) const {
+    RegSetValueExA(key, value, 0, type, reinterpret_cast<const BYTE*>(bytes.data()),
                    static_cast<DWORD>(bytes.size()));
   }
-
- private:
-  std::string name_;
-  REGSAM view_;
-  HKEY key_ = nullptr;
+  std::string name;
+  REGSAM view;
+  HKEY key = nullptr;
 };
 
 TEST_CASE_FIXTURE(Disk, "The registry is the one that a 32-bit simulator has written") {
   const Registry& registry = machine->Services().registry;
-  TestKey decoy(kKey, KEY_WOW64_64KEY);
+  const TestKey decoy(kKey, KEY_WOW64_64KEY);
   decoy.Set("Path", REG_SZ, {"C:\\wrong", 9});
-  TestKey key(kKey, KEY_WOW64_32KEY);
+  const TestKey key(kKey, KEY_WOW64_32KEY);
   const TestKey second(std::string(kKey) + "\\b", KEY_WOW64_32KEY);
   const TestKey first(std::string(kKey) + "\\H\xF6he", KEY_WOW64_32KEY);
   key.Set("Path", REG_SZ, {"C:\\H\xF6he", 8});
