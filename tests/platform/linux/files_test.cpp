@@ -1,9 +1,10 @@
-// Files as only a Linux disk has them: links, pipes, Wine's attributes, owners, names in other
+// Files as only a Linux disk has them: links, pipes, Wine's attributes, owners, twins in other
 // case.
+#include <doctest/doctest.h>
 #include <sys/stat.h>
 #include <sys/xattr.h>
+#include <unistd.h>
 
-#include "ordinary_user.h"
 #include "platform/disk.h"
 
 namespace panelkit::test {
@@ -59,19 +60,6 @@ TEST_CASE_FIXTURE(Disk, "A rewrite follows links and keeps the owner and the per
   CHECK(status.st_uid == (is_root ? 65534 : getuid()));
   CHECK(fs::is_symlink(folder / "Fs2002.cfg"));
   CHECK(Tree() == "Fs2002.cfg made.cfg real real/fs2002.cfg real/made.cfg ");
-}
-
-TEST_CASE_FIXTURE(Disk, "What is closed to us stays as it was, without a trace") {
-  Put(folder / "others", "old");
-  fs::create_directory(folder / "closed");
-  fs::permissions(folder / "others", fs::perms(0446));
-  fs::permissions(folder / "closed", fs::perms(0555));
-  fs::permissions(folder.Path(), fs::perms(0777));
-  const OrdinaryUser user;
-  CHECK_FALSE(files.Replace(At("others"), "new", Durability::Flushed));
-  CHECK(files.MakeFolder(At("closed\\new")) == kFolderExistsOrNoAccess);
-  CHECK(Tree() == "closed others ");
-  CHECK(Get(folder / "others") == "old");
 }
 
 TEST_CASE_FIXTURE(Disk,
