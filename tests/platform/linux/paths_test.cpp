@@ -9,13 +9,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Runs with another current folder.
-struct InFolder {
-  explicit InFolder(const fs::path& folder) { fs::current_path(folder); }
-  ~InFolder() { fs::current_path(before); }
-  fs::path before = fs::current_path();
-};
-
 TEST_CASE("A Windows path reaches its file whatever its case, separators and drive, and back") {
   const TempFolder prefix;
   const TempFolder disk;
@@ -34,7 +27,8 @@ TEST_CASE("A Windows path reaches its file whatever its case, separators and dri
   CHECK(machine->Services().files.AppFolder() == R"(C:\Program Files\日本)");
   CHECK(OpenMachineAt(prefix.Path(), "/")->Services().files.AppFolder() == "Z:");
 
-  const InFolder in(games);
+  const fs::path before = fs::current_path();
+  fs::current_path(games);
   const std::pair<std::string, fs::path> reached[] = {
       {R"(c:/PROGRAM FILES\\fs2002//.\x\..\üNAL 747\panel.CFG)", panel},
       {R"(C:\..\program files\fs2002\ünal 747\panel.cfg. .)", panel},
@@ -69,6 +63,7 @@ TEST_CASE("A Windows path reaches its file whatever its case, separators and dri
     CAPTURE(path);
     CHECK(machine->WindowsPath(path) == windows_path);
   }
+  fs::current_path(before);
 }
 
 }  // namespace
