@@ -15,7 +15,6 @@ namespace panelkit::test {
 struct Answers {
   std::function<std::uint32_t(FILE_IN_CABINET_INFO&)> to_entry = [](auto&) { return FILEOP_SKIP; };
   std::function<std::uint32_t(std::uint32_t)> to_outcome = [](auto error) { return error; };
-  std::uint32_t to_next = 0;
 };
 
 /// What a walk's log says of an entry with the cabinet writer's own stamp and attributes.
@@ -74,9 +73,8 @@ class CabinetWalks : public Disk {
       now.log += target.substr(now.disk.size()) + ' ' + std::to_string(outcome.Win32Error) + '\n';
       return now.answers->to_outcome(outcome.Win32Error);
     }
-    if (notification != SPFILENOTIFY_NEEDNEWCABINET) return 0;
-    now.log += "next?\n";
-    return now.answers->to_next;
+    if (notification == SPFILENOTIFY_NEEDNEWCABINET) now.log += "next?\n";
+    return 0;
   }
 
   struct Conversation {
