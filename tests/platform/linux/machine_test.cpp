@@ -1,9 +1,9 @@
 // Opening the machine, and its small services: dates and the terminal.
 #include <doctest/doctest.h>
+#include <fcntl.h>
 #include <unistd.h>
 
 #include <array>
-#include <cstdio>
 #include <cstdlib>
 
 #include "platform/disk.h"
@@ -55,7 +55,6 @@ TEST_CASE("The prefix's code page is the machine's, under both names of its key"
                                               {"CurrentControlSet", "54321", "windows-1252"},
                                               {"Other", "932", "windows-1252"}};
   for (const auto& [set, page, charset] : cases) {
-    CAPTURE(set);
     const TempFolder prefix;
     Put(prefix / "system.reg", "[Software] 1\n\"Path\"=\"\\x30bd\"\n[System\\\\" + set +
                                    "\\\\Control\\\\Nls\\\\CodePage] 1\n\"ACP\"=\"" + page + "\"\n");
@@ -79,7 +78,9 @@ TEST_CASE("Text goes out in the terminal's encoding and a failure is told") {
   const auto written = [&](const char* locale, const std::string& file) {
     Set("LC_ALL", locale);
     const int terminal = dup(STDOUT_FILENO);
-    REQUIRE(std::freopen(file.c_str(), "w", stdout) != nullptr);
+    const int target = open(file.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
+    dup2(target, STDOUT_FILENO);
+    close(target);
     const bool done = terminal::WriteOut("Ü日\xFF|\n") && terminal::WriteOutBytes("\xFC\n");
     dup2(terminal, STDOUT_FILENO);
     close(terminal);

@@ -41,9 +41,9 @@ TEST_CASE("A Windows path reaches its file whatever its case, separators and dri
       {R"(D:\BOTH)", disk / "Both"},
       {"Z:\\", "/"},
   };
-  for (const auto& [path, native] : reached) {
-    CAPTURE(path);
-    CHECK(machine->NativePath(path) == native);
+  for (const auto& path : reached) {
+    CAPTURE(path.first);
+    CHECK(machine->NativePath(path.first) == path.second);
   }
   for (const std::string& nowhere :
        {std::string(R"(\\server\share\x)"), std::string("C:\\Program Files\0x", 18),
@@ -59,9 +59,9 @@ TEST_CASE("A Windows path reaches its file whatever its case, separators and dri
       {"b.cab", R"(C:\Program Files\b.cab)"},
       {R"(\\nas\games)", R"(\\nas\games)"},
   };
-  for (const auto& [path, windows_path] : typed) {
-    CAPTURE(path);
-    CHECK(machine->WindowsPath(path) == windows_path);
+  for (const auto& path : typed) {
+    CAPTURE(path.first);
+    CHECK(machine->WindowsPath(path.first) == path.second);
   }
   fs::current_path(before);
 }
