@@ -5,6 +5,7 @@
 #include <memory>
 #include <set>
 #include <string>
+#include <vector>
 
 #include "support/machine_here.h"
 #include "support/temp_folder.h"
@@ -24,7 +25,9 @@ struct Disk {
   /// A listing of the machine's, a blank behind each name; "(none)" where there is none.
   std::string List(std::string_view pattern, ListedEntries entries) const {
     const auto names = files.List(At(pattern), entries);
-    return names ? Joined(*names) : "(none)";
+    std::string listed = names ? "" : "(none)";
+    for (const std::string& name : names.value_or(std::vector<std::string>())) listed += name + ' ';
+    return listed;
   }
 
   /// Every file and folder below one in the folder, hidden or not, sorted, a blank behind each.
@@ -34,14 +37,9 @@ struct Disk {
       const auto name = entry.path().lexically_relative(folder / below).generic_u8string();
       names.insert({name.begin(), name.end()});
     }
-    return Joined(names);
-  }
-
-  template <typename Names>
-  static std::string Joined(const Names& names) {
-    std::string joined;
-    for (const std::string& name : names) joined += name + ' ';
-    return joined;
+    std::string tree;
+    for (const std::string& name : names) tree += name + ' ';
+    return tree;
   }
 };
 

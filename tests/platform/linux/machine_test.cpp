@@ -13,16 +13,12 @@
 namespace panelkit::test {
 namespace {
 
-void Set(const char* variable, const std::string& value) {
-  setenv(variable, value.c_str(), 1);
-}
-
 TEST_CASE("The prefix that holds the simulator is found in the home folder") {
   const TempFolder home;
   const std::string root = home.Path();
-  Set("HOME", root);
-  Set("XDG_DATA_HOME", "");
-  Set("WINEPREFIX", "");
+  setenv("HOME", root.c_str(), 1);
+  setenv("XDG_DATA_HOME", "", 1);
+  setenv("WINEPREFIX", "", 1);
   const auto holds_simulator = [](const Machine& machine) {
     return machine.registry.RegOpenKeyA(HKEY_LOCAL_MACHINE_VALUE, "Simulator") != nullptr;
   };
@@ -45,7 +41,7 @@ TEST_CASE("The prefix that holds the simulator is found in the home folder") {
     Put(home / place.first / "system.reg", "[Simulator] 1\n");
     CHECK(origin() == "Wine prefix " + root + '/' + place.first + place.second);
   }
-  Set("WINEPREFIX", root + "/Games/fs2002/prefix");
+  setenv("WINEPREFIX", (root + "/Games/fs2002/prefix").c_str(), 1);
   CHECK(origin() == "Wine prefix " + root + "/Games/fs2002/prefix (WINEPREFIX)");
 }
 
@@ -66,7 +62,7 @@ TEST_CASE("The prefix's code page is the machine's, under both names of its key"
 }
 
 TEST_CASE_FIXTURE(Disk, "A date's text has the time also at midnight, and needs no locale") {
-  Set("LC_ALL", "xx_NOWHERE");
+  setenv("LC_ALL", "xx_NOWHERE", 1);
   const DateStamps& dates = machine->Services().dates;
   CHECK(dates.DateText(37257.999999) == "01/02/02 00:00:00");
   CHECK(dates.DateText(-1.25) == "12/29/99 06:00:00");
@@ -76,7 +72,7 @@ TEST_CASE_FIXTURE(Disk, "A date's text has the time also at midnight, and needs 
 TEST_CASE("Text goes out in the terminal's encoding and a failure is told") {
   const TempFolder folder;
   const auto written = [&](const char* locale, const std::string& file) {
-    Set("LC_ALL", locale);
+    setenv("LC_ALL", locale, 1);
     const int terminal = dup(STDOUT_FILENO);
     const int target = open(file.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
     dup2(target, STDOUT_FILENO);
