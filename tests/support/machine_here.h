@@ -13,4 +13,10 @@ namespace panelkit::test {
 std::unique_ptr<LocalMachine> OpenMachineAt(const std::filesystem::path& root,
                                             const std::filesystem::path& app);
 
+/// The system's text service for a code page of Windows ("windows-1252" is 1252).
+std::unique_ptr<Text> TextOf(unsigned code_page);
+
+/// Gives a file the attribute "hidden".
+void Hide(const std::filesystem::path& file);
+
 }  // namespace panelkit::test

@@ -1,3 +1,6 @@
+#include <doctest/doctest.h>
+#include <sys/xattr.h>
+
 #include "platform/linux/wine_machine.h"
 #include "support/machine_here.h"
 
@@ -6,6 +9,14 @@ namespace panelkit::test {
 std::unique_ptr<LocalMachine> OpenMachineAt(const std::filesystem::path& root,
                                             const std::filesystem::path& app) {
   return std::make_unique<WineMachine>(WinePrefix{root, "test"}, app.native());
+}
+
+std::unique_ptr<Text> TextOf(unsigned code_page) {
+  return std::make_unique<CodePageText>(code_page);
+}
+
+void Hide(const std::filesystem::path& file) {
+  REQUIRE(setxattr(file.c_str(), "user.DOSATTRIB", "0x22", 4, 0) == 0);
 }
 
 }  // namespace panelkit::test

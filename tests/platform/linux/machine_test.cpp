@@ -3,39 +3,22 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <array>
 #include <cstdlib>
-#include <filesystem>
-#include <string>
-#include <vector>
 
-#include "platform/linux/wine_machine.h"
+#include "platform/disk.h"
+#include "platform/registry_text.h"
 #include "platform/terminal.h"
-#include "support/temp_folder.h"
 
-namespace panelkit {
+namespace panelkit::test {
 namespace {
-
-using test::Put;
-using test::TempFolder;
-
-/// A variable of the environment for the length of a test. An empty one counts as none.
-struct WithVariable {
-  WithVariable(const char* variable, const std::string& value) : name(variable) {
-    if (const char* const old = std::getenv(name)) before = old;
-    Set(value);
-  }
-  ~WithVariable() { Set(before); }
-  void Set(const std::string& value) const { setenv(name, value.c_str(), 1); }
-  const char* name;
-  std::string before;
-};
 
 TEST_CASE("The prefix that holds the simulator is found in the home folder") {
   const TempFolder home;
   const std::string root = home.Path();
-  const WithVariable home_variable("HOME", root);
-  const WithVariable share("XDG_DATA_HOME", "");
-  const WithVariable prefix("WINEPREFIX", "");
+  setenv("HOME", root.c_str(), 1);
+  setenv("XDG_DATA_HOME", "", 1);
+  setenv("WINEPREFIX", "", 1);
   const auto holds_simulator = [](const Machine& machine) {
     return machine.registry.RegOpenKeyA(HKEY_LOCAL_MACHINE_VALUE, "Simulator") != nullptr;
   };
@@ -58,72 +41,51 @@ TEST_CASE("The prefix that holds the simulator is found in the home folder") {
     Put(home / place.first / "system.reg", "[Simulator] 1\n");
     CHECK(origin() == "Wine prefix " + root + '/' + place.first + place.second);
   }
-  prefix.Set(root + "/Games/fs2002/prefix");
+  setenv("WINEPREFIX", (root + "/Games/fs2002/prefix").c_str(), 1);
   CHECK(origin() == "Wine prefix " + root + "/Games/fs2002/prefix (WINEPREFIX)");
 }
 
 TEST_CASE("The prefix's code page is the machine's, under both names of its key") {
-  const std::pair<std::string, const char*> cases[] = {{"ControlSet001", "shift_jis"},
-                                                       {"CurrentControlSet", "shift_jis"},
-                                                       {"Other", "windows-1252"}};
-  for (const auto& set : cases) {
-    CAPTURE(set.first);
+  const std::array<std::string, 3> cases[] = {{"ControlSet001", "932", "shift_jis"},
+                                              {"CurrentControlSet", "932", "shift_jis"},
+                                              {"CurrentControlSet", "54321", "windows-1252"},
+                                              {"Other", "932", "windows-1252"}};
+  for (const auto& [set, page, charset] : cases) {
     const TempFolder prefix;
-    Put(prefix / "system.reg", "[Software] 1\n\"Path\"=\"\\x30bd\"\n[System\\\\" + set.first +
-                                   "\\\\Control\\\\Nls\\\\CodePage] 1\n\"ACP\"=\"932\"\n");
-    WineMachine machine(WinePrefix{prefix.Path(), ""}, "/");
-    CHECK(machine.Charset() == set.second);
-    const Machine services = machine.Services();
-    const auto key = services.registry.RegOpenKeyA(HKEY_LOCAL_MACHINE_VALUE, "Software");
-    REQUIRE(key);
-    CHECK(key->RegQueryValueExA("Path")->bytes == services.text.ToAnsi("ソ") + '\0');
+    Put(prefix / "system.reg", "[Software] 1\n\"Path\"=\"\\x30bd\"\n[System\\\\" + set +
+                                   "\\\\Control\\\\Nls\\\\CodePage] 1\n\"ACP\"=\"" + page + "\"\n");
+    const auto machine = OpenMachineAt(prefix.Path(), "/");
+    CHECK(machine->Charset() == charset);
+    const Machine services = machine->Services();
+    CHECK(Value(services.registry, "Software", "Path") == "1 " + services.text.ToAnsi("ソ") + '$');
   }
 }
 
-TEST_CASE("Stamps of cabinets become dates, and what names no date is refused") {
-  const Calendar calendar;
-  FILETIME stamp;
-  SYSTEMTIME s;
-  REQUIRE(calendar.DosDateTimeToFileTime(0xFF9F, 0xBF7D, stamp));
-  REQUIRE(calendar.FileTimeToSystemTime(stamp, s));
-  const std::vector<unsigned> fields = {s.wYear, s.wMonth,  s.wDayOfWeek, s.wDay,
-                                        s.wHour, s.wMinute, s.wSecond};
-  CHECK(fields == std::vector<unsigned>{2107, 12, 6, 31, 23, 59, 58});
-  CHECK(calendar.DosDateTimeToFileTime(0x285D, 0, stamp));  // 29 February 2000.
-  for (const auto bad_date : {0x0000, 0x2A5D}) {            // The latter a year later.
-    CHECK_FALSE(calendar.DosDateTimeToFileTime(static_cast<std::uint16_t>(bad_date), 0, stamp));
-  }
-  for (const auto bad_time : {24U << 11U, 60U << 5U, 30U}) {
-    CHECK_FALSE(
-        calendar.DosDateTimeToFileTime(0x2A21, static_cast<std::uint16_t>(bad_time), stamp));
-  }
-  CHECK_FALSE(calendar.FileTimeToSystemTime({0xFFFFFFFF, 0xFFFFFFFF}, s));
-  const WithVariable locale("LC_ALL", "xx_NOWHERE");
-  CHECK(calendar.DateText(37257.999999) == "01/02/02 00:00:00");
-  CHECK(calendar.DateText(-1.25) == "12/29/99 06:00:00");
-  CHECK(calendar.DateText(1e300).empty());
+TEST_CASE_FIXTURE(Disk, "A date's text has the time also at midnight, and needs no locale") {
+  setenv("LC_ALL", "xx_NOWHERE", 1);
+  const DateStamps& dates = machine->Services().dates;
+  CHECK(dates.DateText(37257.999999) == "01/02/02 00:00:00");
+  CHECK(dates.DateText(-1.25) == "12/29/99 06:00:00");
+  CHECK(dates.DateText(1e300).empty());
 }
 
 TEST_CASE("Text goes out in the terminal's encoding and a failure is told") {
   const TempFolder folder;
-  const int terminal = dup(STDOUT_FILENO);
-  const auto write_out = [&](const char* locale, const std::string& file) {
-    const WithVariable variable("LC_ALL", locale);
+  const auto written = [&](const char* locale, const std::string& file) {
+    setenv("LC_ALL", locale, 1);
+    const int terminal = dup(STDOUT_FILENO);
     const int target = open(file.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
     dup2(target, STDOUT_FILENO);
     close(target);
     const bool done = terminal::WriteOut("Ü日\xFF|\n") && terminal::WriteOutBytes("\xFC\n");
     dup2(terminal, STDOUT_FILENO);
-    return done;
+    close(terminal);
+    return done ? Get(file) : "failed";
   };
-  const std::string file = folder / "out";
-  CHECK(write_out("C", file));
-  CHECK(test::Get(file) == "???|\n\xFC\n");
-  CHECK(write_out("C.UTF-8", file));
-  CHECK(test::Get(file) == "Ü日\xFF|\n\xFC\n");
-  CHECK_FALSE(write_out("C", "/dev/full"));
-  close(terminal);
+  CHECK(written("C", folder / "out") == "???|\n\xFC\n");
+  CHECK(written("C.UTF-8", folder / "out") == "Ü日\xFF|\n\xFC\n");
+  CHECK(written("C", "/dev/full") == "failed");
 }
 
 }  // namespace
-}  // namespace panelkit
+}  // namespace panelkit::test

@@ -1,5 +1,10 @@
 #include "support/machine_here.h"
 
+#include <windows.h>
+
+#include <doctest/doctest.h>
+
+#include "platform/windows/text.h"
 #include "platform/windows/windows_machine.h"
 #include "support/temp_folder.h"
 
@@ -8,6 +13,14 @@ namespace panelkit::test {
 std::unique_ptr<LocalMachine> OpenMachineAt(const std::filesystem::path&,
                                             const std::filesystem::path& app) {
   return windows::OpenWindows(Utf8(app));
+}
+
+std::unique_ptr<Text> TextOf(unsigned code_page) {
+  return std::make_unique<windows::WindowsText>(code_page);
+}
+
+void Hide(const std::filesystem::path& file) {
+  REQUIRE(SetFileAttributesW(file.c_str(), FILE_ATTRIBUTE_HIDDEN));
 }
 
 }  // namespace panelkit::test

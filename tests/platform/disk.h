@@ -1,0 +1,46 @@
+// A temporary folder, and the same folder as the machine of this system names it.
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "support/machine_here.h"
+#include "support/temp_folder.h"
+
+namespace panelkit::test {
+
+struct Disk {
+  TempFolder folder;
+  std::unique_ptr<LocalMachine> machine = OpenMachineAt(folder.Path(), folder.Path());
+  Files& files = machine->Services().files;
+
+  /// The Windows path of `name` in the folder.
+  std::string At(std::string_view name) const {
+    return files.AppFolder() + '\\' + std::string(name);
+  }
+
+  /// A listing of the machine's, a blank behind each name; "(none)" where there is none.
+  std::string List(std::string_view pattern, ListedEntries entries) const {
+    const auto names = files.List(At(pattern), entries);
+    std::string listed = names ? "" : "(none)";
+    for (const std::string& name : names.value_or(std::vector<std::string>())) listed += name + ' ';
+    return listed;
+  }
+
+  /// Every file and folder below one in the folder, hidden or not, sorted, a blank behind each.
+  std::string Tree(std::string_view below = "") const {
+    std::set<std::string> names;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder / below)) {
+      const auto name = entry.path().lexically_relative(folder / below).generic_u8string();
+      names.insert({name.begin(), name.end()});
+    }
+    std::string tree;
+    for (const std::string& name : names) tree += name + ' ';
+    return tree;
+  }
+};
+
+}  // namespace panelkit::test
