@@ -6,8 +6,8 @@ set -u
 golden=$source/tests/golden
 spare=$app/SpareGauges
 
-# is TEXT WHAT: standard output is exactly TEXT.
-is() { [ "$(cat "$work/out")" = "$1" ] || fail "$2: $(cat "$work/out")"; }
+# is TEXT: standard output is exactly TEXT.
+is() { [ "$(cat "$work/out")" = "$1" ] || fail "not '$1' but: $(cat "$work/out")"; }
 
 # wrote FILE PAGE: the file is the golden page with this test's folders in it, in Windows-1252.
 wrote() {
@@ -29,7 +29,7 @@ cd "$fs" || exit
 expect 0 where
 is "C:\\Program Files\\Microsoft Games\\FS2002
   on disk: $fs
-  found by: Wine prefix $WINEPREFIX (WINEPREFIX)" where
+  found by: Wine prefix $WINEPREFIX (WINEPREFIX)"
 expect 1 probe
 diff -a "$golden/demo-probe.txt" "$work/out" || fail 'the printed probe'
 wrote GAUGES.HTM demo-probe.htm
@@ -55,7 +55,7 @@ diff -r "$source/demo" "$WINEPREFIX" || fail 'restore did not bring everything b
 
 # The brake messages.
 expect 0 brake
-is 'on: the red brake messages are shown' brake
+is 'on: the red brake messages are shown'
 expect 0 brake off
 grep -aqx $'show_brake_message=0\r' "$fs/fs2002.cfg" || fail 'the setting was not switched'
 wrote BRAKES.HTM brake.htm
@@ -69,15 +69,12 @@ cab=Gauges/NorthStar_Radios.cab
 expect 0 cab extract $cab --output-path "$work/out dir/deep"
 cabextract -q -d "$work/reference" $cab
 diff -r "$work/reference" "$work/out dir/deep" || fail 'extracted otherwise'
-expect 0 cab count $cab
-is "$(ls "$work/reference" | wc -l)" 'the number of entries'
 expect 2 cab count Gauges/Jarrowby_Overhead.cab
 complains 'Invalid data. (error 13)'
 
 # What a user would do wrong.
-expect 2 frobnicate
 expect 2 probe --simulator "$work/nowhere"
 complains 'is not there'
 WINEPREFIX=$work/none expect 2 probe
 complains 'No simulator is registered'
-finish
+[ $failures = 0 ]

@@ -62,4 +62,4 @@ only_whole() {
 killed only_whole brake off
 prepare() { rm -rf "$unpacked"; }
 killed only_whole cab extract "$work/packed.cab" --output-path "$unpacked"
-finish
+[ $failures = 0 ]
