@@ -10,8 +10,6 @@ if [ -z "${IN_OWN_MOUNTS-}" ]; then
   exit 0
 fi
 . "$2/tests/support/console.sh"
-gauges=$fs/Gauges
-spare=$app/SpareGauges
 
 # small_disk FOLDER KIB: a disk of its own for FOLDER. fill FOLDER: leaves no room in it.
 small_disk() { mkdir -p "$1" && mount -t tmpfs -o size="$2k" none "$1"; }
@@ -38,8 +36,7 @@ complains "GAUGES.HTM could not be written in the program's folder."
 truncate -s -100K "$app/filling"
 expect 2 clean
 complains 'files that stayed in Gauges: '
-moved=$(ls "$spare" | wc -l)
-[ "$moved" -gt 0 ] && [ "$moved" -lt 9 ] || fail "$moved gauges fitted"
+[ -n "$(ls "$spare")" ] || fail 'no gauge fitted'
 [ "$(contents "$gauges" "$spare")" = "$all" ] || fail 'a gauge is lost, double or half'
 
 # Without room for the backup the setting is added all the same, to the whole file.
@@ -55,7 +52,7 @@ cp "$work/fs2002.cfg" "$work/full"
 fill "$work/full"
 expect 2 brake off --simulator "$work/full"
 complains 'cannot be written'
-[ "$(contents "$work/full")" = "$(contents "$work/fs2002.cfg")" ] || fail 'the configuration changed'
+[ "$(contents "$work/full")" = "$(sums "$work/fs2002.cfg")" ] || fail 'the configuration changed'
 
 small_disk "$work/unpacked" 100
 expect 2 cab extract "$work/x.cab" --output-path "$work/unpacked"

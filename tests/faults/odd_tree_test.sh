@@ -3,9 +3,7 @@
 # usage: odd_tree_test.sh CONSOLE SOURCE_DIR
 set -u
 . "$2/tests/support/console.sh"
-gauges=$fs/Gauges
 aircraft=$fs/Aircraft
-spare=$app/SpareGauges
 
 # A simulator with a needed gauge and a spare one.
 small() {
@@ -23,9 +21,6 @@ panel() {
   { printf '[Window Titles]\r\nWindow00=Main\r\n\r\n[Window00]\r\n'
     printf 'gauge00=%s,1,1\r\n' "${@:2}"; } >"$aircraft/$1/Panel/panel.cfg"
 }
-
-# lists WORDS COUNT: standard output has COUNT lines that hold WORDS.
-lists() { [ "$(grep -acF -- "$1" "$work/out")" = "$2" ] || fail "not $2 times '$1'"; }
 
 # Panels that cannot be read, and links that lead nowhere or back up, stop no one.
 small
@@ -50,8 +45,7 @@ panel "$longest.AIRS" "a$longest!x"
 chmod 777 "$gauges"
 as_user=("${ordinary[@]}" timeout 60)
 expect 1 show
-lists '*** MISSING' 3000
-lists AIRCRAFT: 3
+[ "$(grep -acE '^AIRCRAFT:| MISSING ' "$work/out")" = 3003 ] || fail 'not 3 aircraft, 3000 missing'
 expect 0 clean
 holds "$spare" "b$longest.gau" spare.gau $'\u6F22\u5B57.gau'
 expect 0 restore

@@ -20,13 +20,11 @@ inline void Require(bool promise) {
   if (!promise) std::abort();
 }
 
-/// A Wine prefix in a temporary folder; its C: holds an empty folder "out".
+/// A Wine prefix in a temporary folder.
 struct Prefix {
   test::TempFolder folder;
   WineMachine machine{{folder.Path(), "test"}, folder.Path().native()};
   std::filesystem::path c = folder / "drive_c";
-
-  Prefix() { std::filesystem::create_directories(c / "out"); }
 
   /// A new cabinet of these bytes, C:\x.cab.
   std::shared_ptr<CABFile> Cabinet(std::string_view bytes) {

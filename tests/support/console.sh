@@ -1,5 +1,6 @@
 # Tests of the console companion. Sourced with the console and the sources as $1 and $2; gives a
-# folder $work with the program in $app and the prefix that it sees, whose simulator is $fs.
+# folder $work with the program in $app and the prefix that it sees, whose simulator is $fs. A test
+# passes where its last command finds no failures.
 console=$1
 source=$2
 work=$(mktemp -d)
@@ -9,6 +10,8 @@ umask 022
 app=$work/app
 export HOME=$work/home WINEPREFIX=$work/prefix LC_ALL=C.UTF-8
 fs="$work/prefix/drive_c/Program Files/Microsoft Games/FS2002"
+gauges=$fs/Gauges
+spare=$app/SpareGauges
 export ASAN_OPTIONS=exitcode=99 UBSAN_OPTIONS=exitcode=99  # No status of the program's own.
 failures=0
 
