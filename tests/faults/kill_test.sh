@@ -35,10 +35,12 @@ all=$(sums "$gauges")
 nothing_lost() { [ "$(sums "$gauges" "$spare" "${written[@]}" | uniq)" = "$all" ]; }
 prepare() { "$app/panelkit-console" restore >"$work/out" 2>&1; }
 killed nothing_lost clean
-prepare() { "$app/panelkit-console" clean >"$work/out" 2>&1; }
-killed nothing_lost restore
 expect 0 restore
 [ "$(sums "$gauges")" = "$all" ] && [ -z "$(ls -A "$spare")" ] || fail 'restore did not end it'
+prepare() { "$app/panelkit-console" clean >"$work/out" 2>&1; }
+killed nothing_lost restore
+expect 0 clean
+[ -z "$(ls -A "$gauges")" ] || fail "left behind: $(ls -A "$gauges")"
 
 # As it was, with the setting added, and with it switched: these files are whole, and so are the
 # backup and the entries of a cabinet.

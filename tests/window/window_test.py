@@ -14,8 +14,6 @@ from window_driver import Program, move_to_a_screen, run, wait
 
 PROGRAM, PICTURES = (pathlib.Path(argument) for argument in sys.argv[1:3])
 MAIN = " Panelkit for FS2002 ONLY"
-ABOUT = "About Panelkit "
-WELCOME = "We hope you find this program helpful"
 
 
 class WindowTest(unittest.TestCase):
@@ -34,7 +32,7 @@ class WindowTest(unittest.TestCase):
         self.addCleanup(program.wait)
         self.addCleanup(program.kill)
         program.wait_for_window(MAIN)
-        program.wait_for_page(WELCOME)
+        program.wait_for_page("We hope you find this program helpful")
         return program
 
     def test_keys_and_clicks_bring_each_page_also_when_the_scan_was_faster_than_the_pane(self):
@@ -73,12 +71,12 @@ class WindowTest(unittest.TestCase):
         program = self.start()
 
         def middle():
-            place = program.place("frame", ABOUT)
+            place = program.place("frame", "About Panelkit ")
             return place.x + place.width // 2, place.y + place.height // 2
 
         def opens_at(x, y):
             program.press("alt+h", "a")
-            program.wait_for_window(ABOUT)
+            program.wait_for_window("About Panelkit ")
             wait(lambda: abs(middle()[0] - x) < 2 and abs(middle()[1] - y) < 2, "its place")
 
         opens_at(640, 512)
