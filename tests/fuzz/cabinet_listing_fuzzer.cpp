@@ -2,12 +2,9 @@
 #include "fuzz/fuzz.h"
 #include "shell/mod_gauges.h"
 
-using namespace panelkit;
-using fuzz::Require;
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
-  static fuzz::Prefix prefix;
-  const auto cabinet = prefix.Cabinet(fuzz::Bytes(bytes, size));
+void panelkit::fuzz::Try(std::string_view input) {
+  static Prefix prefix;
+  const auto cabinet = prefix.Cabinet(input);
   int found = 0;
   int gauges = 0;
   cabinet->FileFound.Subscribe(
@@ -26,5 +23,4 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
   } catch (const CabError& error) {
     Require(!sound && error.Number == 13);
   }
-  return 0;
 }

@@ -1,7 +1,6 @@
 // What the fuzzers share.
 #pragma once
 
-#include <cstdint>
 #include <cstdlib>
 #include <memory>
 #include <string>
@@ -13,22 +12,19 @@
 
 namespace panelkit::fuzz {
 
+/// What one fuzzer does with any bytes.
+void Try(std::string_view input);
+
 /// Ends the process, which counts as a finding, where a promise is broken.
 inline void Require(bool promise) {
   if (!promise) std::abort();
 }
 
-inline std::string_view Bytes(const std::uint8_t* bytes, std::size_t size) {
-  return {reinterpret_cast<const char*>(bytes), size};
-}
-
-/// A Wine prefix in a temporary folder; its C: holds an empty folder "out".
+/// A Wine prefix in a temporary folder.
 struct Prefix {
   test::TempFolder folder;
   WineMachine machine{{folder.Path(), "test"}, folder.Path().native()};
   std::filesystem::path c = folder / "drive_c";
-
-  Prefix() { std::filesystem::create_directories(c / "out"); }
 
   /// A new cabinet of these bytes, C:\x.cab.
   std::shared_ptr<CABFile> Cabinet(std::string_view bytes) {

@@ -3,19 +3,15 @@
 #include "platform/linux/utf8.h"
 #include "shell/simulator_location.h"
 
-using namespace panelkit;
-using fuzz::Require;
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
+void panelkit::fuzz::Try(std::string_view input) {
   static const test::TempFolder folder;
   static const CodePageText text(1252);
-  test::Put(folder / "system.reg", fuzz::Bytes(bytes, size));
+  test::Put(folder / "system.reg", input);
   HiveFile file((folder / "system.reg").native());
   CodePageOf(file.Current().get());
   const HiveRegistry registry(file, text);
   Require(utf8::IsValid(FindSimulator(registry, text)));
   // The first line also as the path of a key and as the name of a value.
-  const std::string_view input = fuzz::Bytes(bytes, size);
   const std::string_view line = input.substr(0, input.find('\n'));
   if (const auto key = registry.RegOpenKeyA(HKEY_LOCAL_MACHINE_VALUE, line)) {
     for (int index = 0; key->RegEnumKeyA(index); ++index) Require(index < 20000);
@@ -23,5 +19,4 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     Require(!value || value->bytes.size() <= kRegistryBufferSize);
   }
   ReadHiveValue(input);
-  return 0;
 }

@@ -1,13 +1,17 @@
 # Tests of the console companion. Sourced with the console and the sources as $1 and $2; gives a
-# folder $work with the program in $app and the prefix that it sees, whose simulator is $fs.
+# folder $work with the program in $app and the prefix that it sees, whose simulator is $fs. A test
+# passes where its last command finds no failures.
 console=$1
 source=$2
 work=$(mktemp -d)
 trap 'umount "$work"/*/ 2>/dev/null; chmod -R u+rwX "$work" 2>/dev/null; rm -rf "$work"' EXIT
 chmod 755 "$work"
+umask 022
 app=$work/app
 export HOME=$work/home WINEPREFIX=$work/prefix LC_ALL=C.UTF-8
 fs="$work/prefix/drive_c/Program Files/Microsoft Games/FS2002"
+gauges=$fs/Gauges
+spare=$app/SpareGauges
 export ASAN_OPTIONS=exitcode=99 UBSAN_OPTIONS=exitcode=99  # No status of the program's own.
 failures=0
 
@@ -16,9 +20,17 @@ fail() {
   failures=$((failures + 1))
 }
 
+# fresh: the program and the demonstration simulator as they are delivered, for any user to read.
+fresh() {
+  chmod -R u+rwX "$work"
+  rm -rf "$app" "$WINEPREFIX"
+  install -D "$console" "$app/panelkit-console"
+  cp -r --no-preserve=mode "$source/demo" "$WINEPREFIX"
+  as_user=()
+}
+
 # expect STATUS ARGUMENT...: runs the console, by "${as_user[@]}"; its output is in $work/out and
 # $work/err.
-as_user=()
 expect() {
   local wanted=$1 status=0
   shift
@@ -29,11 +41,16 @@ expect() {
 # complains WORDS: standard error holds WORDS.
 complains() { grep -qF -- "$1" "$work/err" || fail "no word of '$1' but: $(cat "$work/err")"; }
 
+# holds FOLDER NAME...: it holds these entries alone.
+holds() { [ "$(ls "$1")" = "$(printf '%s\n' "${@:2}")" ] || fail "in $1: $(ls "$1" | head)"; }
+
+# sums FOLDER... [CONDITION...]: content and name of each file in them, hidden ones too, that meets
+# the conditions of find.
+sums() { find "$@" -type f -exec sha256sum {} + | sed -E 's|  .*/|  |' | sort; }
+
 # Runs a command as somebody whom permissions bind.
 ordinary=()
 [ "$(id -u)" != 0 ] || ordinary=(setpriv --reuid=65534 --regid=65534 --clear-groups)
 
-finish() {
-  [ $failures = 0 ] && echo 'All checks passed.'
-  exit $((failures > 0))
-}
+mkdir "$HOME"
+fresh

@@ -1,0 +1,9 @@
+// Hands libFuzzer's inputs to the fuzzer.
+#include "fuzz/fuzz.h"
+
+#include <cstdint>
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
+  panelkit::fuzz::Try({reinterpret_cast<const char*>(bytes), size});
+  return 0;
+}
