@@ -1,15 +1,19 @@
 #!/usr/bin/env bash
 # Kills the console companion at many moments: nothing is lost, and nothing stands half written
 # under its name.
-# usage: kill_test.sh CONSOLE SOURCE_DIR
+# usage: kill_test.sh CONSOLE SOURCE_DIR [ROUNDS], how often each is killed at a random moment
 set -u
+rounds=${3:-9}
 . "$2/tests/support/console.sh"
 unpacked=$work/unpacked
 config=$fs/fs2002.cfg
 written=(! -name '.panelkit-*' ! -name panelkit.moving)  # Not what a killed run was writing.
 
-# After so many milliseconds, and before each of the first changes to the disk.
-ways=('timeout -s KILL 0.00'{1..9})
+# At random moments of the first 12 milliseconds, and before each of the first changes to the disk.
+ways=()
+for ((i = 0; i < rounds; i++)); do
+  ways+=("timeout -s KILL $(printf 0.%05d $((RANDOM % 1200 + 1)))")
+done
 changes=({write,pwrite64,rename,unlink,mkdir,fsync}:signal=KILL:when={1..8})
 strace -o /dev/null true && ways+=("${changes[@]/#/strace -qq -o /dev/null -e inject=}") ||
   echo 'Left out: kills before each change (strace).'
@@ -24,7 +28,7 @@ killed() {
     [ $? != 137 ] || cut=$((cut + 1))
     $1 || fail "${*:2}, killed by $way"
   done 2>/dev/null
-  [ $cut -gt 9 ] || [ ${#ways[@]} = 9 ] || fail "${*:2}: only $cut runs were cut short"
+  [ $cut -gt $rounds ] || [ ${#ways[@]} = $rounds ] || fail "${*:2}: only $cut runs were cut short"
 }
 
 rm -r "$fs/Aircraft"/* "$gauges"/*

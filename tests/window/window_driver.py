@@ -1,5 +1,5 @@
-# Drives the real program on a screen of its own: keys go in as a user's would, and what an
-# assistive program reads comes out.
+"""Drives the real program on a screen of its own: keys go in as a user's would, and what an
+assistive program reads comes out."""
 
 import os
 import subprocess
@@ -17,8 +17,8 @@ def run(*command):
     return subprocess.run(command, capture_output=True, text=True, check=False).stdout
 
 
-# Waits until `condition` gives something true, and gives it back.
 def wait(condition, what):
+    """Waits until `condition` gives something true, and gives it back."""
     end = time.monotonic() + 30
     while time.monotonic() < end:
         try:
@@ -30,8 +30,8 @@ def wait(condition, what):
     raise AssertionError("waited in vain: " + what)
 
 
-# Goes on in a process with a home, an X screen and a session bus of its own.
 def move_to_a_screen():
+    """Goes on in a process with a home, an X screen and a session bus of its own."""
     if "PANELKIT_TEST_SESSION" in os.environ:
         subprocess.Popen(["openbox"])  # The window manager ends with the screen.
         wait(lambda: run("xdotool", "get_desktop"), "openbox")
@@ -53,29 +53,30 @@ def children(top):
     return filter(None, map(top.get_child_at_index, range(top.get_child_count())))
 
 
-# `top` and all accessible objects in it, in the order of the window.
 def below(top):
+    """`top` and all accessible objects in it, in the order of the window."""
     yield top
     for child in children(top):
         yield from below(child)
 
 
-# The running program.
 class Program(subprocess.Popen):
-    # The first with this name, which may have "*" in it.
+    """The running program."""
+
     def named(self, role, name=""):
+        """The first with this name, which may have "*" in it."""
         desktop = Atspi.get_desktop(0)
         desktop.clear_cache()
         return next(here for top in children(desktop) if top.get_process_id() == self.pid
                     for here in below(top)
                     if here.get_role_name() == role and fnmatchcase(here.get_name(), name))
 
-    # In pixels of the screen.
     def place(self, role, name=""):
+        """In pixels of the screen."""
         return Atspi.Component.get_extents(self.named(role, name), Atspi.CoordType.SCREEN)
 
-    # Waits until that window has the keyboard, as one that the user opened should.
     def wait_for_window(self, title):
+        """Waits until that window has the keyboard, as one that the user opened should."""
         wait(lambda: self.named("frame", title).get_state_set().contains(Atspi.StateType.ACTIVE),
              f"the window {title!r} with the keyboard")
 
@@ -87,13 +88,13 @@ class Program(subprocess.Popen):
         Atspi.generate_mouse_event(place.x + place.width // 2, place.y + place.height // 2,
                                    f"b{button}c")
 
-    # The names of the bar's items that cannot be picked.
     def greyed(self):
+        """The names of the bar's items that cannot be picked."""
         return [item.get_name() for item in below(self.named("menu bar"))
                 if not item.get_state_set().contains(Atspi.StateType.SENSITIVE)]
 
-    # The text of the page that the pane shows.
     def pane(self):
+        """The text of the page that the pane shows."""
         return "\n".join(Atspi.Text.get_text(here, 0, -1)
                          for here in below(self.named("document web"))
                          if "Text" in here.get_interfaces())

@@ -1,4 +1,4 @@
-# What a user sees and does in the real window. Arguments: the program, the folder of pictures.
+"""What a user sees and does in the real window. Arguments: the program, the folder of pictures."""
 
 import functools
 import http.server
