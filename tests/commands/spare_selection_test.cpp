@@ -2,6 +2,7 @@
 
 #include <doctest/doctest.h>
 
+#include <algorithm>
 #include <random>
 
 #include "analysis/panel_entry.h"
@@ -10,56 +11,25 @@
 namespace panelkit::test {
 namespace {
 
-GaugeTable TableOf(const Text& text, const std::vector<std::string>& keys) {
-  GaugeTable table;
-  for (const std::string& key : keys) table.Add(text, "", key);
-  return table;
-}
-
-TEST_CASE("a row is needed when a required name holds its key or equals its cabinet") {
-  Simulator simulator;
-  const Machine machine = simulator.Services();
-  const auto spare = [&](const std::vector<std::string>& keys,
-                         const std::vector<std::string>& required) {
-    std::string text;
-    const auto selection = SelectSpare(TableOf(machine.text, keys), required, machine.text);
-    for (const std::string& key : selection.keys) text += key + " ";
-    text += "| ";
-    for (const std::string& file : selection.SpareFiles) text += file + " ";
-    return text;
-  };
-  CHECK(spare({"abc"}, {"ABC"}) == "| ");
-  CHECK(spare({"abc"}, {"xabcy"}) == "| ");
-  CHECK(spare({"abcd"}, {"abc"}) == "abcd | abcd ");
-  CHECK(spare({"Abc!speed", "Abc!clock"}, {"abc"}) == "| ");
-  CHECK(spare({"Abc!speed", "Abc!clock"}, {"abcd"}) == "Abc!speed Abc!clock | abc ");
-  CHECK(spare({"Abc", "abc!x", "def"}, {}) == "Abc abc!x def | Abc def ");
-  CHECK(spare({"xABCy", "abc"}, {}) == "xABCy abc | xABCy ");
-  CHECK(spare({"abc", "xabcy"}, {}) == "abc xabcy | abc xabcy ");
-}
-
 // The same selection as nested walks over both lists.
 SpareSelection PlainWalk(const std::vector<std::string>& keys,
                          const std::vector<std::string>& required, const Text& text) {
   SpareSelection spare;
   for (const std::string& key : keys) {
-    const std::string lowered = text.Lower(key);
-    const std::string file(FilePart(lowered));
-    bool needed = false;
-    for (const std::string& name : required) {
-      const std::string m = text.Lower(name);
-      needed = needed || (NamesFile(key) && m == file) || m.find(lowered) != std::string::npos;
-    }
-    if (needed) continue;
+    const std::string file = text.Lower(FilePart(key));
+    const auto holds = [&](const std::string& name, const std::string& part) {
+      return text.Lower(name).find(text.Lower(part)) != std::string::npos;
+    };
+    const auto needs_key = [&](const std::string& name) {
+      return (NamesFile(key) && text.Lower(name) == file) || holds(name, key);
+    };
+    if (std::any_of(required.begin(), required.end(), needs_key)) continue;
     spare.keys.push_back(key);
     const std::string wanted = NamesFile(key) ? file : key;
-    bool known = false;
-    for (const std::string& slot : spare.SpareFiles) {
-      const std::string lowered_slot = text.Lower(slot);
-      known = known || lowered_slot == wanted ||
-              lowered_slot.find(text.Lower(wanted)) != std::string::npos;
-    }
-    if (!known) spare.SpareFiles.push_back(wanted);
+    const auto holds_wanted = [&](const std::string& slot) { return holds(slot, wanted); };
+    const auto& slots = spare.SpareFiles;
+    if (std::any_of(slots.begin(), slots.end(), holds_wanted)) continue;
+    spare.SpareFiles.push_back(wanted);
   }
   return spare;
 }
@@ -79,7 +49,9 @@ TEST_CASE("the selection equals that of a plain walk") {
     const auto keys = words(20, 6);
     auto required = words(8, 5);
     for (std::string& name : required) name = FilePart(name);
-    const auto fast = SelectSpare(TableOf(machine.text, keys), required, machine.text);
+    GaugeTable table;
+    for (const std::string& key : keys) table.Add(machine.text, "", key);
+    const auto fast = SelectSpare(table, required, machine.text);
     const auto plain = PlainWalk(keys, required, machine.text);
     REQUIRE(fast.keys == plain.keys);
     REQUIRE(fast.SpareFiles == plain.SpareFiles);

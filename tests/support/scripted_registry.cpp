@@ -2,45 +2,34 @@
 
 #include <algorithm>
 #include <cctype>
+#include <utility>
 
 namespace panelkit::test {
 namespace {
 
-class ApplicationsKey : public RegistryKey {
+// An opened key: the list with its applications, or one application with its value "Path".
+class ScriptedKey : public RegistryKey {
  public:
-  explicit ApplicationsKey(const ScriptedRegistry& registry) : registry_(registry) {}
+  ScriptedKey(std::vector<ScriptedApplication> subkeys, std::optional<RegistryValue> path)
+      : subkeys_(std::move(subkeys)), path_(std::move(path)) {}
 
   std::optional<std::string> RegEnumKeyA(std::int32_t index) const override {
-    if (index < 0 || index >= std::ssize(registry_.applications)) return std::nullopt;
-    return registry_.applications[index].name;
-  }
-  std::optional<RegistryValue> RegQueryValueExA(std::string_view /*name*/) const override {
-    return std::nullopt;
-  }
-
- private:
-  const ScriptedRegistry& registry_;
-};
-
-class ApplicationKey : public RegistryKey {
- public:
-  explicit ApplicationKey(const ScriptedApplication& application) : application_(application) {}
-
-  std::optional<std::string> RegEnumKeyA(std::int32_t /*index*/) const override {
-    return std::nullopt;
+    if (index < 0 || index >= std::ssize(subkeys_)) return std::nullopt;
+    return subkeys_[index].name;
   }
   std::optional<RegistryValue> RegQueryValueExA(std::string_view name) const override {
-    return name == "Path" ? application_.path : std::nullopt;
+    return name == "Path" ? path_ : std::nullopt;
   }
 
  private:
-  const ScriptedApplication& application_;
+  std::vector<ScriptedApplication> subkeys_;
+  std::optional<RegistryValue> path_;
 };
 
-std::string Lowered(std::string_view text) {
-  std::string lowered(text);
-  for (char& c : lowered) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-  return lowered;
+bool SameKey(std::string_view a, std::string_view b) {
+  return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](unsigned char x, unsigned char y) {
+    return std::tolower(x) == std::tolower(y);
+  });
 }
 
 }  // namespace
@@ -51,13 +40,12 @@ RegistryValue TextValue(const std::string& text) {
 
 std::unique_ptr<RegistryKey> ScriptedRegistry::RegOpenKeyA(std::uint32_t root,
                                                            std::string_view path) const {
-  const std::string list = R"(software\microsoft\directplay\applications)";
-  const std::string wanted = Lowered(path);
+  const std::string list = R"(Software\Microsoft\DirectPlay\Applications)";
   if (root != HKEY_LOCAL_MACHINE_VALUE) return nullptr;
-  if (wanted == list) return std::make_unique<ApplicationsKey>(*this);
-  for (const ScriptedApplication& application : applications) {
-    if (wanted == list + "\\" + Lowered(application.name)) {
-      return std::make_unique<ApplicationKey>(application);
+  if (SameKey(path, list)) return std::make_unique<ScriptedKey>(applications, std::nullopt);
+  for (const auto& [name, value] : applications) {
+    if (SameKey(path, list + "\\" + name)) {
+      return std::make_unique<ScriptedKey>(std::vector<ScriptedApplication>{}, value);
     }
   }
   return nullptr;

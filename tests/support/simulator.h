@@ -4,8 +4,6 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
-#include <optional>
-#include <set>
 #include <string>
 
 #include "platform/console/memory_face.h"
@@ -33,6 +31,12 @@ class Simulator {
   /// The same folders as the program names them.
   std::string FSPath() const { return machine_->WindowsPath(Utf8(Fs())); }
   std::string AppFolder() const { return machine_->Services().files.AppFolder(); }
+
+  /// What stands in the program's page file.
+  std::string Page() const { return Get(App() / "GAUGES.HTM"); }
+  /// A page of tests/golden with this simulator's folders and the addresses filled in: {APP}, {FS},
+  /// {SITE}, {HOST}.
+  std::string Golden(std::string_view name) const;
 
   /// The machine with the scripted registry in it.
   Machine Services();
@@ -72,13 +76,10 @@ struct Program {
   frmGauges form;
 };
 
-/// A page of tests/golden with its folders and addresses filled in: {APP}, {FS}, {SITE}, {HOST}.
-std::string Golden(std::string_view name, const std::string& app, const std::string& fs);
-
 /// Each file below `folder`, by its path with "/" between, on a line of its own, sorted.
 std::string Tree(const std::filesystem::path& folder);
 
-/// Each "\n" as CR LF.
-std::string CrLf(std::string_view text);
+/// `text` with each `what` in it replaced.
+std::string Replaced(std::string text, std::string_view what, std::string_view by);
 
 }  // namespace panelkit::test
