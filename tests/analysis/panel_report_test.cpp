@@ -10,7 +10,7 @@ namespace {
 using namespace std::string_literals;
 
 struct Case {
-  const char* name;
+  std::string name;
   std::string panel;
   std::string report;    // Windows, and below each, behind "+", the gauges that are missing there.
   std::string required;  // File parts that a run in Clean Gauges mode collects.
@@ -26,82 +26,77 @@ const Case kCases[] = {
     {"a header directly below the titles becomes a title itself",
      "[Window Titles]\nWindow00=Main\n[Window00]\nsize=1\ngauge00=abc,1\n[Window01]\n"
      "gauge00=def,1\n",
-     "Window00=Main\n+abc\n[Window00]\n+def\n", "abc def "},
+     "Window00=Main\n+abc\n[Window00]\n+def\n", "abc|def|"},
     {"windows beyond the titles start again at the first, less their first line",
      "[window titles]\nwindow00=One\n\n[Window00]\ngauge00=a1,1\n[Window01]\ngauge00=lost,1\n"
      "gauge01=a2,1\n[Window02]\n\ngauge00=a3,1\n",
-     "window00=One\n+a1\nwindow00=One\n+a2\nwindow00=One\n+a3\n", "a1 a2 a3 "},
+     "window00=One\n+a1\nwindow00=One\n+a2\nwindow00=One\n+a3\n", "a1|a2|a3|"},
     {"what counts as a gauge line, and what its entry is",
      "[Window Titles]\nWindow00=W\n\nGAUGE07=up!x!y,1,2\n gauge00=indented,1\n//gauge00=comment,1\n"
      "gauge_size=1,2\ngauge00=blank ,1\ngauge01= lead,1\ngauge02=nocomma\ngauge03=\n"
-     "gauge04plain,9\ngauge05=a=b,1\ngauge06=ZZZ!present,1\n",
+     "gauge04plain,9\ngauge05=a=b,1\ngauge06=ZZZ!present,1\ngauge07=,occurs in every key\n",
      "Window00=W\n+up!x!y\n+1\n+blank \n+ lead\n+nocomma\n+gauge04plain\n+a=b\n",
-     "up 1 blank   lead nocomma gauge04plain a=b ZZZ "},
-    {"an empty entry occurs in every key", "[Window Titles]\nWindow00=W\n\ngauge00=,1,2\n", "",
-     " "},
+     "up|1|blank | lead|nocomma|gauge04plain|a=b|ZZZ||"},
     {"a second titles header starts the list afresh",
      "[Window Titles]\nWindow00=Old\n\n[Window09]\n[Window Titles]\nWindow00=New\n\ngauge00=a,1\n",
-     "Window00=New\n+a\n", "a "},
+     "Window00=New\n+a\n", "a|"},
     {"at most 100 titles count, the next line belongs to the first window",
-     TooManyTitles() + "gauge00=a,1\n", "window0=t\n+a\n", "a "},
+     TooManyTitles() + "gauge00=a,1\n", "window0=t\n+a\n", "a|"},
     {"bytes that are no text are lines like others, and the last line needs no end",
      "\0\xFF\x1A\r\r\r\n\xFE[Window Titles]\rWindow00=W\n\rgauge00=a,1\rgauge01=b,2"s,
-     "Window00=W\n+a\n+b\n", "a b "},
-    {"aliases are followed under the own name", "alias=Shared\n", "Window00=W\n+g\n", "zzz g "},
-    {"an alias to itself ends the aircraft",
-     "[Window Titles]\nWindow00=W\n\ngauge00=a,1\n[Window01]\nx\nALIAS= Alpha\\Panel \n",
-     "Window00=W\n+a\n", "a "},
+     "Window00=W\n+a\n+b\n", "a|b|"},
+    {"aliases are followed under the own name, until one leads back",
+     "[Window Titles]\nWindow00=W\n\ngauge00=a,1\n[Window01]\n// Alias=  shared  \n",
+     "Window00=W\n+a\n\nAIRCRAFT: ALPHA\nWindow00=W\n+g\n", "a|zzz|g|"},
 };
 
 TEST_CASE("panels give their report lines and required names") {
   for (const Case& row : kCases) {
     CAPTURE(row.name);
-    Simulator simulator;
-    simulator.AddAircraft("Alpha", row.panel);
-    Put(simulator.Fs() / "Aircraft" / "Shared" / "panel.cfg", "x\n// Alias=  shared\\sub  \nx");
-    Put(simulator.Fs() / "Aircraft" / "Shared" / "sub" / "panel.cfg",
-        "[Window Titles]\nWindow00=W\n\ngauge00=zzz,1\ngauge01=g,1\n");
-    simulator.AddGauge("ZZZ.GAU");
-    Program program(simulator);
-    program.form.EnumerateGauges();
-    const std::string lines = Replaced(ReportText(program.form.ReportHtml), "        ", "+");
+    Program program;
+    const auto aircraft = program.simulator.Fs() / "Aircraft";
+    program.simulator.AddAircraft("Alpha", row.panel);
+    Put(aircraft / "Shared" / "panel.cfg", "ALIAS=shared\\sub");
+    Put(aircraft / "Shared" / "sub" / "panel.cfg",
+        "[Window Titles]\nWindow00=W\n\ngauge=zzz,1\ngauge=g,1\n[Window01]\nalias=Shared\n");
+    program.simulator.AddGauge("ZZZ.GAU");
+    frmGauges& form = program.form;
+    form.EnumerateGauges();
+    const std::string lines = Replaced(ReportText(form.ReportHtml), "        ", "+");
     CHECK(Replaced(Replaced(lines, "    ", ""), " *** MISSING ***", "") ==
-          (row.report.empty() ? "" : "\nAIRCRAFT: ALPHA\n" + row.report));
+          "\nAIRCRAFT: ALPHA\n" + row.report);
 
-    program.form.ReportHtml = "as the command left it";
-    program.form.CollectRequiredOnly = true;
-    program.form.EnumerateGauges();
-    CHECK(program.form.ReportHtml == "as the command left it");
+    form.ReportHtml = "as the command left it";
+    form.CollectRequiredOnly = true;
+    form.EnumerateGauges();
+    CHECK(form.ReportHtml == "as the command left it");
     std::string required;
-    for (const std::string& name : program.form.MissingGauges.Names()) required += name + " ";
+    for (const std::string& name : form.MissingGauges.Names()) required += name + "|";
     CHECK(required == row.required);
   }
 }
 
-TEST_CASE("the walk names folders as listed and fills the bar with every entry") {
-  Simulator simulator;
+TEST_CASE_FIXTURE(Program, "the walk names folders as listed and fills the bar with every entry") {
   simulator.AddAircraft("beta", "x\n");
   simulator.AddAircraft("Alpha", "x\n");
   Put(simulator.Fs() / "Aircraft" / "readme.txt", "no folder");
-  Program program(simulator);
   std::string scanned;
-  program.loop.on_turn = [&] {
-    if (!scanned.ends_with(program.Status() + "|")) scanned += program.Status() + "|";
+  loop.on_turn = [&] {
+    if (!scanned.ends_with(Status() + "|")) scanned += Status() + "|";
   };
-  const std::string before = program.Status();
-  program.form.EnumerateGauges();
+  const std::string before = Status();
+  form.EnumerateGauges();
   CHECK(scanned == before + "|Scanning Alpha|Scanning beta|");
-  const MemoryProgressBar& bar = program.Window().ProgressBarNamed("ProgressBar1");
+  const MemoryProgressBar& bar = Window().ProgressBarNamed("ProgressBar1");
   CHECK(bar.Max() == 5);
   CHECK(bar.Value() == 5);
-  program.Click("menMain");
+  Click("menMain");
   CHECK(bar.Value() == 0);
 
   simulator.registry.applications = {{"Flight Simulator", TextValue("Not Found")}};
-  program.Click("menProbe");
+  Click("menProbe");
   CHECK(bar.Max() == 0);
-  CHECK(program.Status() == "Done");
-  CHECK(program.Window().LabelNamed("lblFilePath").Caption() == "Flight Simulator: Not Found");
+  CHECK(Window().LabelNamed("lblFilePath").Caption() == "Flight Simulator: Not Found");
 }
 
 }  // namespace

@@ -1,3 +1,4 @@
+// Both matchings, the table's and that of Clean Gauges, against plain walks over the rows.
 #include "commands/spare_selection.h"
 
 #include <doctest/doctest.h>
@@ -11,48 +12,54 @@
 namespace panelkit::test {
 namespace {
 
-// The same selection as nested walks over both lists.
-SpareSelection PlainWalk(const std::vector<std::string>& keys,
-                         const std::vector<std::string>& required, const Text& text) {
-  SpareSelection spare;
-  for (const std::string& key : keys) {
-    const std::string file = text.Lower(FilePart(key));
-    const auto holds = [&](const std::string& name, const std::string& part) {
-      return text.Lower(name).find(text.Lower(part)) != std::string::npos;
-    };
-    const auto needs_key = [&](const std::string& name) {
-      return (NamesFile(key) && text.Lower(name) == file) || holds(name, key);
-    };
-    if (std::any_of(required.begin(), required.end(), needs_key)) continue;
-    spare.keys.push_back(key);
-    const std::string wanted = NamesFile(key) ? file : key;
-    const auto holds_wanted = [&](const std::string& slot) { return holds(slot, wanted); };
-    const auto& slots = spare.SpareFiles;
-    if (std::any_of(slots.begin(), slots.end(), holds_wanted)) continue;
-    spare.SpareFiles.push_back(wanted);
-  }
-  return spare;
-}
+using Names = std::vector<std::string>;
 
-TEST_CASE("the selection equals that of a plain walk") {
+struct PlainWalks {
   Simulator simulator;
-  const Machine machine = simulator.Services();
+  const Text& text = simulator.Services().text;
+
+  // Whether a row's key, or a required name, stands for the entry or holds it.
+  bool Exists(const Names& rows, const std::string& entry) const {
+    const std::string wanted = text.Lower(entry);
+    return std::any_of(rows.begin(), rows.end(), [&](const std::string& row) {
+      const std::string key = text.Lower(row);
+      return (NamesFile(wanted) && key == FilePart(wanted)) || key.find(wanted) != key.npos;
+    });
+  }
+
+  SpareSelection Select(const Names& keys, const Names& required) const {
+    SpareSelection spare;
+    for (const std::string& key : keys) {
+      if (Exists(required, key)) continue;
+      spare.keys.push_back(key);
+      const std::string file = NamesFile(key) ? text.Lower(FilePart(key)) : key;
+      if (!Exists(spare.SpareFiles, file)) spare.SpareFiles.push_back(file);
+    }
+    return spare;
+  }
+};
+
+TEST_CASE_FIXTURE(PlainWalks, "the table and the selection answer as plain walks over rows do") {
   std::mt19937 random(2002);
   const auto words = [&](std::size_t most, std::size_t letters) {
-    std::vector<std::string> list(random() % most);
+    Names list(random() % most);
     for (std::string& word : list) {
       for (auto left = random() % letters; left > 0; --left) word += "aAbB!"[random() % 5];
     }
     return list;
   };
   for (int round = 0; round < 2000; ++round) {
-    const auto keys = words(20, 6);
-    auto required = words(8, 5);
-    for (std::string& name : required) name = FilePart(name);
+    const Names keys = words(20, 8);
+    Names required = words(8, 6);
     GaugeTable table;
-    for (const std::string& key : keys) table.Add(machine.text, "", key);
-    const auto fast = SelectSpare(table, required, machine.text);
-    const auto plain = PlainWalk(keys, required, machine.text);
+    for (const std::string& key : keys) table.Add(text, "", key);
+    for (std::string& name : required) {
+      CAPTURE(name);
+      REQUIRE(table.Exists(text, name) == Exists(keys, name));
+      name = FilePart(name);
+    }
+    const auto fast = SelectSpare(table, required, text);
+    const auto plain = Select(keys, required);
     REQUIRE(fast.keys == plain.keys);
     REQUIRE(fast.SpareFiles == plain.SpareFiles);
   }

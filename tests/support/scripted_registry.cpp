@@ -1,8 +1,8 @@
 #include "support/scripted_registry.h"
 
-#include <algorithm>
-#include <cctype>
 #include <utility>
+
+#include "analysis/line_reader.h"
 
 namespace panelkit::test {
 namespace {
@@ -14,8 +14,8 @@ class ScriptedKey : public RegistryKey {
       : subkeys_(std::move(subkeys)), path_(std::move(path)) {}
 
   std::optional<std::string> RegEnumKeyA(std::int32_t index) const override {
-    if (index < 0 || index >= std::ssize(subkeys_)) return std::nullopt;
-    return subkeys_[index].name;
+    if (index >= std::ssize(subkeys_)) return std::nullopt;
+    return subkeys_.at(index).name;
   }
   std::optional<RegistryValue> RegQueryValueExA(std::string_view name) const override {
     return name == "Path" ? path_ : std::nullopt;
@@ -26,12 +26,6 @@ class ScriptedKey : public RegistryKey {
   std::optional<RegistryValue> path_;
 };
 
-bool SameKey(std::string_view a, std::string_view b) {
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](unsigned char x, unsigned char y) {
-    return std::tolower(x) == std::tolower(y);
-  });
-}
-
 }  // namespace
 
 RegistryValue TextValue(const std::string& text) {
@@ -40,13 +34,13 @@ RegistryValue TextValue(const std::string& text) {
 
 std::unique_ptr<RegistryKey> ScriptedRegistry::RegOpenKeyA(std::uint32_t root,
                                                            std::string_view path) const {
-  const std::string list = R"(Software\Microsoft\DirectPlay\Applications)";
-  if (root != HKEY_LOCAL_MACHINE_VALUE) return nullptr;
-  if (SameKey(path, list)) return std::make_unique<ScriptedKey>(applications, std::nullopt);
+  constexpr std::string_view kList = R"(software\microsoft\directplay\applications)";
+  if (root != HKEY_LOCAL_MACHINE_VALUE || !ContainsWords(path, kList)) return nullptr;
+  path.remove_prefix(kList.size());
+  if (path.empty()) return std::make_unique<ScriptedKey>(applications, std::nullopt);
   for (const auto& [name, value] : applications) {
-    if (SameKey(path, list + "\\" + name)) {
-      return std::make_unique<ScriptedKey>(std::vector<ScriptedApplication>{}, value);
-    }
+    if (path != "\\" + name) continue;
+    return std::make_unique<ScriptedKey>(std::vector<ScriptedApplication>{}, value);
   }
   return nullptr;
 }

@@ -4,7 +4,6 @@
 #include <set>
 #include <utility>
 
-#include "shell/gauges_window.h"
 #include "shell/site_addresses.h"
 #include "support/machine_here.h"
 
@@ -44,12 +43,6 @@ void ScriptedLoop::ProcessPending() {
   if (!on_turn || std::exchange(inside_, true)) return;
   on_turn();
   inside_ = false;
-}
-
-Program::Program(Simulator& simulator) : face(loop), form(face, simulator.Services()) {}
-
-MemoryForm& Program::Window() const {
-  return *face.FormTitled(kGaugesWindow.title);
 }
 
 std::string Program::Greyed() const {

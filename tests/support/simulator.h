@@ -9,6 +9,7 @@
 #include "platform/console/memory_face.h"
 #include "platform/local_machine.h"
 #include "shell/frm_gauges.h"
+#include "shell/gauges_window.h"
 #include "support/scripted_registry.h"
 #include "support/temp_folder.h"
 
@@ -61,19 +62,18 @@ class ScriptedLoop : public EventLoop {
   bool inside_ = false;
 };
 
-/// The program on a simulator.
+/// The program on a simulator of its own, not yet started: a test can still lay things out.
 struct Program {
-  explicit Program(Simulator& simulator);
-
   void Click(std::string_view item) { Window().Click(item); }
-  MemoryForm& Window() const;
+  MemoryForm& Window() const { return *face.FormTitled(kGaugesWindow.title); }
   std::string Status() const { return Window().LabelNamed("lblStatus").Caption(); }
   /// Names of the disabled items among the bar's, in the bar's order, with blanks between.
   std::string Greyed() const;
 
+  Simulator simulator;
   ScriptedLoop loop;
-  MemoryFace face;
-  frmGauges form;
+  MemoryFace face{loop};
+  frmGauges form{face, simulator.Services()};
 };
 
 /// Each file below `folder`, by its path with "/" between, on a line of its own, sorted.

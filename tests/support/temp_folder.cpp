@@ -36,10 +36,6 @@ TempFolder::~TempFolder() {
   fs::remove_all(path_, ignored);
 }
 
-fs::path TempFolder::operator/(std::string_view name) const {
-  return path_ / FromUtf8(name);
-}
-
 void Put(const fs::path& file, std::string_view bytes) {
   fs::create_directories(file.parent_path());
   std::ofstream(file, std::ios::binary).write(bytes.data(), std::ssize(bytes));
