@@ -4,14 +4,12 @@
 
 #include <string>
 
-using panelkit::IsSafeEntryName;
-
 TEST_CASE("Names that gauge makers give to their files may be followed") {
   for (const std::string name : {"dial.xml", "a\\b\\dial.bmp", "a.b\\.hidden", " led by a blank",
                                  "a b\\c d.gau", "...\u00E9", "console.xml", "com.gau", "com0",
                                  "com10", "nula", "COM\u2074.gau", "what?.xml"}) {
     CAPTURE(name);
-    CHECK(IsSafeEntryName(name));
+    CHECK(panelkit::IsSafeEntryName(name));
   }
 }
 
@@ -23,6 +21,6 @@ TEST_CASE("Names that lead out of the folder, to a device or to another file may
                                "lpt\u00B3.gau", "conin$",    "CONOUT$.x"};
   for (const std::string& name : names) {
     CAPTURE(name);
-    CHECK_FALSE(IsSafeEntryName(name));
+    CHECK_FALSE(panelkit::IsSafeEntryName(name));
   }
 }
