@@ -54,10 +54,9 @@ TEST_CASE("panels give their report lines and required names") {
   for (const Case& row : kCases) {
     CAPTURE(row.name);
     Program program;
-    const auto aircraft = program.simulator.Fs() / "Aircraft";
     program.simulator.AddAircraft("Alpha", row.panel);
-    Put(aircraft / "Shared" / "panel.cfg", "ALIAS=shared\\sub");
-    Put(aircraft / "Shared" / "sub" / "panel.cfg",
+    Put(program.simulator.Fs() / "Aircraft" / "Shared" / "panel.cfg", "ALIAS=shared\\sub");
+    Put(program.simulator.Fs() / "Aircraft" / "Shared" / "sub" / "panel.cfg",
         "[Window Titles]\nWindow00=W\n\ngauge=zzz,1\ngauge=g,1\n[Window01]\nalias=Shared\n");
     program.simulator.AddGauge("ZZZ.GAU");
     frmGauges& form = program.form;

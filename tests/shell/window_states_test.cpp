@@ -10,14 +10,13 @@ namespace {
 TEST_CASE_FIXTURE(Program, "without a simulator the commands are greyed and the page says so") {
   simulator.registry.applications.clear();
   form.Show();
-  const std::string commands = "menProbe menShow menRemove menCool ";
-  CHECK(Greyed() == commands);
+  CHECK(Greyed() == "menProbe menShow menRemove menCool ");
   for (const char* item : {"menProbe", "menRemove", "menBrake", "menKeybd"}) Click(item);
   CHECK(simulator.Page() == simulator.Golden("no-simulator.htm"));
   CHECK(Tree(simulator.App()) == "GAUGES.HTM\n");
   Click("menMain");
   CHECK(simulator.Page() == simulator.Golden("welcome.htm"));
-  CHECK(Greyed() == commands);
+  CHECK(Greyed() == "menProbe menShow menRemove menCool ");
 }
 
 TEST_CASE_FIXTURE(Program, "with a simulator the window starts ready, on the welcome page") {
@@ -72,12 +71,11 @@ TEST_CASE_FIXTURE(
     Click("menAboutFS");
     return *face.FormTitled(kAboutWindow.title);
   };
-  const ScreenSize screen = face.Screen();
   MemoryForm& window = about();
-  const Twips left = (screen.width - window.Width()) / 2;
+  const Twips left = (face.Screen().width - window.Width()) / 2;
   CHECK(window.Visible());
   CHECK(window.Left() == left);
-  CHECK(window.Top() == (screen.height - window.Height()) / 2);
+  CHECK(window.Top() == (face.Screen().height - window.Height()) / 2);
   window.MoveTo(30, 45);
   window.Click("Command1");
   CHECK_FALSE(window.Visible());

@@ -4,6 +4,7 @@
 #include <set>
 #include <utility>
 
+#include "shell/gauges_window.h"
 #include "shell/site_addresses.h"
 #include "support/machine_here.h"
 
@@ -43,6 +44,10 @@ void ScriptedLoop::ProcessPending() {
   if (!on_turn || std::exchange(inside_, true)) return;
   on_turn();
   inside_ = false;
+}
+
+MemoryForm& Program::Window() const {
+  return *face.FormTitled(kGaugesWindow.title);
 }
 
 std::string Program::Greyed() const {

@@ -9,7 +9,6 @@
 #include "platform/console/memory_face.h"
 #include "platform/local_machine.h"
 #include "shell/frm_gauges.h"
-#include "shell/gauges_window.h"
 #include "support/scripted_registry.h"
 #include "support/temp_folder.h"
 
@@ -65,7 +64,7 @@ class ScriptedLoop : public EventLoop {
 /// The program on a simulator of its own, not yet started: a test can still lay things out.
 struct Program {
   void Click(std::string_view item) { Window().Click(item); }
-  MemoryForm& Window() const { return *face.FormTitled(kGaugesWindow.title); }
+  MemoryForm& Window() const;
   std::string Status() const { return Window().LabelNamed("lblStatus").Caption(); }
   /// Names of the disabled items among the bar's, in the bar's order, with blanks between.
   std::string Greyed() const;
