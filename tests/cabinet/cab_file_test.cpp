@@ -1,9 +1,9 @@
-// CABFile over a scripted service: what it answers, tells and leaves behind.
+// CABFile over a scripted service and over real cabinets: what it answers, tells and leaves behind.
 #include "cabinet/cab_file.h"
 
 #include <doctest/doctest.h>
 
-#include <functional>
+#include <utility>
 
 #include "cabinet/error_text.h"
 #include "cabinet/folder_maker.h"
@@ -14,103 +14,88 @@
 namespace panelkit::test {
 namespace {
 
-// A cabinet service that says what it is told to, and keeps the answers.
+// A cabinet service that says what it is told to, and writes down the answers.
 class ScriptedWalk : public CabinetWalk {
  public:
-  std::vector<std::string> entries;
-  std::int32_t error = 0;              // The walk fails with it at its end.
-  std::uint32_t extraction_error = 0;  // What each extraction reports.
-  std::string answers;
-  std::vector<std::string> targets;
+  std::vector<std::string> entries = {"a\\Dial.xml", "DIAL.XML", "b\\dial.bmp"};
+  std::uint32_t error = 0;  // What each extraction reports, and the walk at its end.
+  std::string log;
 
   std::uint32_t SetupIterateCabinetA(const std::string& /*CabinetFile*/, std::uint32_t /*Reserved*/,
                                      CabinetMsgHandler MsgHandler, std::uint32_t Context) override {
-    answers += std::to_string(MsgHandler(Context, 0x10, 0, 0));
+    const auto tell = [&](std::uint32_t notification, const void* record) {
+      const std::uint32_t answer =
+          MsgHandler(Context, notification, reinterpret_cast<std::uintptr_t>(record), 0);
+      log += std::to_string(answer) + ' ';
+      return answer;
+    };
+    tell(0x10, nullptr);
     for (const std::string& name : entries) {
       FILE_IN_CABINET_INFO info{name.c_str(), 1234, 0, 0x2C21, 0x6000, 0, {}};
-      const std::uint32_t answer = MsgHandler(Context, SPFILENOTIFY_FILEINCABINET,
-                                              reinterpret_cast<std::uintptr_t>(&info), 0);
-      answers += std::to_string(answer);
+      const std::uint32_t answer = tell(SPFILENOTIFY_FILEINCABINET, &info);
       if (answer == FILEOP_ABORT) return 1;
-      if (answer == FILEOP_DOIT && !Extracted(MsgHandler, Context, info)) return 0;
+      if (answer == FILEOP_SKIP) continue;
+      const FILEPATHS paths{info.FullTargetName, "", error, 0};
+      if (tell(SPFILENOTIFY_FILEEXTRACTED, &paths) != 0) return 0;
     }
-    answers += std::to_string(MsgHandler(Context, SPFILENOTIFY_NEEDNEWCABINET, 0, 0));
+    tell(SPFILENOTIFY_NEEDNEWCABINET, nullptr);
     return error == 0 ? 1 : 0;
   }
-  std::int32_t GetLastError() const override { return error; }
-
- private:
-  bool Extracted(CabinetMsgHandler MsgHandler, std::uint32_t Context,
-                 const FILE_IN_CABINET_INFO& info) {
-    targets.emplace_back(info.FullTargetName);
-    FILEPATHS paths{info.FullTargetName, "", extraction_error, 0};
-    error = static_cast<std::int32_t>(MsgHandler(Context, SPFILENOTIFY_FILEEXTRACTED,
-                                                 reinterpret_cast<std::uintptr_t>(&paths), 0));
-    return error == 0;
-  }
+  std::int32_t GetLastError() const override { return static_cast<std::int32_t>(error); }
 };
 
 struct Fixture {
   Simulator simulator;
   ScriptedWalk walk;
   std::shared_ptr<CABFile> cab;
-  std::string log;
+  std::string cancelled;
 
   Fixture() {
     const Machine real = simulator.Services();
     cab = CABFile::Create({real.registry, real.files, real.text, walk, real.dates});
     cab->CabName = simulator.AppFolder() + "\\x.cab";
-    walk.entries = {"a\\Dial.xml", "DIAL.XML", "dial.bmp"};
-    cab->FileFound.Subscribe([this](const std::string& file, double date, std::int32_t size,
-                                    const std::string& folder) {
-      log += file + "," + std::to_string(date) + "," + std::to_string(size) + "," + folder + ";";
+    cab->FileFound.Subscribe([this](const auto& file, double date, int size, const auto& folder) {
+      walk.log += file + "," + std::to_string(date) + "," + std::to_string(size) + ",";
+      walk.log += folder + ": ";
     });
+    cab->BeforeExtract.Subscribe([this](const std::string& name, bool& Cancel) {
+      walk.log += name + ": ";
+      Cancel = name == cancelled;
+    });
+    cab->AfterExtract.Subscribe([this](const std::string& path) { walk.log += path + ": "; });
   }
+
+  // The answers of the last walk, each behind the event that came before it.
+  std::string Told() { return Replaced(std::exchange(walk.log, ""), simulator.AppFolder(), "APP"); }
 };
 
-CabError ErrorOf(const std::function<void()>& operation) {
+std::string ErrorOf(const auto& operation) {
   try {
     operation();
   } catch (const CabError& error) {
-    return error;
+    return std::to_string(error.Number) + " " + error.Source + ": " + error.Description;
   }
-  FAIL("no error came");
-  return {0, "", ""};
-}
-
-void CheckError(const CabError& error, std::int32_t number, const std::string& source,
-                const std::string& description) {
-  CHECK(error.Number == number);
-  CHECK(error.Source == source);
-  CHECK(error.Description == description);
+  return "no error";
 }
 
 TEST_CASE_FIXTURE(Fixture, "GetInfo reports entries and adds a row for each xml one") {
   modGauges::InstalledGauges.Reset();
   modGauges::CurrentCabinet = "sample";
   CHECK(cab->GetInfo());
-  CHECK(log ==
-        "Dial.xml,37257.500000,1234,a\\;DIAL.XML,37257.500000,1234,;"
-        "dial.bmp,37257.500000,1234,;");
-  CHECK(walk.answers == "02220");
+  CHECK(Told() ==
+        "0 Dial.xml,37257.500000,1234,a\\: 2 DIAL.XML,37257.500000,1234,: 2 "
+        "dial.bmp,37257.500000,1234,b\\: 2 0 ");
   CHECK(modGauges::InstalledGauges.UpperBound() == 1);
   CHECK(modGauges::InstalledGauges.Row(0).key == "sample!Dial");
   CHECK(modGauges::CurrentCabFile == cab);
-
-  log.clear();
-  walk.answers.clear();
   CHECK(cab->GetInfo("A\\DIAL.xml"));
-  CHECK(log == "Dial.xml,37257.500000,1234,a\\;");
-  CHECK(walk.answers == "00");
-  walk.answers.clear();
-  CHECK(cab->GetInfo("a.xml"));
-  CHECK(walk.answers == "02220");
-}
+  CHECK(Told() == "0 Dial.xml,37257.500000,1234,a\\: 0 ");
+  CHECK(cab->GetInfo("dial.bmp"));
+  CHECK(Told() == "0 2 2 2 0 ");
 
-TEST_CASE_FIXTURE(Fixture, "FileCount counts afresh at each read") {
   CHECK(cab->FileCount() == 3);
   CHECK(cab->FileCount() == 3);
-  CHECK(walk.answers == "0222002220");
+  CHECK(Told() == "0 2 2 2 0 0 2 2 2 0 ");
 }
 
 TEST_CASE_FIXTURE(Fixture, "GetXML lists entries, or the first of a file name") {
@@ -122,141 +107,97 @@ TEST_CASE_FIXTURE(Fixture, "GetXML lists entries, or the first of a file name") 
            date + "</DATE><SIZE>1234</SIZE><PATH>" + folder + "</PATH></FILE>\r\n";
   };
   const std::string closing = "</FILES></CABFILE>";
-  CHECK(cab->GetXML() ==
-        opening + file("a\\", "Dial.xml") + file("", "DIAL.XML") + file("", "dial.bmp") + closing);
+  CHECK(cab->GetXML() == opening + file("a\\", "Dial.xml") + file("", "DIAL.XML") +
+                             file("b\\", "dial.bmp") + closing);
   CHECK(cab->GetXML("dial.xml") == opening + file("a\\", "Dial.xml") + closing);
   CHECK(cab->GetXML("a\\dial.xml") == opening + closing);
 }
 
 TEST_CASE_FIXTURE(Fixture, "Extract announces, aims and reports each entry") {
-  std::string cancelled;
-  cab->BeforeExtract.Subscribe([&](const std::string& name, bool& Cancel) {
-    log += "before " + name + ";";
-    Cancel = name == cancelled;
-  });
-  cab->AfterExtract.Subscribe([&](const std::string& path) { log += "after " + path + ";"; });
-  const std::string app = simulator.AppFolder();
-  walk.entries = {"a\\b.gau", "c.gau", "..\\up.gau", "C:\\d.gau"};
+  const std::string out = simulator.AppFolder() + "\\out";
+  Put(simulator.App() / "file", "in the way");
+  walk.entries = {"a\\b.gau", "file\\x\\y", "..\\up.gau", "C:\\d.gau"};
   CHECK(cab->Extract());
-  CHECK(walk.targets == std::vector<std::string>{app + "\\a\\b.gau", app + "\\c.gau"});
-  CHECK(walk.answers == "011220");
-  CHECK(log == "before a\\b.gau;after " + app + "\\a\\b.gau;before c.gau;after " + app +
-                   "\\c.gau;before ..\\up.gau;before C:\\d.gau;");
-  CHECK(std::filesystem::is_directory(simulator.App() / "a"));
-
-  walk.targets.clear();
-  cancelled = "c.gau";
-  CHECK(cab->Extract("", app + "\\out\\", "same"));
-  CHECK(walk.targets == std::vector<std::string>(3, app + "\\out\\same"));
-  walk.targets.clear();
-  CHECK(cab->Extract("A\\B.GAU", app + "\\out"));
-  CHECK(walk.targets == std::vector<std::string>{app + "\\out\\a\\b.gau"});
-  walk.targets.clear();
+  CHECK(Told() == "0 a\\b.gau: 1 APP\\a\\b.gau: 0 file\\x\\y: 2 ..\\up.gau: 2 C:\\d.gau: 2 0 ");
+  CHECK(cab->Extract("A\\B.GAU", out + "\\deep"));
+  CHECK(Told() == "0 a\\b.gau: 1 APP\\out\\deep\\a\\b.gau: 0 2 2 2 0 ");
+  CHECK(std::filesystem::is_directory(simulator.App() / "out" / "deep" / "a"));
   CHECK(cab->Extract("b.gau"));
-  CHECK(walk.targets.empty());
+  CHECK(Told() == "0 2 2 2 2 0 ");
 
-  walk.extraction_error = 112;
-  CheckError(ErrorOf([&] { cab->Extract(); }), 112, "CabFile",
-             "There is not enough space on the disk.");
+  cancelled = "c.gau";
+  walk.entries = {"c.gau", "..\\up.gau"};
+  CHECK(cab->Extract("", out + "\\", "same"));
+  CHECK(Told() == "0 c.gau: 2 ..\\up.gau: 1 APP\\out\\same: 0 0 ");
+  walk.error = 112;
+  CHECK(ErrorOf([&] { cab->Extract("", "", "x"); }) ==
+        "112 CabFile: There is not enough space on the disk.");
+  CHECK(Told() == "0 c.gau: 2 ..\\up.gau: 1 112 ");
+
+  std::string nothing;
+  CHECK_FALSE(modGauges::MakeFolderPath(simulator.Services().files, nothing));
+  CHECK(modGauges::AddBackslash(nothing) == "\\");
 }
 
 TEST_CASE_FIXTURE(Fixture, "errors tell number, source and description") {
-  const auto each = [&](std::int32_t number, const std::string& description) {
-    CheckError(ErrorOf([&] { cab->FileCount(); }), number, "CabFile", description);
-    CheckError(ErrorOf([&] { cab->Extract("none"); }), number, "CabFile", description);
-    CheckError(ErrorOf([&] { cab->GetXML(); }), number, "CabFile.GetXML", description);
+  const auto each = [&](const std::string& number, const std::string& description) {
+    CHECK(ErrorOf([&] { cab->FileCount(); }) == number + " CabFile: " + description);
+    CHECK(ErrorOf([&] { cab->Extract("none"); }) == number + " CabFile: " + description);
+    CHECK(ErrorOf([&] { cab->GetXML(); }) == number + " CabFile.GetXML: " + description);
     CHECK_FALSE(cab->GetInfo());
   };
   walk.error = 2;
-  each(2, "The system cannot find the file specified.");
+  each("2", "The system cannot find the file specified.");
   walk.error = 110;
-  each(110, "Unknown error.");
-  cab->CabName.clear();
-  modGauges::SetCurrentCabFile(nullptr);
-  each(-2147219548,
-       "You must set the CabName property before taking any action on the CabFile object.");
-  CHECK(modGauges::CurrentCabFile == nullptr);
-  CHECK(modGauges::CabNotifyEntry(CabContextCount, SPFILENOTIFY_FILEINCABINET, 0, 0) == 0);
+  each("110", "Unknown error.");
   CHECK(Win32ErrorText(123) ==
         "The filename, directory name, or volume label syntax is incorrect.");
   CHECK(CabErrorText(2) == "Unknown error.");
+
+  cab->CabName.clear();
+  modGauges::SetCurrentCabFile(nullptr);
+  each("-2147219548",
+       "You must set the CabName property before taking any action on the CabFile object.");
+  CHECK(modGauges::CurrentCabFile == nullptr);
+  CHECK(modGauges::CabNotifyEntry(CabContextCount, SPFILENOTIFY_FILEINCABINET, 0, 0) == 0);
 }
 
-TEST_CASE_FIXTURE(Fixture, "an error inside a walk comes out with the callback's source") {
-  CheckError(ErrorOf([&] { cab->Extract("", "", std::string(260, 'x')); }), 9,
-             "CabFile.CabCallBack", "Subscript out of range");
-  cab->BeforeExtract.Subscribe(
-      [](const std::string&, bool&) { throw CabError(77, "subscriber", "Enough"); });
-  CheckError(ErrorOf([&] { cab->Extract(); }), 77, "CabFile.CabCallBack", "Enough");
-
-  GaugeTable& table = modGauges::InstalledGauges;
-  table.Reset();
-  while (table.UpperBound() < 32766) table.Add(simulator.Services().text, "", "g");
-  walk.entries = {"one.xml", "two.xml", "three.xml"};
-  modGauges::CurrentCabinet = "full";
-  CHECK_FALSE(cab->GetInfo());
-  CHECK(table.UpperBound() == 32767);
-  CHECK(table.Row(32766).key == "full!one");
-  CHECK(table.Row(32767).key == "full!two");
-  table.Reset();
-}
-
-TEST_CASE("an object lives on while the program still refers to it") {
-  Simulator simulator;
-  std::weak_ptr<CABFile> seen;
-  {
-    const auto cab = CABFile::Create(simulator.Services());
-    cab->CabName = simulator.AppFolder() + "\\none.cab";
-    CheckError(ErrorOf([&] { cab->FileCount(); }), 2, "CabFile",
-               "The system cannot find the file specified.");
-    seen = cab;
-  }
+TEST_CASE_FIXTURE(Fixture, "an object lives on while the program still refers to it") {
+  cab->FileCount();
+  const std::weak_ptr<CABFile> seen = std::exchange(cab, nullptr);
   CHECK_FALSE(seen.expired());
   modGauges::SetCurrentCabFile(nullptr);
   CHECK(seen.expired());
 }
 
-TEST_CASE("a real cabinet is extracted with its folders") {
+TEST_CASE_FIXTURE(Fixture, "an error inside a walk comes out with the callback's source") {
+  CHECK(ErrorOf([&] { cab->Extract("", "", std::string(260, 'x')); }) ==
+        "9 CabFile.CabCallBack: Subscript out of range");
+
+  const Text& text = simulator.Services().text;
+  GaugeTable& table = modGauges::InstalledGauges;
+  table.Reset();
+  while (table.UpperBound() < 32766) table.Add(text, "", "g");
+  walk.entries = {"one.xml", "two.xml", "three.xml"};
+  modGauges::CurrentCabinet = "full";
+  CHECK_FALSE(cab->GetInfo());
+  CHECK(table.Overflowed());
+  CHECK(table.Row(32767).key == "full!two");
+  CHECK_FALSE(table.Exists(text, "full!two"));
+}
+
+// Where links cannot be made the second entry lands in a plain folder.
+TEST_CASE("a real cabinet is extracted with its folders, but not through a link") {
   Simulator simulator;
   Put(simulator.App() / "real.cab",
-      MakeCabinet({{"sub\\Speed.xml", "speed"}, {"Clock.xml", "clock"}, {"..\\evil.xml", "no"}}));
+      MakeCabinet({{"sub\\Speed.xml", "speed"}, {"link\\deep\\evil.xml"}}));
+  std::error_code ignored;
+  std::filesystem::create_directory_symlink(simulator.App(), simulator.Fs() / "link", ignored);
   const auto cab = CABFile::Create(simulator.Services());
   cab->CabName = simulator.AppFolder() + "\\REAL.CAB";
-  CHECK(cab->Extract("", simulator.FSPath() + "\\Aircraft\\new\\deep"));
-  CHECK(Tree(simulator.Fs()) == "Aircraft/new/deep/Clock.xml\nAircraft/new/deep/sub/Speed.xml\n");
-  CHECK(Get(simulator.Fs() / "Aircraft" / "new" / "deep" / "sub" / "Speed.xml") == "speed");
-}
-
-TEST_CASE("an entry does not follow a link out of the output folder") {
-  Simulator simulator;
-  Put(simulator.App() / "x.cab",
-      MakeCabinet({{"link\\deep\\evil.xml", "no"}, {"good.xml", "yes"}}));
-  std::error_code error;
-  std::filesystem::create_directory_symlink(simulator.App(), simulator.Fs() / "link", error);
-  if (error) {
-    MESSAGE("this user cannot make links");
-    return;
-  }
-  const auto cab = CABFile::Create(simulator.Services());
-  cab->CabName = simulator.AppFolder() + "\\x.cab";
   CHECK(cab->Extract("", simulator.FSPath()));
-  CHECK(std::filesystem::exists(simulator.Fs() / "good.xml"));
-  CHECK_FALSE(std::filesystem::exists(simulator.App() / "deep"));
-}
-
-TEST_CASE("MakeFolderPath makes what is missing from the top down") {
-  Simulator simulator;
-  Files& files = simulator.Services().files;
-  const auto make = [&](std::string path) { return modGauges::MakeFolderPath(files, path); };
-  const std::string app = simulator.AppFolder();
-  CHECK_FALSE(make(""));
-  CHECK(make(app));
-  CHECK(make(app + "\\a\\b\\c\\"));
-  CHECK(std::filesystem::is_directory(simulator.App() / "a" / "b" / "c"));
-  Put(simulator.App() / "file", "x");
-  CHECK_FALSE(make(app + "\\file\\below\\it"));
-  CHECK(modGauges::AddBackslash("") == "\\");
-  CHECK(modGauges::AddBackslash("a\\") == "a\\");
+  CHECK(Get(simulator.Fs() / "sub" / "Speed.xml") == "speed");
+  CHECK(Tree(simulator.App()) == "real.cab\n");
 }
 
 }  // namespace

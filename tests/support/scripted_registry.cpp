@@ -1,47 +1,30 @@
 #include "support/scripted_registry.h"
 
-#include <algorithm>
-#include <cctype>
+#include <utility>
+
+#include "analysis/line_reader.h"
 
 namespace panelkit::test {
 namespace {
 
-class ApplicationsKey : public RegistryKey {
+// An opened key: the list with its applications, or one application with its value "Path".
+class ScriptedKey : public RegistryKey {
  public:
-  explicit ApplicationsKey(const ScriptedRegistry& registry) : registry_(registry) {}
+  ScriptedKey(std::vector<ScriptedApplication> subkeys, std::optional<RegistryValue> path)
+      : subkeys_(std::move(subkeys)), path_(std::move(path)) {}
 
   std::optional<std::string> RegEnumKeyA(std::int32_t index) const override {
-    if (index < 0 || index >= std::ssize(registry_.applications)) return std::nullopt;
-    return registry_.applications[index].name;
-  }
-  std::optional<RegistryValue> RegQueryValueExA(std::string_view /*name*/) const override {
-    return std::nullopt;
-  }
-
- private:
-  const ScriptedRegistry& registry_;
-};
-
-class ApplicationKey : public RegistryKey {
- public:
-  explicit ApplicationKey(const ScriptedApplication& application) : application_(application) {}
-
-  std::optional<std::string> RegEnumKeyA(std::int32_t /*index*/) const override {
-    return std::nullopt;
+    if (index >= std::ssize(subkeys_)) return std::nullopt;
+    return subkeys_.at(index).name;
   }
   std::optional<RegistryValue> RegQueryValueExA(std::string_view name) const override {
-    return name == "Path" ? application_.path : std::nullopt;
+    return name == "Path" ? path_ : std::nullopt;
   }
 
  private:
-  const ScriptedApplication& application_;
+  std::vector<ScriptedApplication> subkeys_;
+  std::optional<RegistryValue> path_;
 };
-
-std::string Lowered(std::string_view text) {
-  std::string lowered(text);
-  for (char& c : lowered) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-  return lowered;
-}
 
 }  // namespace
 
@@ -51,14 +34,13 @@ RegistryValue TextValue(const std::string& text) {
 
 std::unique_ptr<RegistryKey> ScriptedRegistry::RegOpenKeyA(std::uint32_t root,
                                                            std::string_view path) const {
-  const std::string list = R"(software\microsoft\directplay\applications)";
-  const std::string wanted = Lowered(path);
-  if (root != HKEY_LOCAL_MACHINE_VALUE) return nullptr;
-  if (wanted == list) return std::make_unique<ApplicationsKey>(*this);
-  for (const ScriptedApplication& application : applications) {
-    if (wanted == list + "\\" + Lowered(application.name)) {
-      return std::make_unique<ApplicationKey>(application);
-    }
+  constexpr std::string_view kList = R"(software\microsoft\directplay\applications)";
+  if (root != HKEY_LOCAL_MACHINE_VALUE || !ContainsWords(path, kList)) return nullptr;
+  path.remove_prefix(kList.size());
+  if (path.empty()) return std::make_unique<ScriptedKey>(applications, std::nullopt);
+  for (const auto& [name, value] : applications) {
+    if (path != "\\" + name) continue;
+    return std::make_unique<ScriptedKey>(std::vector<ScriptedApplication>{}, value);
   }
   return nullptr;
 }

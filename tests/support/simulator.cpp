@@ -1,5 +1,7 @@
 #include "support/simulator.h"
 
+#include <numeric>
+#include <set>
 #include <utility>
 
 #include "shell/gauges_window.h"
@@ -9,16 +11,6 @@
 namespace fs = std::filesystem;
 
 namespace panelkit::test {
-namespace {
-
-std::string Replaced(std::string text, std::string_view what, std::string_view by) {
-  for (std::size_t at = 0; (at = text.find(what, at)) != std::string::npos; at += by.size()) {
-    text.replace(at, what.size(), by);
-  }
-  return text;
-}
-
-}  // namespace
 
 Simulator::Simulator() {
   fs::create_directories(App());
@@ -29,7 +21,8 @@ Simulator::Simulator() {
 }
 
 void Simulator::AddAircraft(std::string_view aircraft, std::string_view panel) {
-  Put(Fs() / "Aircraft" / FromUtf8(aircraft) / "Panel" / "panel.cfg", CrLf(panel));
+  Put(Fs() / "Aircraft" / FromUtf8(aircraft) / "Panel" / "panel.cfg",
+      Replaced(std::string(panel), "\n", "\r\n"));
 }
 
 void Simulator::AddGauge(std::string_view file) {
@@ -41,13 +34,17 @@ Machine Simulator::Services() {
   return {registry, real.files, real.text, real.cabinets, real.dates};
 }
 
+std::string Simulator::Golden(std::string_view name) const {
+  std::string page = Get(fs::path(PANELKIT_GOLDEN_DIR) / name);
+  page = Replaced(Replaced(page, "{APP}", AppFolder()), "{FS}", FSPath());
+  return Replaced(Replaced(page, "{SITE}", SiteUrl), "{HOST}", SiteHost);
+}
+
 void ScriptedLoop::ProcessPending() {
   if (!on_turn || std::exchange(inside_, true)) return;
   on_turn();
   inside_ = false;
 }
-
-Program::Program(Simulator& simulator) : face(loop), form(face, simulator.Services()) {}
 
 MemoryForm& Program::Window() const {
   return *face.FormTitled(kGaugesWindow.title);
@@ -61,26 +58,20 @@ std::string Program::Greyed() const {
   return greyed;
 }
 
-std::string Golden(std::string_view name, const std::string& app, const std::string& fs_path) {
-  std::string page = Get(fs::path(PANELKIT_GOLDEN_DIR) / name);
-  page = Replaced(Replaced(page, "{APP}", app), "{FS}", fs_path);
-  return Replaced(Replaced(page, "{SITE}", SiteUrl), "{HOST}", SiteHost);
+std::string Replaced(std::string text, std::string_view what, std::string_view by) {
+  for (std::size_t at = 0; (at = text.find(what, at)) != std::string::npos; at += by.size()) {
+    text.replace(at, what.size(), by);
+  }
+  return text;
 }
 
 std::string Tree(const fs::path& folder) {
   std::set<std::string> files;
   for (const auto& entry : fs::recursive_directory_iterator(folder)) {
-    if (!entry.is_directory()) {
-      files.insert(Replaced(Utf8(fs::relative(entry.path(), folder)), "\\", "/"));
-    }
+    if (entry.is_directory()) continue;
+    files.insert(Replaced(Utf8(fs::relative(entry.path(), folder)), "\\", "/") + "\n");
   }
-  std::string tree;
-  for (const std::string& file : files) tree += file + "\n";
-  return tree;
-}
-
-std::string CrLf(std::string_view text) {
-  return Replaced(std::string(text), "\n", "\r\n");
+  return std::accumulate(files.begin(), files.end(), std::string());
 }
 
 }  // namespace panelkit::test

@@ -4,8 +4,6 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
-#include <optional>
-#include <set>
 #include <string>
 
 #include "platform/console/memory_face.h"
@@ -34,6 +32,12 @@ class Simulator {
   std::string FSPath() const { return machine_->WindowsPath(Utf8(Fs())); }
   std::string AppFolder() const { return machine_->Services().files.AppFolder(); }
 
+  /// What stands in the program's page file.
+  std::string Page() const { return Get(App() / "GAUGES.HTM"); }
+  /// A page of tests/golden with this simulator's folders and the addresses filled in: {APP}, {FS},
+  /// {SITE}, {HOST}.
+  std::string Golden(std::string_view name) const;
+
   /// The machine with the scripted registry in it.
   Machine Services();
 
@@ -57,28 +61,24 @@ class ScriptedLoop : public EventLoop {
   bool inside_ = false;
 };
 
-/// The program on a simulator.
+/// The program on a simulator of its own, not yet started: a test can still lay things out.
 struct Program {
-  explicit Program(Simulator& simulator);
-
   void Click(std::string_view item) { Window().Click(item); }
   MemoryForm& Window() const;
   std::string Status() const { return Window().LabelNamed("lblStatus").Caption(); }
   /// Names of the disabled items among the bar's, in the bar's order, with blanks between.
   std::string Greyed() const;
 
+  Simulator simulator;
   ScriptedLoop loop;
-  MemoryFace face;
-  frmGauges form;
+  MemoryFace face{loop};
+  frmGauges form{face, simulator.Services()};
 };
-
-/// A page of tests/golden with its folders and addresses filled in: {APP}, {FS}, {SITE}, {HOST}.
-std::string Golden(std::string_view name, const std::string& app, const std::string& fs);
 
 /// Each file below `folder`, by its path with "/" between, on a line of its own, sorted.
 std::string Tree(const std::filesystem::path& folder);
 
-/// Each "\n" as CR LF.
-std::string CrLf(std::string_view text);
+/// `text` with each `what` in it replaced.
+std::string Replaced(std::string text, std::string_view what, std::string_view by);
 
 }  // namespace panelkit::test

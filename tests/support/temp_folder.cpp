@@ -1,9 +1,8 @@
 #include "support/temp_folder.h"
 
-#include <atomic>
-#include <chrono>
 #include <fstream>
 #include <iterator>
+#include <random>
 #include <system_error>
 
 namespace fs = std::filesystem;
@@ -20,11 +19,9 @@ fs::path FromUtf8(std::string_view text) {
 }
 
 TempFolder::TempFolder() {
-  static std::atomic<unsigned> counter{0};
-  const auto now = std::chrono::steady_clock::now().time_since_epoch().count();
+  std::random_device any_number;
   do {
-    path_ = fs::temp_directory_path() /
-            ("panelkit-test-" + std::to_string(now) + "-" + std::to_string(++counter));
+    path_ = fs::temp_directory_path() / ("panelkit-test-" + std::to_string(any_number()));
   } while (!fs::create_directory(path_));
 }
 
@@ -37,10 +34,6 @@ TempFolder::~TempFolder() {
     }
   }
   fs::remove_all(path_, ignored);
-}
-
-fs::path TempFolder::operator/(std::string_view name) const {
-  return path_ / FromUtf8(name);
 }
 
 void Put(const fs::path& file, std::string_view bytes) {

@@ -7,6 +7,10 @@
 
 namespace panelkit::test {
 
+/// The UTF-8 text of a path, and back: what std::filesystem::path's own text is differs by system.
+std::string Utf8(const std::filesystem::path& path);
+std::filesystem::path FromUtf8(std::string_view text);
+
 /// A new empty folder, removed with all it holds at the end, read-only entries included.
 class TempFolder {
  public:
@@ -16,7 +20,7 @@ class TempFolder {
   TempFolder& operator=(const TempFolder&) = delete;
 
   const std::filesystem::path& Path() const { return path_; }
-  std::filesystem::path operator/(std::string_view name) const;
+  std::filesystem::path operator/(std::string_view name) const { return path_ / FromUtf8(name); }
 
  private:
   std::filesystem::path path_;
@@ -27,9 +31,5 @@ void Put(const std::filesystem::path& file, std::string_view bytes);
 
 /// The bytes of a file; a text that says so where it cannot be read.
 std::string Get(const std::filesystem::path& file);
-
-/// The UTF-8 text of a path, and back: what std::filesystem::path's own text is differs by system.
-std::string Utf8(const std::filesystem::path& path);
-std::filesystem::path FromUtf8(std::string_view text);
 
 }  // namespace panelkit::test
