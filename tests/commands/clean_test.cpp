@@ -70,12 +70,20 @@ TEST_CASE_FIXTURE(Program,
 }
 
 TEST_CASE_FIXTURE(Program, "Clean moves nothing when a needed gauge could be lost") {
+  const std::string too_many = "Nothing was moved: there are more than 32,767 gauges.";
   simulator.AddGauge("a.gau");
+  const auto cabinet = simulator.Fs() / "Gauges" / "many.cab";
+  Put(cabinet, MakeCabinet(std::vector<CabinetEntry>(32767, {"dial.xml"})));
+  Click("menRemove");
+  CHECK(Status() == too_many);
+  fs::remove(cabinet);
   std::string panel = "[Window Titles]\nWindow00=W\n\n";
   for (int i = 0; i <= 32767; ++i) panel += "gauge=g" + std::to_string(i) + ",1\n";
   simulator.AddAircraft("Alpha", panel);
+  Click("menProbe");
+  CHECK(Status() == "Done");
   Click("menRemove");
-  CHECK(Status() == "Nothing was moved: there are more than 32,767 gauges.");
+  CHECK(Status() == too_many);
   fs::remove_all(simulator.Fs() / "Aircraft");
   Click("menRemove");
   CHECK(Status() == "Nothing was moved: the Aircraft folder cannot be read.");

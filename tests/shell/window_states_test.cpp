@@ -1,5 +1,7 @@
 #include <doctest/doctest.h>
 
+#include <stdexcept>
+
 #include "pages/about_window.h"
 #include "shell/site_addresses.h"
 #include "support/simulator.h"
@@ -51,6 +53,16 @@ TEST_CASE_FIXTURE(Program, "a command greys all but File while it runs and takes
     CHECK(Status() == "Done");
   }
   CHECK(face.FormTitled(kAboutWindow.title) == nullptr);
+}
+
+TEST_CASE_FIXTURE(Program, "a command that fails half way gives the menus back and says so") {
+  simulator.AddGauge("spare.gau");
+  loop.on_turn = [] { throw std::runtime_error("out of memory, say"); };
+  Click("menRemove");
+  CHECK(Greyed().empty());
+  CHECK(Status() == "The command could not be finished.");
+  Click("menProbe");
+  CHECK(Status() == "Done");
 }
 
 TEST_CASE_FIXTURE(
