@@ -3,7 +3,6 @@
 
 #include <filesystem>
 #include <memory>
-#include <set>
 #include <string>
 #include <vector>
 
@@ -28,18 +27,6 @@ struct Disk {
     std::string listed = names ? "" : "(none)";
     for (const std::string& name : names.value_or(std::vector<std::string>())) listed += name + ' ';
     return listed;
-  }
-
-  /// Every file and folder below one in the folder, hidden or not, sorted, a blank behind each.
-  std::string Tree(std::string_view below = "") const {
-    std::set<std::string> names;
-    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder / below)) {
-      const auto name = entry.path().lexically_relative(folder / below).generic_u8string();
-      names.insert({name.begin(), name.end()});
-    }
-    std::string tree;
-    for (const std::string& name : names) tree += name + ' ';
-    return tree;
   }
 };
 

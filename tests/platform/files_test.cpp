@@ -68,7 +68,7 @@ TEST_CASE_FIXTURE(Disk, "A rewrite keeps the attributes, and leaves nothing besi
   CHECK_FALSE(files.IsPlainFile(At("FS2002.cfg")));
   CHECK(Get(folder / "GAUGES.HTM") == content);
   CHECK_FALSE(files.Replace(At("absent\\x"), "", Durability::Flushed));
-  CHECK(Tree() == "FS2002.cfg GAUGES.HTM ");
+  CHECK(Tree(folder.Path()) == "FS2002.cfg\nGAUGES.HTM\n");
 }
 
 TEST_CASE_FIXTURE(Disk, "A copy is whole, and a read-only file goes only when it is told to") {
@@ -93,7 +93,7 @@ TEST_CASE_FIXTURE(Disk, "A copy is whole, and a read-only file goes only when it
     CHECK_FALSE(files.Copy(At(name), At("copy")));
     CHECK_FALSE(files.Delete(At(name)));
   }
-  CHECK(Tree() == "Gauges Spare.gau ");
+  CHECK(Tree(folder.Path()) == "Spare.gau\n");
   CHECK(Get(folder / "Spare.gau") == content);
 }
 

@@ -1,7 +1,5 @@
 #include "support/simulator.h"
 
-#include <numeric>
-#include <set>
 #include <utility>
 
 #include "shell/gauges_window.h"
@@ -56,22 +54,6 @@ std::string Program::Greyed() const {
     if (!Window().MenuNamed(item.name).Enabled()) greyed.append(item.name).append(" ");
   }
   return greyed;
-}
-
-std::string Replaced(std::string text, std::string_view what, std::string_view by) {
-  for (std::size_t at = 0; (at = text.find(what, at)) != std::string::npos; at += by.size()) {
-    text.replace(at, what.size(), by);
-  }
-  return text;
-}
-
-std::string Tree(const fs::path& folder) {
-  std::set<std::string> files;
-  for (const auto& entry : fs::recursive_directory_iterator(folder)) {
-    if (entry.is_directory()) continue;
-    files.insert(Replaced(Utf8(fs::relative(entry.path(), folder)), "\\", "/") + "\n");
-  }
-  return std::accumulate(files.begin(), files.end(), std::string());
 }
 
 }  // namespace panelkit::test

@@ -75,10 +75,4 @@ struct Program {
   frmGauges form{face, simulator.Services()};
 };
 
-/// Each file below `folder`, by its path with "/" between, on a line of its own, sorted.
-std::string Tree(const std::filesystem::path& folder);
-
-/// `text` with each `what` in it replaced.
-std::string Replaced(std::string text, std::string_view what, std::string_view by);
-
 }  // namespace panelkit::test

@@ -2,7 +2,9 @@
 
 #include <fstream>
 #include <iterator>
+#include <numeric>
 #include <random>
+#include <set>
 #include <system_error>
 
 namespace fs = std::filesystem;
@@ -45,6 +47,22 @@ std::string Get(const fs::path& file) {
   std::ifstream in(file, std::ios::binary);
   if (!in) return "(cannot be read: " + Utf8(file) + ")";
   return {std::istreambuf_iterator<char>(in), {}};
+}
+
+std::string Replaced(std::string text, std::string_view what, std::string_view by) {
+  for (std::size_t at = 0; (at = text.find(what, at)) != std::string::npos; at += by.size()) {
+    text.replace(at, what.size(), by);
+  }
+  return text;
+}
+
+std::string Tree(const fs::path& folder) {
+  std::set<std::string> files;
+  for (const auto& entry : fs::recursive_directory_iterator(folder)) {
+    if (entry.is_directory()) continue;
+    files.insert(Replaced(Utf8(entry.path().lexically_relative(folder)), "\\", "/") + "\n");
+  }
+  return std::accumulate(files.begin(), files.end(), std::string());
 }
 
 }  // namespace panelkit::test

@@ -32,4 +32,10 @@ void Put(const std::filesystem::path& file, std::string_view bytes);
 /// The bytes of a file; a text that says so where it cannot be read.
 std::string Get(const std::filesystem::path& file);
 
+/// Each file below `folder`, by its path with "/" between, on a line of its own, sorted.
+std::string Tree(const std::filesystem::path& folder);
+
+/// `text` with each `what` in it replaced.
+std::string Replaced(std::string text, std::string_view what, std::string_view by);
+
 }  // namespace panelkit::test

@@ -1,8 +1,9 @@
+#include "support/machine_here.h"
+
 #include <doctest/doctest.h>
 #include <sys/xattr.h>
 
 #include "platform/linux/wine_machine.h"
-#include "support/machine_here.h"
 
 namespace panelkit::test {
 
