@@ -38,9 +38,9 @@ struct Size {
   int registry_keys = 9000;    ///< As many as a fresh prefix has.
 };
 
-constexpr std::array kAircraft{"Boeing_737-400", "Boeing_747-400", "Boeing_777-300", "Learjet_45",
-                               "Cessna_172SP",   "Cessna_182S",    "Baron_58",       "Bell_206B",
-                               "King_Air_350",   "Extra_300S",     "Mooney_Bravo",   "Caravan"};
+constexpr std::array kAircraft{"Corvane_600-40", "Corvane_700-40", "Jarrowby_J-900", "Regent_Jet",
+                               "Aldwyn_A-12T",   "Aldwyn_A-14S",   "Borealis",       "Rotor_R-4",
+                               "Dunmere_P350",   "Marlowe_30S",    "Tamsin_Brave",   "Packet"};
 constexpr std::array kInstruments{"Airspeed",
                                   "Altimeter",
                                   "Attitude",
@@ -124,8 +124,7 @@ std::string InstalledEntry(const Size& size, int number) {
 
 /// The different panel entries; every fifth one is spelt in another case than its gauge.
 std::string Entry(const Size& size, int number) {
-  const bool missing =
-      (number + 1) * size.missing_percent / 100 > number * size.missing_percent / 100;
+  const bool missing = IsAmong(size.missing_percent, number);
   std::string entry = missing ? Numbered("Vanished_" + Pick(kAircraft, number), number) + '!' +
                                     Pick(kInstruments, number)
                               : InstalledEntry(size, number);
