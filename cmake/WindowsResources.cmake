@@ -5,9 +5,9 @@ enable_language(RC)
 function(program_resources target program_file program_title program_pictures)
   set(program_name ${target})
   set(script ${CMAKE_CURRENT_BINARY_DIR}/${target}.rc)
-  configure_file(${CMAKE_SOURCE_DIR}/src/platform/windows/version.rc.in ${script} @ONLY)
+  configure_file(${CMAKE_SOURCE_DIR}/src/platform/win32/version.rc.in ${script} @ONLY)
   target_sources(${target} PRIVATE ${script})
   set_source_files_properties(${script} TARGET_DIRECTORY ${target} PROPERTIES
-    INCLUDE_DIRECTORIES "${CMAKE_SOURCE_DIR}/assets;${CMAKE_SOURCE_DIR}/src/platform/windows"
-    OBJECT_DEPENDS "${CMAKE_SOURCE_DIR}/assets/panelkit.ico;${CMAKE_SOURCE_DIR}/assets/about.bmp;${CMAKE_SOURCE_DIR}/src/platform/windows/panelkit.manifest")
+    INCLUDE_DIRECTORIES "${CMAKE_SOURCE_DIR}/assets;${CMAKE_SOURCE_DIR}/src/platform/win32"
+    OBJECT_DEPENDS "${CMAKE_SOURCE_DIR}/assets/panelkit.ico;${CMAKE_SOURCE_DIR}/assets/about.bmp;${CMAKE_SOURCE_DIR}/src/platform/win32/panelkit.manifest")
 endfunction()

@@ -13,11 +13,11 @@
 #include <string_view>
 #include <utility>
 
+#include "app/frm_gauges.h"
 #include "platform/gtk/gtk_event_loop.h"
-#include "platform/gtk/gtk_face.h"
+#include "platform/gtk/gtk_toolkit.h"
 #include "platform/local_machine.h"
-#include "shell/frm_gauges.h"
-#include "shell/simulator_location.h"
+#include "simulator/simulator_location.h"
 
 namespace panelkit::bench {
 namespace {
@@ -102,9 +102,9 @@ class Gap {
   const auto machine = OpenLocalMachine([](const Machine& candidate) {
     return !FindSimulator(candidate.registry, candidate.text).empty();
   });
-  const auto face = GtkFace::Open(*machine);
-  if (!face) std::exit(EXIT_FAILURE);
-  frmGauges program(*face, machine->Services());
+  const auto toolkit = GtkToolkit::Open(*machine);
+  if (!toolkit) std::exit(EXIT_FAILURE);
+  frmGauges program(*toolkit, machine->Services());
   program.Show();
   WebKitWebView* pane = nullptr;
   FindPane(MainWindow(), &pane);

@@ -1,6 +1,6 @@
 #include "brake/config_edit.h"
 
-#include "analysis/line_reader.h"
+#include "text/line_reader.h"
 
 namespace panelkit {
 namespace {
@@ -40,7 +40,7 @@ std::optional<bool> BrakeMessagesShown(std::string_view config, const LineTurn& 
   while (!lines.AtEnd()) {
     turn();
     const std::string_view line = lines.Next();
-    if (ContainsWords(line, BrakeKey)) return IsShown(line);
+    if (ContainsIgnoringCase(line, BrakeKey)) return IsShown(line);
   }
   return std::nullopt;
 }
@@ -52,13 +52,13 @@ std::string AsRead(std::string_view config, const LineTurn& turn) {
 std::string WithSettingAdded(std::string_view config, const LineTurn& turn) {
   return Rewritten(config, turn, [](std::string_view line, std::string& text) {
     text += line;
-    if (ContainsWords(line, "sysclock")) text.append(kLineEnd).append(Setting(1));
+    if (ContainsIgnoringCase(line, "sysclock")) text.append(kLineEnd).append(Setting(1));
   });
 }
 
 std::string WithSettingSet(std::string_view config, int b, const LineTurn& turn) {
   return Rewritten(config, turn, [b](std::string_view line, std::string& text) {
-    if (ContainsWords(line, BrakeKey)) {
+    if (ContainsIgnoringCase(line, BrakeKey)) {
       text += Setting(b);
     } else {
       text += line;

@@ -6,8 +6,8 @@
 #include "cabinet/dos_stamp.h"
 #include "cabinet/entry_name.h"
 #include "cabinet/folder_maker.h"
+#include "cabinet/mod_gauges.h"
 #include "cabinet/xml_listing.h"
-#include "shell/mod_gauges.h"
 
 namespace panelkit {
 namespace {

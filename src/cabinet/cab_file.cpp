@@ -3,8 +3,8 @@
 #include <exception>
 
 #include "cabinet/error_text.h"
+#include "cabinet/mod_gauges.h"
 #include "cabinet/xml_listing.h"
-#include "shell/mod_gauges.h"
 
 namespace panelkit {
 

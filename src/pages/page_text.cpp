@@ -1,6 +1,6 @@
 #include "pages/page_text.h"
 
-#include "shell/site_addresses.h"
+#include "pages/site_addresses.h"
 
 namespace panelkit {
 namespace {

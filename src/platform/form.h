@@ -8,7 +8,6 @@
 #include <string_view>
 
 #include "platform/browser.h"
-#include "platform/event_loop.h"
 
 namespace panelkit {
 
@@ -115,20 +114,6 @@ class Form {
   /// Moves the outer top left corner; a window system that places windows by itself is asked for
   /// the centre of the screen instead.
   virtual void MoveTo(Twips left, Twips top) = 0;
-};
-
-struct ScreenSize {
-  Twips width;
-  Twips height;
-};
-
-/// One way of meeting the user: it makes forms and runs their events.
-class Face {
- public:
-  virtual ~Face() = default;
-  virtual std::unique_ptr<Form> CreateForm(const FormDescription& description) = 0;
-  virtual EventLoop& Loop() = 0;
-  virtual ScreenSize Screen() const = 0;
 };
 
 }  // namespace panelkit

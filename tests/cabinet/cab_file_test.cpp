@@ -7,7 +7,7 @@
 
 #include "cabinet/error_text.h"
 #include "cabinet/folder_maker.h"
-#include "shell/mod_gauges.h"
+#include "cabinet/mod_gauges.h"
 #include "support/cabinet_writer.h"
 #include "support/simulator.h"
 

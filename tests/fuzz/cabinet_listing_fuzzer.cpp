@@ -1,6 +1,6 @@
 // Any bytes as a cabinet: counted, listed into the table of gauges, and listed as XML.
+#include "cabinet/mod_gauges.h"
 #include "fuzz/fuzz.h"
-#include "shell/mod_gauges.h"
 
 void panelkit::fuzz::Try(std::string_view input) {
   static Prefix prefix;

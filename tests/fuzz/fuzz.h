@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "cabinet/cab_file.h"
-#include "platform/linux/wine_machine.h"
+#include "platform/wine/wine_machine.h"
 #include "support/temp_folder.h"
 
 namespace panelkit::fuzz {

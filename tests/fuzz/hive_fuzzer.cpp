@@ -1,15 +1,15 @@
 // Any bytes as a prefix's registry, and the simulator found in it.
 #include "fuzz/fuzz.h"
-#include "platform/linux/utf8.h"
-#include "shell/simulator_location.h"
+#include "platform/wine/utf8.h"
+#include "simulator/simulator_location.h"
 
 void panelkit::fuzz::Try(std::string_view input) {
   static const test::TempFolder folder;
-  static const CodePageText text(1252);
+  static const WineText text(1252);
   test::Put(folder / "system.reg", input);
   HiveFile file((folder / "system.reg").native());
   CodePageOf(file.Current().get());
-  const HiveRegistry registry(file, text);
+  const WineRegistry registry(file, text);
   Require(utf8::IsValid(FindSimulator(registry, text)));
   // The first line also as the path of a key and as the name of a value.
   const std::string_view line = input.substr(0, input.find('\n'));

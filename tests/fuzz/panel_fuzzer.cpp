@@ -1,14 +1,14 @@
 // Any bytes as an aircraft's panel and the panels that its alias lines lead to.
 #include <algorithm>
 
-#include "analysis/panel_report.h"
 #include "fuzz/fuzz.h"
-#include "platform/console/quiet_loop.h"
+#include "gauges/panel_report.h"
+#include "platform/headless/quiet_loop.h"
 
 void panelkit::fuzz::Try(std::string_view input) {
   static Prefix prefix;
-  static const CodePageText western(1252);
-  static const CodePageText japanese(932);
+  static const WineText western(1252);
+  static const WineText japanese(932);
   const Text& text = input.size() % 2 == 0 ? western : japanese;
   // Form feeds part the input into the aircraft's own panel and those of the folders b and c.
   for (const char* panel : {"a/Panel/panel.cfg", "b/panel.cfg", "c/panel.cfg"}) {

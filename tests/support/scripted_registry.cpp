@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "analysis/line_reader.h"
+#include "text/line_reader.h"
 
 namespace panelkit::test {
 namespace {
@@ -35,7 +35,7 @@ RegistryValue TextValue(const std::string& text) {
 std::unique_ptr<RegistryKey> ScriptedRegistry::RegOpenKeyA(std::uint32_t root,
                                                            std::string_view path) const {
   constexpr std::string_view kList = R"(software\microsoft\directplay\applications)";
-  if (root != HKEY_LOCAL_MACHINE_VALUE || !ContainsWords(path, kList)) return nullptr;
+  if (root != HKEY_LOCAL_MACHINE_VALUE || !ContainsIgnoringCase(path, kList)) return nullptr;
   path.remove_prefix(kList.size());
   if (path.empty()) return std::make_unique<ScriptedKey>(applications, std::nullopt);
   for (const auto& [name, value] : applications) {

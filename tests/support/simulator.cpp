@@ -2,8 +2,8 @@
 
 #include <utility>
 
-#include "shell/gauges_window.h"
-#include "shell/site_addresses.h"
+#include "app/gauges_window.h"
+#include "pages/site_addresses.h"
 #include "support/machine_here.h"
 
 namespace fs = std::filesystem;
@@ -44,8 +44,8 @@ void ScriptedLoop::ProcessPending() {
   inside_ = false;
 }
 
-MemoryForm& Program::Window() const {
-  return *face.FormTitled(kGaugesWindow.title);
+HeadlessForm& Program::Window() const {
+  return *toolkit.FormTitled(kGaugesWindow.title);
 }
 
 std::string Program::Greyed() const {

@@ -6,9 +6,9 @@
 #include <memory>
 #include <string>
 
-#include "platform/console/memory_face.h"
+#include "app/frm_gauges.h"
+#include "platform/headless/headless_toolkit.h"
 #include "platform/local_machine.h"
-#include "shell/frm_gauges.h"
 #include "support/scripted_registry.h"
 #include "support/temp_folder.h"
 
@@ -64,15 +64,15 @@ class ScriptedLoop : public EventLoop {
 /// The program on a simulator of its own, not yet started: a test can still lay things out.
 struct Program {
   void Click(std::string_view item) { Window().Click(item); }
-  MemoryForm& Window() const;
+  HeadlessForm& Window() const;
   std::string Status() const { return Window().LabelNamed("lblStatus").Caption(); }
   /// Names of the disabled items among the bar's, in the bar's order, with blanks between.
   std::string Greyed() const;
 
   Simulator simulator;
   ScriptedLoop loop;
-  MemoryFace face{loop};
-  frmGauges form{face, simulator.Services()};
+  HeadlessToolkit toolkit{loop};
+  frmGauges form{toolkit, simulator.Services()};
 };
 
 }  // namespace panelkit::test

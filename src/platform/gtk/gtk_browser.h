@@ -7,7 +7,7 @@
 
 #include "platform/browser.h"
 #include "platform/gtk/gtk_pointers.h"
-#include "platform/gtk/page_rules.h"
+#include "platform/gtk/navigation_policy.h"
 #include "platform/local_machine.h"
 
 namespace panelkit {
@@ -36,7 +36,7 @@ class GtkBrowser final : public WebBrowser {
                              GError* error, gpointer self);
 
   const LocalMachine& machine_;
-  PageRules rules_;
+  NavigationPolicy rules_;
   ObjectPtr<WebKitWebContext> context_;
   ObjectPtr<WebKitWebView> view_;
   bool web_page_stands_ = false;  ///< What the pane shows came from the web.

@@ -3,6 +3,8 @@
 #include <cstdlib>
 #include <utility>
 
+#include "platform/toolkit.h"
+
 namespace panelkit {
 namespace {
 
@@ -30,7 +32,7 @@ void GtkEventLoop::End() {
   std::_Exit(EXIT_SUCCESS);
 }
 
-void RunEventLoop() {
+void RunEventLoop(Toolkit& /*toolkit*/) {
   while (true) g_main_context_iteration(nullptr, TRUE);
 }
 

@@ -23,9 +23,6 @@ class GtkEventLoop final : public EventLoop {
   gint64 last_turn_ = 0;  ///< Monotonic, in microseconds: when the last turn was over.
 };
 
-/// Delivers the user's actions until End.
-[[noreturn]] void RunEventLoop();
-
 /// Calls `task` once from the event loop, unless the object that `owner` watches has gone by then.
 /// The task may destroy that object.
 void PostToLoop(std::weak_ptr<const void> owner, std::function<void()> task);

@@ -3,10 +3,10 @@
 
 #include <algorithm>
 
-#include "platform/wildcard.h"
 #include "platform/windows/files.h"
 #include "platform/windows/paths.h"
 #include "platform/windows/wide.h"
+#include "text/wildcard.h"
 
 namespace panelkit::windows {
 namespace {

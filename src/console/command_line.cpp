@@ -1,0 +1,91 @@
+#include "console/command_line.h"
+
+#include <CLI/CLI.hpp>
+#include <sstream>
+
+#include "console/exit_status.h"
+
+namespace panelkit {
+namespace {
+
+// Adds a command that only has to be noted.
+CLI::App* AddCommand(CLI::App& app, const std::string& name, const std::string& description,
+                     CommandLine& line, ConsoleCommand command) {
+  CLI::App* added = app.add_subcommand(name, description);
+  added->callback([&line, command] { line.command = command; });
+  return added;
+}
+
+void AddCabinetCommands(CLI::App& app, CommandLine& line) {
+  CLI::App* cab = app.add_subcommand("cab", "Look into a cabinet file");
+  cab->require_subcommand(1);
+  const auto add = [&](const char* name, const char* description, ConsoleCommand command) {
+    CLI::App* added = AddCommand(*cab, name, description, line, command);
+    added->add_option("CABINET", line.cabinet, "The cabinet file")->required();
+    return added;
+  };
+  const char* full_name = "Only the entry of this full name";
+  add("count", "Count the entries", ConsoleCommand::CabCount);
+  add("list", "List the entries", ConsoleCommand::CabList)
+      ->add_option("ENTRY", line.entry, full_name);
+  add("xml", "List the entries as XML", ConsoleCommand::CabXml)
+      ->add_option("ENTRY", line.entry, "Only the first entry of this name, folders left out");
+  CLI::App* extract = add("extract", "Extract the entries", ConsoleCommand::CabExtract);
+  extract->add_option("ENTRY", line.entry, full_name);
+  extract->add_option("--output-path", line.output_path,
+                      "Folder to extract to (else the cabinet's own)");
+  extract->add_option("--output-file", line.output_file, "Name to give to what is extracted");
+}
+
+void AddCommands(CLI::App& app, CommandLine& line) {
+  AddCommand(app, "where", "Tell which simulator would be used, and how it was found", line,
+             ConsoleCommand::Where);
+  AddCommand(app, "probe",
+             "Probe For Missing Gauges: report gauges that panels name and are not there", line,
+             ConsoleCommand::Probe);
+  AddCommand(app, "show", "Show All Gauges: report every gauge of every panel", line,
+             ConsoleCommand::Show);
+  AddCommand(app, "clean", "Clean Gauges: move gauges that no panel names to SpareGauges", line,
+             ConsoleCommand::Clean)
+      ->add_flag("--dry-run", line.dry_run, "Say what would move, and move nothing");
+  AddCommand(app, "restore", "Bring gauges back from SpareGauges", line, ConsoleCommand::Restore)
+      ->add_option("NAME", line.gauges, "Only these gauges; * and ? may stand in a name");
+  AddCommand(app, "brake", "Say whether the red brake messages are shown, or switch them", line,
+             ConsoleCommand::Brake)
+      ->add_option("STATE", line.brake, "on: show the messages; off: hide them")
+      ->check(CLI::IsMember({"on", "off"}));
+  AddCabinetCommands(app, line);
+}
+
+}  // namespace
+
+std::variant<CommandLine, CommandLineAnswer> ParseCommandLine(
+    const std::vector<std::string>& arguments) {
+  CommandLine line;
+  CLI::App app("Compares the gauges that FS2002 panels name with those that are installed.",
+               "panelkit-console");
+  app.set_version_flag("--version", "panelkit-console " PANELKIT_VERSION);
+  app.add_option("--simulator", line.simulator, "The simulator's folder, instead of the registry's")
+      ->type_name("DIR");
+  std::string format = "text";
+  app.add_option("--format", format, "How a report is printed: text or html")
+      ->check(CLI::IsMember({"text", "html"}));
+  app.require_subcommand(1);
+  app.fallthrough();  // Options of the program may stand behind the command, too.
+  app.footer("Exit status: 0 nothing is missing, or done; 1 gauges are missing; 2 an error.");
+  AddCommands(app, line);
+  try {
+    std::vector<std::string> reversed(arguments.rbegin(), arguments.rend());
+    if (!reversed.empty()) reversed.pop_back();
+    app.parse(std::move(reversed));
+  } catch (const CLI::ParseError& error) {
+    std::ostringstream output;
+    std::ostringstream complaint;
+    const int code = app.exit(error, output, complaint);
+    return CommandLineAnswer{output.str(), complaint.str(), code == 0 ? kExitDone : kExitError};
+  }
+  line.html = format == "html";
+  return line;
+}
+
+}  // namespace panelkit

@@ -1,0 +1,46 @@
+#include "gauges/aircraft_walk.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+#include "gauges/gauge_table.h"
+
+namespace panelkit {
+namespace {
+
+// Counts entries in 16 bits, as the bar takes them; a folder beyond that keeps the counter at its
+// end.
+void CountEntry(std::int16_t& counter) {
+  if (counter < kHighestIndex) ++counter;
+}
+
+}  // namespace
+
+bool WalkAircraft(const Files& files, EventLoop& loop, ProgressBar& bar, const std::string& FSPath,
+                  const std::function<void(const std::string& aircraft)>& on_aircraft) {
+  const std::string pattern = FSPath + R"(\Aircraft\*.*)";
+  std::int16_t entries = 0;
+  const auto measured = files.List(pattern, ListedEntries::FilesAndFolders);
+  for (std::size_t i = 0; measured && i < measured->size(); ++i) {
+    loop.ProcessPending();
+    CountEntry(entries);
+  }
+  bar.SetMin(0);
+  bar.SetMax(entries);
+
+  std::int16_t done = 0;
+  const auto listed = files.List(pattern, ListedEntries::FilesAndFolders);
+  if (!listed) return false;
+  for (const std::string& entry : *listed) {
+    loop.ProcessPending();
+    const bool is_dots = entry == "." || entry == "..";
+    if (!is_dots && files.IsFolder(FSPath + R"(\Aircraft\)" + entry)) on_aircraft(entry);
+    CountEntry(done);
+    bar.SetValue(std::min(done, entries));
+  }
+  return true;
+}
+
+}  // namespace panelkit

@@ -1,0 +1,40 @@
+#include "gauges/gauge_table.h"
+
+#include <string>
+
+#include "gauges/panel_entry.h"
+
+namespace panelkit {
+
+bool GaugeTable::Add(const Text& text, std::string_view origin, std::string_view key) {
+  auto& [store, rows, lowered_keys, whole_keys, parts_of_keys, answers] = *contents_;
+  // The rows of one cabinet follow each other and share its name.
+  const bool same_origin = rows.size() > 1 && rows[rows.size() - 2].origin == origin;
+  rows.back() = {same_origin ? rows[rows.size() - 2].origin : store.Keep(origin), store.Keep(key)};
+  if (UpperBound() == kHighestIndex) {
+    overflowed_ = true;
+    return false;
+  }
+  rows.emplace_back();
+  lowered_keys.push_back(store.Keep(text.Lower(key)));
+  whole_keys.insert(lowered_keys.back());
+  parts_of_keys.reset();
+  answers.clear();
+  return true;
+}
+
+bool GaugeTable::Exists(const Text& text, std::string_view entry) const {
+  auto& [store, rows, lowered_keys, whole_keys, parts_of_keys, answers] = *contents_;
+  const auto known = answers.find(entry);
+  if (known != answers.end()) return known->second;
+  const std::string lowered = text.Lower(entry);
+  if (!parts_of_keys) parts_of_keys.emplace(lowered_keys);
+  // A whole key, which most entries are, holds itself.
+  const bool exists = whole_keys.contains(lowered) ||
+                      (NamesFile(lowered) && whole_keys.contains(FilePart(lowered))) ||
+                      parts_of_keys->Contains(lowered);
+  answers.emplace(store.Keep(entry), exists);
+  return exists;
+}
+
+}  // namespace panelkit

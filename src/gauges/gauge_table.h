@@ -1,0 +1,67 @@
+// The table of installed gauges.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string_view>
+#include <unordered_map>
+#include <unordered_set>
+#include <vector>
+
+#include "gauges/text_store.h"
+#include "gauges/trigram_index.h"
+#include "platform/text.h"
+
+namespace panelkit {
+
+/// The highest index of a table or list: indexes are 16-bit signed numbers.
+inline constexpr int kHighestIndex = 32767;
+
+/// One installed gauge: column 0 and column 1 of the table.
+struct GaugeRow {
+  std::string_view origin;  ///< "Gauge File", or the cabinet's name without its extension.
+  std::string_view key;     ///< "gauge", or "cabinet!gauge".
+};
+
+/// Rows of installed gauges, the last one always free: the upper bound equals the number of used
+/// rows.
+class GaugeTable {
+ public:
+  /// Back to one free row.
+  void Reset() { *this = GaugeTable(); }
+
+  /// Writes the free row and adds a new one behind it. False when the table cannot grow past index
+  /// 32767: the row is written but stays the last one, which no search looks at.
+  bool Add(const Text& text, std::string_view origin, std::string_view key);
+
+  /// The index of the free last row, which is the number of used rows.
+  int UpperBound() const { return static_cast<int>(contents_->rows.size()) - 1; }
+
+  /// A row; its texts are valid until the next Reset.
+  const GaugeRow& Row(int row) const { return contents_->rows.at(row); }
+
+  /// Whether a row was refused since the last Reset.
+  bool Overflowed() const { return overflowed_; }
+
+  /// Whether a panel entry is installed: its file part equals a whole key, or the whole entry
+  /// occurs anywhere in a key; case ignored.
+  bool Exists(const Text& text, std::string_view entry) const;
+
+ private:
+  struct Contents {
+    TextStore store;
+    std::vector<GaugeRow> rows{1};
+    std::vector<std::string_view> lowered_keys;  // Of the used rows.
+    std::pmr::unordered_set<std::string_view>& whole_keys =
+        store.Make<std::pmr::unordered_set<std::string_view>>();
+    std::optional<TrigramIndex> parts_of_keys;  // Made when a question needs it.
+    // Entries come again and again.
+    std::pmr::unordered_map<std::string_view, bool>& answers =
+        store.Make<std::pmr::unordered_map<std::string_view, bool>>();
+  };
+
+  std::unique_ptr<Contents> contents_ = std::make_unique<Contents>();
+  bool overflowed_ = false;
+};
+
+}  // namespace panelkit

@@ -1,0 +1,97 @@
+#include "gauges/panel_reader.h"
+
+#include <exception>
+#include <unordered_set>
+
+namespace panelkit {
+namespace {
+
+constexpr int kDeepestAlias = 100;
+
+bool IsWindowHeader(std::string_view line) {
+  return ContainsIgnoringCase(line, "[window") && !ContainsIgnoringCase(line, "[window00]");
+}
+
+bool IsGaugeLine(std::string_view line) {
+  return ContainsIgnoringCase(line.substr(0, 5), "gauge");
+}
+
+// The text between the line's first "=" and its first ",". A line without a comma names a gauge
+// too, unless nothing is left of it.
+std::optional<std::string_view> EntryOf(std::string_view line) {
+  const std::size_t comma = line.find(',');
+  std::string_view entry = line.substr(0, comma);
+  const std::size_t equals = entry.find('=');
+  if (equals != std::string_view::npos) entry.remove_prefix(equals + 1);
+  if (comma == std::string_view::npos && entry.empty()) return std::nullopt;
+  return entry;
+}
+
+// What stands behind the alias line's first "=", without the blanks around it.
+std::string_view AliasValue(std::string_view line) {
+  line.remove_prefix(line.find('=') + 1);
+  const std::size_t first = line.find_first_not_of(' ');
+  if (first == std::string_view::npos) return {};
+  return line.substr(first, line.find_last_not_of(' ') - first + 1);
+}
+
+}  // namespace
+
+void PanelReader::Read(const std::string& FSPath, const std::string& aircraft, PanelSink& sink) {
+  try {
+    std::unordered_set<std::string> files_read;
+    std::string path = FSPath + R"(\Aircraft\)" + aircraft + R"(\Panel\panel.cfg)";
+    for (int depth = 0; depth <= kDeepestAlias && files_read.insert(text_.Lower(path)).second;
+         ++depth) {
+      const std::optional<std::string> alias = ReadFile(path, sink);
+      if (!alias) return;
+      path = FSPath + R"(\Aircraft\)" + *alias + R"(\panel.cfg)";
+    }
+  } catch (const std::exception&) {
+    // A panel that is too large for the memory at hand costs its own lines, not the whole run.
+  }
+}
+
+// Gives the folder, relative to Aircraft, that an alias line leads to.
+std::optional<std::string> PanelReader::ReadFile(const std::string& path, PanelSink& sink) {
+  TitleCount = 0;
+  const std::optional<std::string> bytes = files_.Read(path);
+  if (!bytes) return std::nullopt;
+  sink.OnFile();
+  const std::string content = text_.FromAnsi(*bytes);
+  LineReader lines(content);
+  while (!lines.AtEnd()) {
+    loop_.ProcessPending();
+    const std::string_view line = lines.Next();
+    if (ContainsIgnoringCase(line, "alias=")) return std::string(AliasValue(line));
+    if (ContainsIgnoringCase(line, "[window titles]")) ReadTitles(lines);
+    // In every turn from the titles on: windows beyond the titles start again at the first title.
+    if (TitleCount > 0) ReadWindows(lines, sink);
+  }
+  return std::nullopt;
+}
+
+void PanelReader::ReadTitles(LineReader& lines) {
+  TitleCount = 0;
+  for (std::string& title : WindowTitles) {
+    if (lines.AtEnd()) return;
+    const std::string_view line = lines.Next();
+    if (!ContainsIgnoringCase(line, "window")) return;
+    title = line;
+    ++TitleCount;
+  }
+}
+
+void PanelReader::ReadWindows(LineReader& lines, PanelSink& sink) {
+  for (int window = 0; window < TitleCount; ++window) {
+    sink.OnWindow(WindowTitles.at(window));
+    while (!lines.AtEnd()) {
+      const std::string_view line = lines.Next();
+      if (IsWindowHeader(line)) break;
+      if (!IsGaugeLine(line)) continue;
+      if (const auto entry = EntryOf(line)) sink.OnEntry(*entry);
+    }
+  }
+}
+
+}  // namespace panelkit

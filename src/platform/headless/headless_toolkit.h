@@ -1,0 +1,128 @@
+// A face without a window: captions, menu states and the bar live in memory.
+#pragma once
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/toolkit.h"
+
+namespace panelkit {
+
+class HeadlessLabel : public Label {
+ public:
+  void SetCaption(const std::string& caption) override { caption_ = caption; }
+  std::string Caption() const override { return caption_; }
+
+ private:
+  std::string caption_;
+};
+
+class HeadlessMenuItem : public MenuItem {
+ public:
+  void SetEnabled(bool enabled) override { enabled_ = enabled; }
+  bool Enabled() const override { return enabled_; }
+  void SetCaption(const std::string& caption) override { caption_ = caption; }
+  std::string Caption() const override { return caption_; }
+
+ private:
+  std::string caption_;
+  bool enabled_ = true;
+};
+
+class HeadlessProgressBar : public ProgressBar {
+ public:
+  /// Called with value and max at each change of the value.
+  using Watcher = std::function<void(int value, int max)>;
+
+  explicit HeadlessProgressBar(Watcher watcher) : watcher_(std::move(watcher)) {}
+
+  void SetMin(int /*min*/) override {}
+  void SetMax(int max) override { max_ = max; }
+  void SetValue(int value) override;
+  int Max() const { return max_; }
+  int Value() const { return value_; }
+
+ private:
+  Watcher watcher_;
+  int max_ = 100;
+  int value_ = 0;
+};
+
+class HeadlessBrowser : public WebBrowser {
+ public:
+  void Navigate(const std::string& address) override { address_ = address; }
+  /// The address that was navigated to last.
+  const std::string& Address() const { return address_; }
+
+ private:
+  std::string address_;
+};
+
+/// A form whose clicks come from the program that owns the face.
+class HeadlessForm : public Form {
+ public:
+  HeadlessForm(const FormDescription& description, HeadlessProgressBar::Watcher watcher);
+
+  /// Clicks a menu item or button as a user would: nothing happens where it, or the menu that it
+  /// stands in, is disabled, or has no handler.
+  void Click(std::string_view name);
+  /// Closes the window as its title bar would.
+  void Close();
+  bool Visible() const { return visible_; }
+
+  HeadlessLabel& LabelNamed(std::string_view name) override;
+  HeadlessMenuItem& MenuNamed(std::string_view name) override;
+  HeadlessProgressBar& ProgressBarNamed(std::string_view name) override;
+  HeadlessBrowser& BrowserNamed(std::string_view name) override;
+  void OnClick(std::string_view name, std::function<void()> handler) override;
+  void OnClose(std::function<void()> handler) override { on_close_ = std::move(handler); }
+  void Show() override { visible_ = true; }
+  void Hide() override { visible_ = false; }
+  Twips Width() const override { return description_.width; }
+  Twips Height() const override { return description_.height; }
+  void MoveTo(Twips left, Twips top) override;
+  Twips Left() const { return left_; }
+  Twips Top() const { return top_; }
+
+ private:
+  template <class Widget>
+  using Named = std::map<std::string, Widget, std::less<>>;
+
+  bool IsReachable(std::string_view item) const;
+
+  FormDescription description_;
+  Named<HeadlessLabel> labels_;
+  Named<HeadlessMenuItem> menu_;
+  Named<HeadlessProgressBar> bars_;
+  Named<HeadlessBrowser> browsers_;
+  Named<std::function<void()>> on_click_;
+  std::function<void()> on_close_;
+  bool visible_ = false;
+  Twips left_ = 0;
+  Twips top_ = 0;
+};
+
+/// The face of the console companion, and of tests that need no window.
+class HeadlessToolkit : public Toolkit {
+ public:
+  /// `watcher` sees every progress bar move. `loop` must outlive the face.
+  explicit HeadlessToolkit(EventLoop& loop, HeadlessProgressBar::Watcher watcher = {});
+
+  std::unique_ptr<Form> CreateForm(const FormDescription& description) override;
+  EventLoop& Loop() override { return loop_; }
+  ScreenSize Screen() const override { return {1024 * 15, 768 * 15}; }
+
+  /// The form made last with this title, or null; not to be used after its end.
+  HeadlessForm* FormTitled(std::string_view title) const;
+
+ private:
+  EventLoop& loop_;
+  HeadlessProgressBar::Watcher watcher_;
+  std::map<std::string, HeadlessForm*, std::less<>> forms_;
+};
+
+}  // namespace panelkit

@@ -1,0 +1,250 @@
+#include "platform/win32/win32_form.h"
+
+#include <algorithm>
+#include <stdexcept>
+#include <vector>
+
+#include "platform/windows/wide.h"
+
+namespace panelkit::windows {
+namespace {
+
+constexpr UINT kFirstControl = 1000;
+constexpr WORD kProgramIcon = 1;
+constexpr DWORD kStyle = WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
+
+DWORD ExtendedStyle(Border border) {
+  return border == Border::FixedToolWindow ? WS_EX_TOOLWINDOW : WS_EX_DLGMODALFRAME;
+}
+
+template <class Widget>
+Widget& Find(std::map<std::string, Widget, std::less<>>& widgets, std::string_view name) {
+  const auto widget = widgets.find(name);
+  if (widget == widgets.end()) throw std::out_of_range("no such control");
+  return widget->second;
+}
+
+HANDLE ProgramIcon(int width_metric, int height_metric) {
+  return LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(kProgramIcon), IMAGE_ICON,
+                    GetSystemMetrics(width_metric), GetSystemMetrics(height_metric), LR_SHARED);
+}
+
+}  // namespace
+
+ATOM RegisterFormClass() {
+  WNDCLASSEXW form{};
+  form.cbSize = sizeof form;
+  form.lpfnWndProc = Win32Form::WindowProcedure;
+  form.hInstance = GetModuleHandleW(nullptr);
+  form.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+  form.hbrBackground = GetSysColorBrush(COLOR_3DFACE);
+  form.lpszClassName = L"PanelkitForm";
+  return RegisterClassExW(&form);
+}
+
+Win32Form::Win32Form(const FormDescription& description, const ScreenScale& scale, HWND owner,
+                     Win32EventLoop& loop)
+    : scale_(scale), loop_(loop), font_(CreateFormFont(scale)) {
+  static const ATOM form_class = RegisterFormClass();
+  window_ = CreateWindowExW(ExtendedStyle(description.border), MAKEINTATOM(form_class),
+                            Wide(description.title).c_str(), kStyle, CW_USEDEFAULT, CW_USEDEFAULT,
+                            scale.PixelsX(description.width), scale.PixelsY(description.height),
+                            owner, nullptr, GetModuleHandleW(nullptr), this);
+  if (window_ == nullptr) throw std::runtime_error("Windows makes no window");
+  if (description.border == Border::FixedDialog) {
+    SendMessageW(window_, WM_SETICON, ICON_SMALL,
+                 reinterpret_cast<LPARAM>(ProgramIcon(SM_CXSMICON, SM_CYSMICON)));
+    SendMessageW(window_, WM_SETICON, ICON_BIG,
+                 reinterpret_cast<LPARAM>(ProgramIcon(SM_CXICON, SM_CYICON)));
+  }
+  menu_.emplace(window_, description.menu);
+  FitClientArea(description);
+  AddControls(description);
+  loop_.Add(window_, [this](MSG& message) { return Filter(message); });
+}
+
+Win32Form::~Win32Form() {
+  loop_.Remove(window_);
+  SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
+  DestroyWindow(window_);
+  DeleteObject(font_);
+}
+
+// Measured rather than computed: a menu bar may take more than one line.
+void Win32Form::FitClientArea(const FormDescription& description) {
+  RECT outer{};
+  RECT client{};
+  GetWindowRect(window_, &outer);
+  GetClientRect(window_, &client);
+  const int width = scale_.PixelsX(description.width);
+  const int frame_width = (outer.right - outer.left) - client.right;
+  SetWindowPos(window_, nullptr, 0, 0, width + frame_width, outer.bottom - outer.top,
+               SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+  GetWindowRect(window_, &outer);
+  GetClientRect(window_, &client);
+  const int frame_height = (outer.bottom - outer.top) - client.bottom;
+  SetWindowPos(window_, nullptr, 0, 0, width + frame_width,
+               scale_.PixelsY(description.height) + frame_height,
+               SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+// In the order of their tab indexes, which is the order in which Windows steps through them.
+void Win32Form::AddControls(const FormDescription& description) {
+  std::vector<ControlDescription> controls(description.controls.begin(),
+                                           description.controls.end());
+  std::sort(controls.begin(), controls.end(),
+            [](const auto& a, const auto& b) { return a.tab_index < b.tab_index; });
+  UINT id = kFirstControl;
+  for (const ControlDescription& control : controls) AddControl(control, id++);
+}
+
+void Win32Form::AddControl(const ControlDescription& control, UINT id) {
+  const std::string name(control.name);
+  if (control.kind == ControlKind::WebBrowser) {
+    browsers_.try_emplace(name, window_, control, scale_, id);
+    return;
+  }
+  const HWND window = CreateControl(window_, control, scale_, id);
+  if (window == nullptr) throw std::runtime_error("Windows makes no control");
+  SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(font_), FALSE);
+  switch (control.kind) {
+    case ControlKind::Label:
+      labels_.try_emplace(name, window, std::string(control.content));
+      break;
+    case ControlKind::ProgressBar:
+      bars_.try_emplace(name, window);
+      break;
+    case ControlKind::PictureBox:
+      pictures_.emplace(id, control.content);
+      break;
+    default:
+      buttons_.emplace(id, name);
+      break;
+  }
+}
+
+Label& Win32Form::LabelNamed(std::string_view name) {
+  return Find(labels_, name);
+}
+
+ProgressBar& Win32Form::ProgressBarNamed(std::string_view name) {
+  return Find(bars_, name);
+}
+
+WebBrowser& Win32Form::BrowserNamed(std::string_view name) {
+  return Find(browsers_, name);
+}
+
+void Win32Form::OnClick(std::string_view name, std::function<void()> handler) {
+  clicks_.insert_or_assign(std::string(name), std::move(handler));
+}
+
+void Win32Form::Show() {
+  ShowWindow(window_, SW_SHOWNORMAL);
+  // A shortcut may ask for a minimised first window, which this one could not be brought back from.
+  if (IsIconic(window_)) ShowWindow(window_, SW_RESTORE);
+  SetForegroundWindow(window_);
+}
+
+Twips Win32Form::Width() const {
+  RECT outer{};
+  GetWindowRect(window_, &outer);
+  return scale_.TwipsX(outer.right - outer.left);
+}
+
+Twips Win32Form::Height() const {
+  RECT outer{};
+  GetWindowRect(window_, &outer);
+  return scale_.TwipsY(outer.bottom - outer.top);
+}
+
+void Win32Form::MoveTo(Twips left, Twips top) {
+  SetWindowPos(window_, nullptr, scale_.PixelsX(left), scale_.PixelsY(top), 0, 0,
+               SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+// A page takes its keys first; elsewhere Tab and Enter work as in a dialog.
+bool Win32Form::Filter(MSG& message) {
+  for (auto& [name, browser] : browsers_) {
+    if (browser.HasFocus()) return browser.Translate(message);
+  }
+  // Windows itself presses only default buttons by Enter.
+  if (message.message == WM_KEYDOWN && message.wParam == VK_RETURN &&
+      buttons_.contains(GetDlgCtrlID(message.hwnd))) {
+    SendMessageW(message.hwnd, BM_CLICK, 0, 0);
+    return true;
+  }
+  return IsDialogMessageW(window_, &message) != 0;
+}
+
+void Win32Form::FocusFirst() const {
+  SetFocus(IsChild(window_, last_focus_) ? last_focus_
+                                         : GetNextDlgTabItem(window_, nullptr, FALSE));
+}
+
+// The handler may destroy this form, and with it the functions kept here.
+void Win32Form::Clicked(const std::string& name) {
+  loop_.Post(alive_, [this, name] {
+    const auto click = clicks_.find(name);
+    if (click == clicks_.end()) return;
+    const std::function<void()> handler = click->second;
+    handler();
+  });
+}
+
+void Win32Form::Closed() {
+  Hide();
+  loop_.Post(alive_, [this] {
+    const std::function<void()> handler = close_;
+    if (handler) handler();
+  });
+}
+
+void Win32Form::Command(UINT id) {
+  if (const auto button = buttons_.find(id); button != buttons_.end()) {
+    Clicked(button->second);
+  } else if (const auto item = menu_->NameOf(id)) {
+    Clicked(*item);
+  }
+}
+
+LRESULT Win32Form::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
+  switch (message) {
+    case WM_COMMAND:
+      Command(LOWORD(wparam));
+      return 0;
+    case WM_CLOSE:
+      Closed();
+      return 0;
+    case WM_DRAWITEM:
+      if (const auto picture = pictures_.find(static_cast<UINT>(wparam));
+          picture != pictures_.end()) {
+        DrawPicture(*reinterpret_cast<const DRAWITEMSTRUCT*>(lparam), picture->second, scale_);
+      }
+      return TRUE;
+    case WM_ACTIVATE:
+      if (LOWORD(wparam) == WA_INACTIVE) last_focus_ = GetFocus();
+      break;
+    case WM_SETFOCUS:
+      FocusFirst();
+      return 0;
+    default:
+      break;
+  }
+  return DefWindowProcW(window_, message, wparam, lparam);
+}
+
+LRESULT CALLBACK Win32Form::WindowProcedure(HWND window, UINT message, WPARAM wparam,
+                                            LPARAM lparam) {
+  if (message == WM_NCCREATE) {
+    const auto* creation = reinterpret_cast<const CREATESTRUCTW*>(lparam);
+    auto* form = static_cast<Win32Form*>(creation->lpCreateParams);
+    form->window_ = window;
+    SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(form));
+  }
+  auto* form = reinterpret_cast<Win32Form*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+  return form != nullptr ? form->Handle(message, wparam, lparam)
+                         : DefWindowProcW(window, message, wparam, lparam);
+}
+
+}  // namespace panelkit::windows

@@ -1,0 +1,76 @@
+// A form as a window of Windows.
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+
+#include "platform/form.h"
+#include "platform/win32/screen_scale.h"
+#include "platform/win32/win32_browser.h"
+#include "platform/win32/win32_controls.h"
+#include "platform/win32/win32_event_loop.h"
+#include "platform/win32/win32_menu.h"
+
+namespace panelkit::windows {
+
+class Win32Form final : public Form {
+ public:
+  /// `owner` is a hidden window, which keeps the form off the task bar. It and `loop` outlive the
+  /// form. Throws std::runtime_error where Windows makes no window.
+  Win32Form(const FormDescription& description, const ScreenScale& scale, HWND owner,
+            Win32EventLoop& loop);
+  ~Win32Form() override;
+  Win32Form(const Win32Form&) = delete;
+  Win32Form& operator=(const Win32Form&) = delete;
+
+  Label& LabelNamed(std::string_view name) override;
+  MenuItem& MenuNamed(std::string_view name) override { return menu_->Named(name); }
+  ProgressBar& ProgressBarNamed(std::string_view name) override;
+  WebBrowser& BrowserNamed(std::string_view name) override;
+  void OnClick(std::string_view name, std::function<void()> handler) override;
+  void OnClose(std::function<void()> handler) override { close_ = std::move(handler); }
+  void Show() override;
+  void Hide() override { ShowWindow(window_, SW_HIDE); }
+  Twips Width() const override;
+  Twips Height() const override;
+  void MoveTo(Twips left, Twips top) override;
+
+ private:
+  template <class Widget>
+  using Named = std::map<std::string, Widget, std::less<>>;
+
+  void AddControls(const FormDescription& description);
+  void AddControl(const ControlDescription& control, UINT id);
+  void FitClientArea(const FormDescription& description);
+  void FocusFirst() const;
+  bool Filter(MSG& message);
+  void Clicked(const std::string& name);
+  void Closed();
+  void Command(UINT id);
+  LRESULT Handle(UINT message, WPARAM wparam, LPARAM lparam);
+  static LRESULT CALLBACK WindowProcedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
+  friend ATOM RegisterFormClass();
+
+  ScreenScale scale_;
+  Win32EventLoop& loop_;
+  HWND window_ = nullptr;
+  HWND last_focus_ = nullptr;
+  HFONT font_;
+  std::optional<Win32Menu> menu_;
+  Named<Win32Label> labels_;
+  Named<Win32ProgressBar> bars_;
+  Named<Win32Browser> browsers_;
+  Named<std::function<void()>> clicks_;
+  std::map<UINT, std::string> buttons_;
+  std::map<UINT, std::string> pictures_;
+  std::function<void()> close_;
+
+  /// Watched by clicks that are still on their way when the form ends.
+  std::shared_ptr<const void> alive_ = std::make_shared<int>();
+};
+
+}  // namespace panelkit::windows

@@ -1,0 +1,167 @@
+#include "platform/wine/cabinet/cabinet_walk.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <filesystem>
+#include <iterator>
+#include <optional>
+#include <string_view>
+#include <system_error>
+
+#include "platform/wine/cabinet/cabinet_extractor.h"
+#include "platform/wine/cabinet/header_reader.h"
+#include "platform/wine/cabinet/open_cabinet.h"
+#include "platform/wine/cabinet/target_file.h"
+#include "platform/wine/cabinet/target_names.h"
+#include "platform/wine/cabinet/win32_error.h"
+
+namespace panelkit {
+
+namespace {
+
+// One walk. libmspack works only between two notifications and never around one, so an exception
+// out of MsgHandler passes through our own frames alone.
+class Walk {
+ public:
+  Walk(const PathResolver& paths, const Text& text, const std::string& cabinet_path,
+       CabinetMsgHandler handler, std::uint32_t context)
+      : paths_(paths),
+        text_(text),
+        folder_(cabinet_path.substr(0, cabinet_path.find_last_of("\\/:") + 1)),
+        source_(text.ToAnsi(cabinet_path)),
+        handler_(handler),
+        context_(context),
+        cabinet_(OpenCabinet(paths, cabinet_path)) {}
+
+  // Gives 0 or the walk's error.
+  std::uint32_t Run() {
+    if (cabinet_.error != 0) return cabinet_.error;
+    HeaderReader entries(*cabinet_.file);
+    last_folder_ = entries.Folders() - 1;
+    for (std::size_t index = 0; const auto entry = entries.Next(); ++index) {
+      if (entry->folder == kContinuedFromPrevious ||
+          entry->folder == kContinuedFromPreviousToNext) {
+        continue;
+      }
+      const std::string name =
+          (entry->attributes & kNameIsUtf8) != 0 ? text_.ToAnsi(entry->name) : entry->name;
+      FILE_IN_CABINET_INFO info{.NameInCabinet = name.c_str(),
+                                .FileSize = entry->size,
+                                .DosDate = entry->date,
+                                .DosTime = entry->time,
+                                .DosAttribs = entry->attributes};
+      const std::uint32_t answer = Notify(SPFILENOTIFY_FILEINCABINET, &info, source_.c_str());
+      if (answer == FILEOP_ABORT) return ERROR_SUCCESS;
+      if (answer != FILEOP_DOIT) continue;
+      if (const auto error = Extract(index, *entry, info)) return error;
+    }
+    return entries.Error();
+  }
+
+ private:
+  std::uint32_t Notify(std::uint32_t notification, const void* param1, const void* param2) {
+    return handler_(context_, notification, reinterpret_cast<std::uintptr_t>(param1),
+                    reinterpret_cast<std::uintptr_t>(param2));
+  }
+
+  // Gives 0 to go on, else what stops the walk.
+  std::uint32_t Extract(std::size_t index, const StoredEntry& entry,
+                        const FILE_IN_CABINET_INFO& info) {
+    const auto end = std::find(std::begin(info.FullTargetName), std::end(info.FullTargetName), 0);
+    const std::string target(std::begin(info.FullTargetName), end);
+    const std::uint32_t error =
+        Write(index, entry, text_.FromAnsi(target), text_.FromAnsi(info.NameInCabinet));
+    if (stopped_by_ != 0) return stopped_by_;
+    // What a failure leaves in libmspack would shift the entries that follow in the same folder.
+    if (error != 0) decoder_.reset();
+    const FILEPATHS outcome{
+        .Target = target.c_str(), .Source = source_.c_str(), .Win32Error = error};
+    return Notify(SPFILENOTIFY_FILEEXTRACTED, &outcome, nullptr);
+  }
+
+  std::uint32_t Write(std::size_t index, const StoredEntry& entry, const std::string& target,
+                      const std::string& name) {
+    if (!PathResolver::IsPossible(target)) return ERROR_INVALID_NAME;
+    if (LeadsThroughLink(target, name)) return ERROR_ACCESS_DENIED;
+    const std::optional<std::string> native = target_names_.Find(target);
+    if (!native) return ERROR_PATH_NOT_FOUND;
+
+    if (!decoder_) StartDecoder();
+    if (goes_on_ && (entry.folder == kContinuedToNext || entry.folder == last_folder_)) {
+      if (!rest_error_) rest_error_ = AddRestOfSet();
+      // An entry that does not itself go on may do without the rest.
+      const bool needed = stopped_by_ != 0 || entry.folder == kContinuedToNext;
+      if (needed && *rest_error_ != 0) return *rest_error_;
+    }
+    TargetFile file(*native, (entry.attributes & kReadOnly) != 0);
+    if (file.Error() != 0) return file.Error();
+    if (const auto error = decoder_->Extract(index, entry.size, file.File())) return error;
+    file.SetTime(entry.date, entry.time);
+    return file.Commit();
+  }
+
+  // Whether one of the folders that the entry's name brings along is a link: the folders before
+  // them were chosen by the caller, these by whoever made the cabinet.
+  bool LeadsThroughLink(const std::string& target, const std::string& name) const {
+    if (!target.ends_with("\\" + name)) return false;
+    for (std::size_t at = target.size() - name.size();
+         (at = target.find_first_of("\\/", at)) != std::string::npos; ++at) {
+      const auto folder = paths_.Existing(std::string_view(target).substr(0, at));
+      std::error_code ignored;
+      if (folder && std::filesystem::is_symlink(*folder, ignored)) return true;
+    }
+    return false;
+  }
+
+  void StartDecoder() {
+    decoder_.emplace(*cabinet_.file);
+    goes_on_ = !decoder_->NextCabinet().empty() && ReadContinuation(*cabinet_.file).begins;
+    rest_error_.reset();
+  }
+
+  // Adds the cabinets that hold the rest of the last folder.
+  std::uint32_t AddRestOfSet() {
+    for (bool goes_on = true; goes_on;) {
+      const std::string name = text_.FromAnsi(decoder_->NextCabinet());
+      if (name.empty()) return ERROR_INVALID_DATA;
+      stopped_by_ = Notify(SPFILENOTIFY_NEEDNEWCABINET, nullptr, nullptr);
+      if (stopped_by_ != 0) return stopped_by_;
+      if (name.find_first_of("\\/:") != std::string::npos) return ERROR_FILE_NOT_FOUND;
+      OpenedCabinet next = OpenCabinet(paths_, folder_ + name);
+      if (next.error != 0) return next.error;
+      const Continuation continuation = ReadContinuation(*next.file);
+      if (continuation.error != 0) return continuation.error;
+      goes_on = continuation.runs_on;
+      if (const auto error = decoder_->Append(std::move(next.file))) return error;
+    }
+    return ERROR_SUCCESS;
+  }
+
+  const PathResolver& paths_;
+  const Text& text_;
+  const std::string folder_;  // Of the cabinet, with its separator.
+  const std::string source_;  // The cabinet's path in ANSI.
+  CabinetMsgHandler handler_;
+  std::uint32_t context_;
+  OpenedCabinet cabinet_;
+  TargetNames target_names_{paths_};
+  int last_folder_ = 0;
+  std::optional<CabinetExtractor> decoder_;  // From the first extraction on.
+  bool goes_on_ = false;                     // Whether the last folder goes on in the next cabinet.
+  std::optional<std::uint32_t> rest_error_;  // How adding the rest of the set ended.
+  std::uint32_t stopped_by_ = 0;             // The answer that refused a further cabinet.
+};
+
+}  // namespace
+
+std::uint32_t WineCabinetWalk::SetupIterateCabinetA(const std::string& CabinetFile,
+                                                    std::uint32_t /*Reserved*/,
+                                                    CabinetMsgHandler MsgHandler,
+                                                    std::uint32_t Context) {
+  const std::uint32_t error = Walk(paths_, text_, CabinetFile, MsgHandler, Context).Run();
+  if (error == 0) return 1;
+  last_error_ = static_cast<std::int32_t>(error);
+  return 0;
+}
+
+}  // namespace panelkit

@@ -1,0 +1,75 @@
+// The entries of a cabinet file, read from its headers alone.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/wine/native_file.h"
+
+namespace panelkit {
+
+/// One entry as stored (CFFILE of [MS-CAB]).
+struct StoredEntry {
+  std::string name;  ///< In the ANSI code page, or UTF-8 where kNameIsUtf8 says so; never empty.
+  std::uint32_t size = 0;        ///< Bytes, unpacked.
+  std::uint16_t folder = 0;      ///< Index, or one of the kContinued values.
+  std::uint16_t date = 0;        ///< FAT layout.
+  std::uint16_t time = 0;        ///< FAT layout.
+  std::uint16_t attributes = 0;  ///< DOS attributes and kNameIsUtf8.
+};
+
+/// Bits of StoredEntry::attributes.
+inline constexpr std::uint16_t kReadOnly = 0x01;
+inline constexpr std::uint16_t kNameIsUtf8 = 0x80;
+
+/// Values of StoredEntry::folder for an entry that began in the previous cabinet of a set, that
+/// goes on in the next one, or both.
+inline constexpr std::uint16_t kContinuedFromPrevious = 0xFFFD;
+inline constexpr std::uint16_t kContinuedToNext = 0xFFFE;
+inline constexpr std::uint16_t kContinuedFromPreviousToNext = 0xFFFF;
+
+/// Reads one entry after the other and never the entries' content. It checks only what it uses, so
+/// that a damaged cabinet gives the entries that stand before the damage.
+class HeaderReader {
+ public:
+  /// Reads from `cabinet`, which outlives the reader.
+  explicit HeaderReader(const OpenFile& cabinet);
+
+  /// The next entry; nothing behind the last one or where the cabinet is damaged or unreadable.
+  std::optional<StoredEntry> Next();
+
+  /// Once Next gave nothing: 0 for a sound end, 13 for damage or no cabinet, else why reading
+  /// failed (a code of winerror.h).
+  std::uint32_t Error() const { return error_; }
+
+  /// How many folders (runs of compressed data) the cabinet has.
+  std::uint16_t Folders() const { return folders_; }
+
+ private:
+  std::string_view Peek(std::size_t length);
+  void MoveTo(std::uint32_t offset);
+  std::nullopt_t Damaged();
+
+  const OpenFile& cabinet_;
+  std::string window_;           // A piece of the file,
+  std::uint64_t window_at_ = 0;  // its offset,
+  std::size_t position_ = 0;     // and where in it the reader is.
+  std::uint16_t folders_ = 0;
+  std::uint16_t entries_left_ = 0;
+  std::uint32_t error_ = 0;
+};
+
+/// How the entries of a cabinet are tied to the next one of its set.
+struct Continuation {
+  bool begins = false;      ///< An entry begins here and goes on there.
+  bool runs_on = false;     ///< An entry that began before goes on there.
+  std::uint32_t error = 0;  ///< HeaderReader::Error behind the last entry.
+};
+
+/// Reads all entries of the cabinet.
+Continuation ReadContinuation(const OpenFile& cabinet);
+
+}  // namespace panelkit

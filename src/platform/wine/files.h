@@ -1,0 +1,43 @@
+// The files of a Wine prefix.
+#pragma once
+
+#include <string>
+
+#include "platform/files.h"
+#include "platform/wine/path_resolver.h"
+
+namespace panelkit {
+
+/// Files by Windows path, as Wine presents a Linux disk: hidden and system entries by extended
+/// attribute and leading dot, read-only by permission bits. Pipes, devices and dangling links are
+/// not listed; neither are names that no Windows path could hold (not UTF-8, or with a backslash).
+class WineFiles final : public Files {
+ public:
+  /// `resolver` lives longer than this object; `app_folder` is a Windows path.
+  WineFiles(const PathResolver& resolver, std::string app_folder)
+      : resolver_(resolver), app_folder_(std::move(app_folder)) {}
+
+  std::string AppFolder() const override { return app_folder_; }
+  std::optional<std::vector<std::string>> List(std::string_view pattern,
+                                               ListedEntries entries) const override;
+  bool IsFolder(std::string_view path) const override;
+  bool IsPlainFile(std::string_view path) const override;
+  bool Exists(std::string_view path) const override;
+  bool IsSame(std::string_view path, std::string_view other) const override;
+  bool IsLink(std::string_view path) const override;
+  std::optional<std::string> Read(std::string_view path) const override;
+  bool Replace(std::string_view path, std::string_view bytes, Durability durability) override;
+  int MakeFolder(std::string_view path) override;
+  bool Copy(std::string_view source, std::string_view target) override;
+  bool Rename(std::string_view from, std::string_view to) override;
+  bool ClearAttributes(std::string_view path) override;
+  bool Delete(std::string_view path) override;
+
+ private:
+  std::optional<std::string> PlainFile(std::string_view path) const;
+
+  const PathResolver& resolver_;
+  std::string app_folder_;
+};
+
+}  // namespace panelkit

@@ -1,0 +1,118 @@
+#include "platform/wine/native_file.h"
+
+#include <fcntl.h>
+#include <poll.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+
+namespace panelkit {
+
+namespace {
+
+/// open(2) tried again where a signal stopped it.
+int Open(const std::string& path, int flags, unsigned mode) {
+  int descriptor = -1;
+  do {
+    descriptor = open(path.c_str(), flags | O_CLOEXEC, mode);
+  } while (descriptor < 0 && errno == EINTR);
+  return descriptor;
+}
+
+void WaitUntilWritable(int descriptor) {
+  pollfd waiting{descriptor, POLLOUT, 0};
+  poll(&waiting, 1, -1);
+}
+
+}  // namespace
+
+OpenFile::OpenFile(const std::string& path, int flags, unsigned mode)
+    : descriptor_(Open(path, flags, mode)) {}
+
+OpenFile::~OpenFile() {
+  Close();
+}
+
+bool OpenFile::Close() {
+  if (!IsOpen()) return true;
+  const int descriptor = descriptor_;
+  descriptor_ = -1;
+  return close(descriptor) == 0 || errno == EINTR;
+}
+
+std::optional<struct stat> StatusOf(const std::string& path) {
+  struct stat status {};
+  if (stat(path.c_str(), &status) != 0) return std::nullopt;
+  return status;
+}
+
+bool IsSameState(const struct stat& a, const struct stat& b) {
+  return a.st_dev == b.st_dev && a.st_ino == b.st_ino && a.st_size == b.st_size &&
+         a.st_mtim.tv_sec == b.st_mtim.tv_sec && a.st_mtim.tv_nsec == b.st_mtim.tv_nsec;
+}
+
+std::optional<std::size_t> ReadSome(int descriptor, char* buffer, std::size_t size) {
+  ssize_t count = 0;
+  do {
+    count = read(descriptor, buffer, size);
+  } while (count < 0 && errno == EINTR);
+  if (count < 0) return std::nullopt;
+  return static_cast<std::size_t>(count);
+}
+
+bool WriteAll(int descriptor, std::string_view bytes) {
+  while (!bytes.empty()) {
+    const ssize_t count = write(descriptor, bytes.data(), bytes.size());
+    if (count >= 0) {
+      bytes.remove_prefix(static_cast<std::size_t>(count));
+    } else if (errno == EAGAIN) {
+      WaitUntilWritable(descriptor);
+    } else if (errno != EINTR) {
+      return false;
+    }
+  }
+  return true;
+}
+
+std::optional<std::string> ReadPlainFile(const std::string& path, std::size_t limit) {
+  const OpenFile file(path, O_RDONLY | O_NONBLOCK | O_NOCTTY);
+  struct stat status {};
+  if (!file.IsOpen() || fstat(file.Descriptor(), &status) != 0 || !S_ISREG(status.st_mode) ||
+      static_cast<std::size_t>(status.st_size) > limit) {
+    return std::nullopt;
+  }
+  // Room for one byte more than the file had when it was opened: a read that leaves it empty has
+  // come to the end, so most files take a single one. The kernel's own files tell no size.
+  const auto size = static_cast<std::size_t>(status.st_size);
+  std::string content(size + 1, '\0');
+  std::size_t length = 0;
+  for (;;) {
+    const auto count = ReadSome(file.Descriptor(), &content[length], content.size() - length);
+    if (!count) return std::nullopt;
+    if (*count == 0) break;
+    length += *count;
+    if (length > limit) return std::nullopt;
+    if (length == size) break;
+    if (length == content.size()) content.resize(std::min(limit + 1, 2 * length + 4096));
+  }
+  content.resize(length);
+  return content;
+}
+
+bool FlushFolder(const std::string& folder) {
+  const OpenFile opened(folder, O_RDONLY | O_DIRECTORY);
+  if (!opened.IsOpen() || fsync(opened.Descriptor()) == 0) return true;
+  return errno != EIO && errno != ENOSPC && errno != EDQUOT;
+}
+
+std::string FolderOf(const std::string& path) {
+  const std::size_t slash = path.rfind('/');
+  return slash == 0 ? "/" : path.substr(0, slash);
+}
+
+std::string_view NameOf(std::string_view path) {
+  return path.substr(path.rfind('/') + 1);
+}
+
+}  // namespace panelkit

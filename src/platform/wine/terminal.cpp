@@ -1,0 +1,99 @@
+#include "platform/terminal.h"
+
+#include <langinfo.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <csignal>
+
+#include "platform/wine/iconv_handle.h"
+#include "platform/wine/native_file.h"
+#include "platform/wine/user_locale.h"
+#include "platform/wine/utf8.h"
+
+namespace panelkit::terminal {
+
+namespace {
+
+std::string TerminalEncoding() {
+  const UserLocale locale(LC_CTYPE_MASK);
+  return nl_langinfo_l(CODESET, locale.Get());
+}
+
+/// `text` in another encoding. What cannot be converted gives `substitute` and goes on one
+/// character of UTF-8, or one byte, later.
+std::string Converted(std::string_view text, const std::string& to, const std::string& from,
+                      std::string_view substitute) {
+  const IconvHandle conversion(to, from);
+  if (!conversion.IsOpen()) return std::string(text);
+  std::string source(text);
+  std::string converted;
+  char* in = source.data();
+  std::size_t in_left = source.size();
+  std::array<char, 4096> buffer{};
+  bool at_end = false;
+  while (!at_end) {
+    at_end = in_left == 0;  // One more call then, for what a shifting encoding ends with.
+    char* out = buffer.data();
+    std::size_t out_left = buffer.size();
+    const bool failed = iconv(conversion.Get(), at_end ? nullptr : &in, &in_left, &out,
+                              &out_left) == static_cast<std::size_t>(-1);
+    converted.append(buffer.data(), buffer.size() - out_left);
+    if (failed && errno != E2BIG && !at_end) {
+      converted += substitute;
+      std::size_t length = 0;
+      utf8::Next({in, in_left}, length);
+      in += length;
+      in_left -= length;
+    }
+  }
+  return converted;
+}
+
+/// Has a closed pipe be told by write(2) instead of ending the process.
+void KeepClosedPipesQuiet() {
+  static const auto previous = std::signal(SIGPIPE, SIG_IGN);
+  static_cast<void>(previous);
+}
+
+bool Write(int descriptor, std::string_view bytes) {
+  KeepClosedPipesQuiet();
+  return WriteAll(descriptor, bytes);
+}
+
+bool WriteText(int descriptor, std::string_view text) {
+  const std::string encoding = TerminalEncoding();
+  if (encoding == "UTF-8") return Write(descriptor, text);
+  return Write(descriptor, Converted(text, encoding, "UTF-8", "?"));
+}
+
+}  // namespace
+
+std::vector<std::string> Arguments(int argc, char** argv) {
+  const std::string encoding = TerminalEncoding();
+  std::vector<std::string> arguments(argv, argv + argc);
+  for (std::string& argument : arguments) {
+    // A C locale tells nothing about the bytes: they are UTF-8 then, as in most other places.
+    if (!utf8::IsValid(argument)) argument = Converted(argument, "UTF-8", encoding, "\uFFFD");
+  }
+  return arguments;
+}
+
+bool WriteOut(std::string_view text) {
+  return WriteText(STDOUT_FILENO, text);
+}
+
+bool WriteOutBytes(std::string_view bytes) {
+  return Write(STDOUT_FILENO, bytes);
+}
+
+void WriteError(std::string_view text) {
+  WriteText(STDERR_FILENO, text);
+}
+
+bool ErrorIsTerminal() {
+  return isatty(STDERR_FILENO) == 1;
+}
+
+}  // namespace panelkit::terminal

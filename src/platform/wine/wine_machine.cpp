@@ -1,0 +1,96 @@
+#include "platform/wine/wine_machine.h"
+
+#include <cctype>
+#include <filesystem>
+#include <system_error>
+#include <utility>
+
+#include "platform/wine/native_file.h"
+
+namespace panelkit {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string ExecutableFolder() {
+  std::error_code error;
+  return fs::read_symlink("/proc/self/exe", error).parent_path();
+}
+
+bool IsWindowsPath(std::string_view typed) {
+  const bool has_drive = typed.size() >= 2 && typed[1] == ':' &&
+                         std::isalpha(static_cast<unsigned char>(typed[0])) != 0;
+  return has_drive || typed.starts_with('\\');
+}
+
+}  // namespace
+
+WineMachine::WineMachine(WinePrefix prefix, std::string_view app_folder)
+    : prefix_(std::move(prefix)),
+      hive_(RegistryFileOf(prefix_.folder)),
+      text_(CodePageOf(hive_.Current().get())),
+      resolver_(prefix_.folder),
+      registry_(hive_, text_),
+      files_(resolver_, resolver_.WindowsPathOf(app_folder)),
+      cabinets_(resolver_, text_) {}
+
+Machine WineMachine::Services() {
+  return {registry_, files_, text_, cabinets_, calendar_};
+}
+
+std::string WineMachine::Origin() const {
+  const bool is_there = StatusOf(RegistryFileOf(prefix_.folder)).has_value();
+  std::string origin = is_there ? "Wine prefix " : "no Wine prefix at ";
+  origin += prefix_.folder;
+  if (!prefix_.found_by.empty()) origin += " (" + prefix_.found_by + ")";
+  return origin;
+}
+
+std::string WineMachine::WindowsPath(std::string_view typed) const {
+  if (typed.empty() || IsWindowsPath(typed)) return std::string(typed);
+  std::error_code error;
+  fs::path absolute = fs::absolute(typed, error);
+  // What ".." means behind a link only the disk knows.
+  if (typed.find("../") != std::string::npos || typed.ends_with("..")) {
+    absolute = fs::weakly_canonical(absolute, error);
+  }
+  return resolver_.WindowsPathOf(absolute.native());
+}
+
+std::string WineMachine::NativePath(std::string_view windows_path) const {
+  auto native = resolver_.Existing(windows_path);
+  if (!native) native = resolver_.ForCreation(windows_path);
+  return native ? *native : std::string(windows_path);
+}
+
+std::string WineMachine::Charset() const {
+  switch (text_.Page()) {
+    case 874:
+      return "windows-874";
+    case 932:
+      return "shift_jis";
+    case 936:
+      return "gbk";
+    case 949:
+      return "euc-kr";
+    case 950:
+      return "big5";
+    case 65001:
+      return "utf-8";
+    default:
+      return "windows-" + std::to_string(text_.Page());
+  }
+}
+
+std::unique_ptr<LocalMachine> OpenLocalMachine(const std::function<bool(const Machine&)>& wanted) {
+  const std::string app_folder = ExecutableFolder();
+  const std::vector<WinePrefix> prefixes = WinePrefixes();
+  for (const WinePrefix& prefix : prefixes) {
+    auto machine = std::make_unique<WineMachine>(prefix, app_folder);
+    if (prefixes.size() == 1 || wanted(machine->Services())) return machine;
+  }
+  return std::make_unique<WineMachine>(prefixes.front(), app_folder);
+}
+
+}  // namespace panelkit

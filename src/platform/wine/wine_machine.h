@@ -1,0 +1,42 @@
+// A Wine prefix as the machine that the program runs on.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/local_machine.h"
+#include "platform/wine/cabinet/cabinet_walk.h"
+#include "platform/wine/date_stamps.h"
+#include "platform/wine/files.h"
+#include "platform/wine/hive_file.h"
+#include "platform/wine/path_resolver.h"
+#include "platform/wine/registry.h"
+#include "platform/wine/text.h"
+#include "platform/wine/wine_prefix.h"
+
+namespace panelkit {
+
+/// One prefix. Its code page is that of the moment of opening; all else is read when asked.
+class WineMachine final : public LocalMachine {
+ public:
+  /// `app_folder` is the native folder of the program's executable.
+  WineMachine(WinePrefix prefix, std::string_view app_folder);
+
+  Machine Services() override;
+  std::string Origin() const override;
+  std::string WindowsPath(std::string_view typed) const override;
+  std::string NativePath(std::string_view windows_path) const override;
+  std::string Charset() const override;
+
+ private:
+  WinePrefix prefix_;
+  HiveFile hive_;
+  WineText text_;
+  PathResolver resolver_;
+  WineRegistry registry_;
+  WineFiles files_;
+  WineCabinetWalk cabinets_;
+  WineDateStamps calendar_;
+};
+
+}  // namespace panelkit

@@ -1,0 +1,32 @@
+#include "text/line_reader.h"
+
+#include <algorithm>
+
+namespace panelkit {
+
+std::string_view LineReader::Next() {
+  if (cr_ < position_) cr_ = Following('\r');
+  if (lf_ < position_) lf_ = Following('\n');
+  const std::size_t end = std::min(cr_, lf_);
+  const std::string_view line = text_.substr(position_, end - position_);
+  position_ = std::min(lf_ == cr_ + 1 ? lf_ + 1 : end + 1, text_.size());
+  return line;
+}
+
+std::size_t LineReader::Following(char end) const {
+  return std::min(text_.find(end, position_), text_.size());
+}
+
+bool ContainsIgnoringCase(std::string_view line, std::string_view words) {
+  const auto same = [](char word, char in_line) {
+    return (in_line >= 'A' && in_line <= 'Z' ? in_line - 'A' + 'a' : in_line) == word;
+  };
+  // Most words asked for begin with a bracket, and most lines have none.
+  if (words.front() < 'a') line.remove_prefix(std::min(line.find(words.front()), line.size()));
+  for (; line.size() >= words.size(); line.remove_prefix(1)) {
+    if (std::equal(words.begin(), words.end(), line.begin(), same)) return true;
+  }
+  return false;
+}
+
+}  // namespace panelkit

@@ -1,0 +1,123 @@
+// The finished Panelkit.exe, named by PANELKIT_EXE, as a process of its own.
+#include <windows.h>
+
+#include <commctrl.h>
+#include <doctest/doctest.h>
+
+#include <cstdlib>
+
+#include "platform/win32/windows_on_screen.h"
+#include "platform/windows/handle.h"
+#include "platform/windows/wide.h"
+#include "support/simulator.h"
+
+namespace panelkit::test {
+namespace {
+
+/// A simulator registered with this Windows for the length of a test.
+class RegisteredSimulator : public Simulator {
+ public:
+  RegisteredSimulator() {
+    const std::string path = Services().text.ToAnsi(FSPath());
+    RegCreateKeyExA(HKEY_LOCAL_MACHINE, kKey, 0, nullptr, 0, KEY_ALL_ACCESS | KEY_WOW64_32KEY,
+                    nullptr, &key_, nullptr);
+    RegSetValueExA(key_, "Path", 0, REG_SZ, reinterpret_cast<const BYTE*>(path.c_str()),
+                   static_cast<DWORD>(path.size() + 1));
+  }
+  ~RegisteredSimulator() {
+    RegDeleteValueA(key_, "Path");
+    RegCloseKey(key_);
+  }
+
+ private:
+  static constexpr const char* kKey =
+      "Software\\Microsoft\\DirectPlay\\Applications\\Microsoft Flight Simulator 2002";
+  HKEY key_ = nullptr;
+};
+
+/// Panelkit.exe, copied to the simulator's program folder and started there.
+class RunningProgram {
+ public:
+  explicit RunningProgram(const Simulator& simulator) {
+    const char* program = std::getenv("PANELKIT_EXE");
+    REQUIRE_MESSAGE(program != nullptr, "PANELKIT_EXE names no program");
+    const std::filesystem::path copy = simulator.App() / "Panelkit.exe";
+    std::filesystem::copy_file(program, copy);
+    STARTUPINFOW startup{};
+    startup.cb = sizeof startup;
+    REQUIRE(CreateProcessW(copy.c_str(), nullptr, nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+                           &startup, &process_));
+    REQUIRE(WaitFor([] { return IsWindowVisible(TopWindow(kMainTitle)) != 0; }));
+    window_ = TopWindow(kMainTitle);
+  }
+  ~RunningProgram() {
+    TerminateProcess(process_.hProcess, 1);
+    WaitForSingleObject(process_.hProcess, INFINITE);
+    CloseHandle(process_.hThread);
+    CloseHandle(process_.hProcess);
+  }
+
+  HWND Window() const { return window_; }
+
+  /// Picks the menu item at `index` among those that carry a command, in the order of the menu.
+  void Pick(unsigned index) const { PostMessageW(window_, WM_COMMAND, 100 + index, 0); }
+
+  /// The exit status, once the program has ended; nothing while it runs on.
+  std::optional<DWORD> Status() const {
+    DWORD status = 0;
+    const bool ended = WaitFor([this] { return WaitForSingleObject(process_.hProcess, 0) == 0; });
+    if (!ended || !GetExitCodeProcess(process_.hProcess, &status)) return std::nullopt;
+    return status;
+  }
+
+ private:
+  PROCESS_INFORMATION process_{};
+  HWND window_ = nullptr;
+};
+
+constexpr unsigned kExit = 0;
+constexpr unsigned kProbe = 2;
+
+/// Aircraft that take a scan some seconds.
+void AddFleet(Simulator& simulator) {
+  std::string panel = "[Window Titles]\nWindow00=Main\n[Window00]\n";
+  for (int i = 0; i < 20'000; ++i) panel += "gauge" + std::to_string(i) + "=absent!dial,1,2\n";
+  for (int i = 0; i < 50; ++i) simulator.AddAircraft("Aircraft " + std::to_string(i), panel);
+}
+
+}  // namespace
+
+TEST_CASE("Panelkit.exe finds the simulator in the registry and probes it") {
+  RegisteredSimulator simulator;
+  simulator.AddAircraft("Alpha",
+                        "[Window Titles]\nWindow00=Main\n\n[Window00]\ngauge00=horn,1,2\n");
+  const RunningProgram program(simulator);
+  program.Pick(kProbe);
+  CHECK(WaitFor([&] { return LabelsOf(program.Window())[1] == "Done"; }));
+  CHECK(LabelsOf(program.Window())[0] == "Flight Simulator: " + simulator.FSPath());
+  const HWND bar = FindWindowExW(program.Window(), nullptr, PROGRESS_CLASSW, nullptr);
+  CHECK(SendMessageW(bar, PBM_GETPOS, 0, 0) == 3);
+  CHECK(Get(simulator.App() / "GAUGES.HTM").find("horn") != std::string::npos);
+  program.Pick(kExit);
+  CHECK(program.Status() == 0);
+}
+
+TEST_CASE("Exit Program, or a close of the window, ends a scan at once") {
+  RegisteredSimulator simulator;
+  AddFleet(simulator);
+  for (const bool by_menu : {true, false}) {
+    const RunningProgram program(simulator);
+    program.Pick(kProbe);
+    REQUIRE(WaitFor([&] { return LabelsOf(program.Window())[1].starts_with("Scanning "); }));
+    if (by_menu) {
+      program.Pick(kExit);
+    } else {
+      PostMessageW(program.Window(), WM_CLOSE, 0, 0);
+    }
+    CHECK(program.Status() == 0);
+    CHECK(Get(simulator.App() / "GAUGES.HTM").find("I'm Working On It") != std::string::npos);
+    std::filesystem::remove(simulator.App() / "Panelkit.exe");
+  }
+}
+
+}  // namespace panelkit::test

@@ -1,0 +1,215 @@
+// The program in its window on this system's screen, driven as a user drives it.
+#include <windows.h>
+
+#include <commctrl.h>
+#include <doctest/doctest.h>
+#include <exdisp.h>
+#include <wrl/client.h>
+
+#include "platform/win32/browser_events.h"
+#include "platform/win32/win32_toolkit.h"
+#include "platform/win32/windows_on_screen.h"
+#include "platform/windows/system_library.h"
+#include "platform/windows/wide.h"
+#include "support/simulator.h"
+
+namespace panelkit::test {
+namespace {
+
+/// The program with its window. The test is its interface thread and gives the loop its turns.
+struct Screen {
+  Simulator simulator;
+  windows::Win32Toolkit toolkit;
+  std::optional<frmGauges> program;
+  HWND window = nullptr;
+
+  void Start() {
+    program.emplace(toolkit, simulator.Services());
+    program->Show();
+    window = TopWindow(kMainTitle);
+    REQUIRE(IsWindowVisible(window));
+  }
+
+  bool Until(const std::function<bool()>& condition) {
+    return WaitFor([&] {
+      toolkit.Loop().ProcessPending();
+      return condition();
+    });
+  }
+
+  /// Picks an entry of a menu on the bar as a mouse click would.
+  void Pick(int menu, int entry) const {
+    PostMessageW(window, WM_COMMAND, GetMenuItemID(GetSubMenu(GetMenu(window), menu), entry), 0);
+  }
+
+  /// The bar's captions, greyed ones in brackets.
+  std::string Bar() const {
+    std::string bar;
+    const HMENU menu = GetMenu(window);
+    for (int i = 0; i < GetMenuItemCount(menu); ++i) {
+      wchar_t caption[100] = {};
+      GetMenuStringW(menu, i, caption, 100, MF_BYPOSITION);
+      const bool greyed = (GetMenuState(menu, i, MF_BYPOSITION) & MF_GRAYED) != 0;
+      bar += (greyed ? "[" : "") + windows::Utf8(caption) + (greyed ? "] " : " ");
+    }
+    return bar;
+  }
+};
+
+/// Called just before a window of the test's thread is given a text.
+std::function<void(std::wstring_view)> before_text;
+LRESULT CALLBACK BeforeMessage(int code, WPARAM of_thread, LPARAM param) {
+  const auto& sent = *reinterpret_cast<const CWPSTRUCT*>(param);
+  if (code == HC_ACTION && sent.message == WM_SETTEXT && before_text) {
+    before_text(reinterpret_cast<const wchar_t*>(sent.lParam));
+  }
+  return CallNextHookEx(nullptr, code, of_thread, param);
+}
+
+RECT Outer(HWND window) {
+  RECT outer{};
+  GetWindowRect(window, &outer);
+  return outer;
+}
+
+bool IsCentred(HWND window) {
+  const RECT outer = Outer(window);
+  return std::abs(outer.left + outer.right - GetSystemMetrics(SM_CXSCREEN)) <= 3 &&
+         std::abs(outer.top + outer.bottom - GetSystemMetrics(SM_CYSCREEN)) <= 3;
+}
+
+/// The browser control inside a form's pane.
+Microsoft::WRL::ComPtr<IWebBrowser2> ControlIn(HWND form) {
+  const auto ask =
+      windows::SystemCall<HRESULT WINAPI(HWND, IUnknown**)>(L"atl.dll", "AtlAxGetControl");
+  Microsoft::WRL::ComPtr<IUnknown> object;
+  Microsoft::WRL::ComPtr<IWebBrowser2> control;
+  REQUIRE(SUCCEEDED(ask(FindWindowExW(form, nullptr, L"AtlAxWin", nullptr), &object)));
+  REQUIRE(SUCCEEDED(object.As(&control)));
+  return control;
+}
+
+std::string Location(IWebBrowser2& control) {
+  BSTR url = nullptr;
+  control.get_LocationURL(&url);
+  std::string text = windows::Utf8({url, SysStringLen(url)});
+  SysFreeString(url);
+  return text;
+}
+
+/// Goes where a link in the page would go.
+void Follow(IWebBrowser2& control, const wchar_t* address) {
+  BSTR text = SysAllocString(address);
+  VARIANT none;
+  VariantInit(&none);
+  control.Navigate(text, &none, &none, &none, &none);
+  SysFreeString(text);
+}
+
+}  // namespace
+
+TEST_CASE_FIXTURE(Screen,
+                  "A pick on the bar probes at once, greys the commands, and fills the bar") {
+  const std::string panel = "[Window Titles]\nWindow00=Main\n\n[Window00]\ngauge00=absent!dial,1\n";
+  for (const char* aircraft : {"Alpha", "Beta"}) simulator.AddAircraft(aircraft, panel);
+  Start();
+  const std::string ready =
+      "&File &Main Page &Probe For Missing Gauges &Show All Gauges &Clean Gauges "
+      "&Other Cool Stuff &Help ";
+  CHECK(Bar() == ready);
+  CHECK(LabelsOf(window)[0].starts_with("Panelkit - Version 1.10  Dec 15, 2002     "));
+
+  std::string bar_at_work;
+  before_text = [this, &bar_at_work](std::wstring_view text) {
+    if (text.starts_with(L"Scanning Beta")) bar_at_work = Bar();
+  };
+  const HHOOK hook =
+      SetWindowsHookExW(WH_CALLWNDPROC, &BeforeMessage, nullptr, GetCurrentThreadId());
+  PostMessageW(window, WM_SYSCOMMAND, SC_KEYMENU, 'p');
+  CHECK(Until([this] { return LabelsOf(window)[1] == "Done"; }));
+  UnhookWindowsHookEx(hook);
+
+  CHECK(bar_at_work ==
+        "&File [&Main Page] [&Probe For Missing Gauges] [&Show All Gauges] [&Clean Gauges] "
+        "[&Other Cool Stuff] [&Help] ");
+  CHECK(Bar() == ready);
+  CHECK(LabelsOf(window)[0] == "Flight Simulator: " + simulator.FSPath());
+  const HWND bar = FindWindowExW(window, nullptr, PROGRESS_CLASSW, nullptr);
+  CHECK(SendMessageW(bar, PBM_GETPOS, 0, 0) == 4);
+  CHECK(SendMessageW(bar, PBM_GETRANGE, FALSE, 0) == 4);
+  CHECK(Get(simulator.App() / "GAUGES.HTM").find("BETA") != std::string::npos);
+}
+
+TEST_CASE_FIXTURE(Screen, "Without a simulator the commands are greyed in the real menu") {
+  simulator.registry.applications.clear();
+  Start();
+  CHECK(Bar() ==
+        "&File &Main Page [&Probe For Missing Gauges] [&Show All Gauges] [&Clean Gauges] "
+        "[&Other Cool Stuff] &Help ");
+}
+
+TEST_CASE_FIXTURE(Screen, "The window has its size, its frame, no task-bar entry, and a pane") {
+  Start();
+  RECT client{};
+  GetClientRect(window, &client);
+  const int dpi = windows::ScreenScale::OfScreen().dpi_x;
+  CHECK(client.right == MulDiv(10440, dpi, 1440));
+  CHECK(client.bottom == MulDiv(7110, dpi, 1440));
+  const LONG style = GetWindowLongW(window, GWL_STYLE);
+  CHECK((style & (WS_THICKFRAME | WS_MINIMIZEBOX | WS_MAXIMIZEBOX)) == 0);
+  CHECK((style & WS_SYSMENU) != 0);
+  CHECK_FALSE(IsWindowVisible(GetWindow(window, GW_OWNER)));
+  const HWND pane = FindWindowExW(window, nullptr, L"AtlAxWin", nullptr);
+  REQUIRE(pane != nullptr);
+  CHECK(WindowText(pane) == "Report");
+  CHECK(GetWindow(pane, GW_CHILD) != nullptr);  // the browser control itself
+}
+
+TEST_CASE_FIXTURE(Screen, "The pane shows the page, and follows no link to a file of the user's") {
+  Start();
+  const auto control = ControlIn(window);
+  CHECK(Until([&] { return Location(*control.Get()).ends_with("GAUGES.HTM"); }));
+  static std::wstring asked;  // The control may outlive this test by a turn.
+  asked.clear();
+  const Microsoft::WRL::ComPtr<windows::BrowserEvents> witness(
+      new windows::BrowserEvents({[](const std::wstring& address) {
+                                    asked = address;
+                                    return true;
+                                  },
+                                  [](const std::wstring&) {}}));
+  witness->ListenTo(*control.Get());
+  Follow(*control.Get(), L"C:\\windows\\win.ini");
+  CHECK(Until([] { return asked.ends_with(L"win.ini"); }));
+  Follow(*control.Get(), L"about:blank");
+  std::string last;
+  CHECK(Until([&] {
+    if (Location(*control.Get()) != "about:blank") last = Location(*control.Get());
+    return last != Location(*control.Get());
+  }));
+  CHECK(last.ends_with("GAUGES.HTM"));
+}
+
+TEST_CASE_FIXTURE(Screen, "About comes back where it stood after OK, and centred after a close") {
+  Start();
+  Pick(6, 1);
+  REQUIRE(Until([] { return IsWindowVisible(TopWindow(kAboutTitle)) != 0; }));
+  HWND about = TopWindow(kAboutTitle);
+  CHECK(IsCentred(about));
+  CHECK((GetWindowLongW(about, GWL_EXSTYLE) & WS_EX_TOOLWINDOW) != 0);
+  CHECK(LabelsOf(about)[0] == "Panelkit");
+
+  SetWindowPos(about, nullptr, 7, 9, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+  PostMessageW(FindWindowExW(about, nullptr, L"BUTTON", L"OK"), WM_KEYDOWN, VK_RETURN, 0);
+  CHECK(Until([about] { return !IsWindowVisible(about); }));
+  Pick(6, 1);
+  CHECK(Until([about] { return IsWindowVisible(about) != 0; }));
+  CHECK(Outer(about).left == 7);
+
+  PostMessageW(about, WM_CLOSE, 0, 0);
+  CHECK(Until([] { return TopWindow(kAboutTitle) == nullptr; }));
+  Pick(6, 1);
+  REQUIRE(Until([] { return IsWindowVisible(TopWindow(kAboutTitle)) != 0; }));
+  CHECK(IsCentred(TopWindow(kAboutTitle)));
+}
+
+}  // namespace panelkit::test

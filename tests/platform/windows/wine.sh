@@ -1,0 +1,62 @@
+# What run and run-32bit share; sourced. They set:
+#   place  the command that precedes every program of the system that Wine runs on (none, or a chroot)
+#   wine   Wine's loader, as that system names it
+
+here=$PWD/tests/platform/windows
+work=$(mktemp -d)
+export WINEPREFIX=$work/prefix WINEDEBUG=-all LC_ALL=C.UTF-8
+# No .NET and no HTML engine: Wine would ask to download them. The pane stays white.
+export WINEDLLOVERRIDES='mscoree=;mshtml=;winemenubuilder.exe='
+
+in_wine() { "${place[@]}" "$wine" "$@"; }
+end_session() { "${place[@]}" wineserver -k && "${place[@]}" wineserver -w; }
+
+clean_up() {
+  end_session || true
+  [ -z "${screen-}" ] || kill "$screen"
+  rm -rf "$work"
+}
+
+# A screen of its own, whose number the server chooses, and a fresh prefix with the simulator's entry.
+start_wine() {
+  exec 3<>"$work/display"
+  "${place[@]}" Xvfb -displayfd 3 -screen 0 1024x768x24 >/dev/null 2>&1 &
+  screen=$!
+  until [ -s "$work/display" ]; do
+    kill -0 $screen
+    sleep 0.05
+  done
+  export DISPLAY=:$(head -n 1 "$work/display")
+  in_wine wineboot -i >/dev/null 2>&1
+  in_wine reg add 'HKLM\Software\Microsoft\DirectPlay\Applications\Microsoft Flight Simulator 2002' \
+    /v Path /d 'C:\Program Files\Microsoft Games\FS2002' /reg:32 >/dev/null
+  # In the session that makes a prefix, later programs wait in vain for a service.
+  end_session
+}
+
+# unit_tests BUILD PANELKIT_EXE: runs every test program of a build.
+unit_tests() {
+  local program count=0
+  while IFS= read -r program; do
+    say "$(basename "$program")"
+    # Wine's cabinet service, unlike Windows', tells nothing of a cabinet that is damaged.
+    PANELKIT_EXE="Z:$2" in_wine "$program" \
+      --test-case-exclude='a damaged cabinet gives the rows before the damage'
+    count=$((count + 1))
+  done < <(find "$1/tests" -name 'test_*.exe' | sort)
+  [ $count -gt 0 ] || stop 'There are no unit tests for Windows'
+}
+
+# compare_consoles LINUX WINDOWS: all commands of the two companions over the same files.
+compare_consoles() {
+  end_session # Wine writes the registry to disk, where the Linux companion reads it.
+  mkdir "$work/app"
+  cp "$1" "$2" "$work/app"
+  "$here/console_round" "$work/linux" "$work/app" "$WINEPREFIX/drive_c" UTF-8 \
+    "$work/app/panelkit-console"
+  "$here/console_round" "$work/windows" "$work/app" "$WINEPREFIX/drive_c" CP1252 \
+    "${place[@]}" "$wine" "$work/app/panelkit-console.exe"
+  diff -ra "$work/linux" "$work/windows" || stop 'The two companions differ'
+  [ "$(grep -rl 'status 0' "$work/windows" | wc -l)" -gt 10 ] || stop 'Too few commands succeeded'
+  say "$(ls "$work/windows" | wc -l) commands: same output, pages, folders and exit statuses"
+}
