@@ -25,7 +25,7 @@ void frmGauges::SetupBrakes() {
   }
   const std::string FsConfigFile = FsConfigFileIn(FSPath);
   const LineTurn turn = [this] { loop_.ProcessPending(); };
-  const auto config = machine_.files.Read(FsConfigFile);
+  const auto config = machine_.files.Read(FsConfigFile).bytes;
   const auto shown = config ? BrakeMessagesShown(*config, turn) : true;
   SetBrakeCaption(shown.value_or(true));
   if (shown) return;
@@ -43,7 +43,7 @@ void frmGauges::BackUp(const std::string& config) {
 
 void frmGauges::SetBrakes(int b) {
   const std::string FsConfigFile = FsConfigFileIn(GetFSPath());
-  const auto config = machine_.files.Read(FsConfigFile);
+  const auto config = machine_.files.Read(FsConfigFile).bytes;
   if (!config) return;
   const LineTurn turn = [this] { loop_.ProcessPending(); };
   machine_.files.Replace(FsConfigFile, WithSettingSet(*config, b, turn), Durability::Flushed);

@@ -24,7 +24,7 @@ bool frmGauges::LoadWorking() {
 
 bool frmGauges::ShowPage(const std::string& PagePath) {
   const std::string bytes = machine_.text.ToAnsi(ReportHtml) + "\r\n";
-  if (!machine_.files.Replace(PagePath, bytes, Durability::Buffered)) {
+  if (machine_.files.Replace(PagePath, bytes, Durability::Buffered) != FileFault::None) {
     Complain(PagePath.substr(PagePath.rfind('\\') + 1) +
              " could not be written in the program's folder.");
     return false;

@@ -17,7 +17,7 @@ int BrakeCommand(LocalMachine& machine, const CommandLine& line) {
   }
   const Machine services = machine.Services();
   const std::string config = simulator + "\\fs2002.cfg";
-  if (!services.files.Read(config)) return Complain(config + " is not there or cannot be read.");
+  if (!services.files.Read(config).bytes) return Complain(config + " is not there or cannot be read.");
 
   QuietLoop loop;
   HeadlessToolkit toolkit(loop);
@@ -28,7 +28,7 @@ int BrakeCommand(LocalMachine& machine, const CommandLine& line) {
     toolkit.FormTitled(kGaugesWindow.title)->Click("menBrake");
   }
   if (!line.brake.empty()) {
-    const auto bytes = services.files.Read(config);
+    const auto bytes = services.files.Read(config).bytes;
     const auto shown = bytes ? BrakeMessagesShown(*bytes, [] {}) : std::nullopt;
     if (shown != wanted) {
       return Complain(config + " does not hold the setting: it cannot be written, or has no " +

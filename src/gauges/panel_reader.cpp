@@ -55,7 +55,7 @@ void PanelReader::Read(const std::string& FSPath, const std::string& aircraft, P
 // Gives the folder, relative to Aircraft, that an alias line leads to.
 std::optional<std::string> PanelReader::ReadFile(const std::string& path, PanelSink& sink) {
   TitleCount = 0;
-  const std::optional<std::string> bytes = files_.Read(path);
+  const std::optional<std::string> bytes = files_.Read(path).bytes;
   if (!bytes) return std::nullopt;
   sink.OnFile();
   const std::string content = text_.FromAnsi(*bytes);

@@ -17,6 +17,25 @@ enum class ListedEntries {
 /// Whether a written file must have reached the disk before the call returns.
 enum class Durability { Buffered, Flushed };
 
+/// Why a file could not be read or written, as far as it makes a difference to the user.
+enum class FileFault {
+  None,
+  Absent,    ///< There is no file of that name, or no folder to put it in.
+  NotAFile,  ///< A folder, a pipe or a device.
+  ReadOnly,  ///< The file is marked read-only, or its disk is write-protected.
+  NoAccess,  ///< Closed to this user.
+  InUse,     ///< Another program holds it.
+  NoRoom,    ///< The disk, or the user's share of it, is full.
+  TooLarge,  ///< Above kLargestFile.
+  Other,
+};
+
+/// What Read gives: the bytes, or why there are none.
+struct FileContent {
+  std::optional<std::string> bytes;
+  FileFault fault = FileFault::None;
+};
+
 /// Outcome numbers of MakeFolder that the program tells apart; any other number is another failure.
 inline constexpr int kFolderCreated = 0;
 inline constexpr int kFolderExistsOrNoAccess = 75;
@@ -29,8 +48,14 @@ class Files {
  public:
   virtual ~Files() = default;
 
-  /// The folder of the program's own executable, without a closing backslash.
+  /// The folder that the program keeps its own files in, without a closing backslash; chosen when
+  /// the machine is opened. The executable's folder or, where the user may not write there,
+  /// UserFolder.
   virtual std::string AppFolder() const = 0;
+
+  /// A folder of the user's own for what AppFolder does not take, without a closing backslash. Made
+  /// by this call if it is missing; empty where it cannot be made.
+  virtual std::string UserFolder() const = 0;
 
   /// Names in one folder that match the pattern behind the last backslash ("*.gau", "*.*"), matched
   /// on the long name with case ignored, without hidden and system entries, ordered by upper-cased
@@ -53,15 +78,15 @@ class Files {
   /// True if the path's last part is a link to elsewhere (a symbolic link, a junction).
   virtual bool IsLink(std::string_view path) const = 0;
 
-  /// The whole content of a plain file; nothing where it is absent, no plain file (a folder, a pipe
-  /// or a device), closed to us, or larger than kLargestFile.
-  virtual std::optional<std::string> Read(std::string_view path) const = 0;
+  /// The whole content of a plain file of at most kLargestFile bytes.
+  virtual FileContent Read(std::string_view path) const = 0;
 
   /// Gives a file new content in one step: a reader, or a kill at any moment, finds the old bytes
   /// or the new ones, whole. Creates the file if absent; keeps an existing one's owner, permissions
-  /// and attributes and follows links. False, with the old file as it was, where the file is
-  /// read-only (for the administrator too), the folder is closed to us, or the disk is full.
-  virtual bool Replace(std::string_view path, std::string_view bytes, Durability durability) = 0;
+  /// and attributes and follows links. On any fault the old file stays as it was; a read-only file
+  /// stays so for the administrator too.
+  virtual FileFault Replace(std::string_view path, std::string_view bytes,
+                            Durability durability) = 0;
 
   /// Creates one folder. Gives kFolderCreated, kFolderExistsOrNoAccess, kFolderParentMissing, or
   /// another number.

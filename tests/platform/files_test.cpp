@@ -34,7 +34,7 @@ TEST_CASE_FIXTURE(Disk, "The kinds of files are told apart") {
     return std::string(files.Exists(path) ? "there" : "absent") +
            (files.IsFolder(path) ? ", folder" : "") + (files.IsPlainFile(path) ? ", plain" : "") +
            (files.IsSame(path, At("sub\\readme.txt")) ? ", same" : "") + ": " +
-           files.Read(path).value_or("unread");
+           files.Read(path).bytes.value_or("unread");
   };
   CHECK(told(At("SUB//.\\x\\..\\readme.TXT")) == "there, plain, same: text");
   CHECK(told(At("hidden")) == "there: x");
@@ -61,13 +61,13 @@ TEST_CASE_FIXTURE(Disk, "A rewrite keeps the attributes, and leaves nothing besi
   Hide(folder / "FS2002.cfg");
   const std::string content(3'000'000, 'x');
   for (const Durability durability : {Durability::Flushed, Durability::Buffered}) {
-    CHECK(files.Replace(At("fs2002.cfg"), "new", durability));
-    CHECK(files.Replace(At("GAUGES.HTM"), content, durability));
+    CHECK(files.Replace(At("fs2002.cfg"), "new", durability) == FileFault::None);
+    CHECK(files.Replace(At("GAUGES.HTM"), content, durability) == FileFault::None);
   }
   CHECK(Get(folder / "FS2002.cfg") == "new");
   CHECK_FALSE(files.IsPlainFile(At("FS2002.cfg")));
   CHECK(Get(folder / "GAUGES.HTM") == content);
-  CHECK_FALSE(files.Replace(At("absent\\x"), "", Durability::Flushed));
+  CHECK(files.Replace(At("absent\\x"), "", Durability::Flushed) == FileFault::Absent);
   CHECK(Tree(folder.Path()) == "FS2002.cfg\nGAUGES.HTM\n");
 }
 

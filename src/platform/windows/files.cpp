@@ -88,12 +88,19 @@ bool WindowsFiles::IsLink(std::string_view path) const {
   return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
 }
 
-std::optional<std::string> WindowsFiles::Read(std::string_view path) const {
-  return ReadContent(FilePath(path));
+std::string WindowsFiles::UserFolder() const {
+  return {};
 }
 
-bool WindowsFiles::Replace(std::string_view path, std::string_view bytes, Durability durability) {
-  return ReplaceContent(FilePath(path), bytes, durability);
+FileContent WindowsFiles::Read(std::string_view path) const {
+  auto bytes = ReadContent(FilePath(path));
+  const FileFault fault = bytes ? FileFault::None : FileFault::Other;
+  return {std::move(bytes), fault};
+}
+
+FileFault WindowsFiles::Replace(std::string_view path, std::string_view bytes,
+                                Durability durability) {
+  return ReplaceContent(FilePath(path), bytes, durability) ? FileFault::None : FileFault::Other;
 }
 
 int WindowsFiles::MakeFolder(std::string_view path) {

@@ -14,6 +14,7 @@ class WindowsFiles : public Files {
       : app_folder_(std::move(app_folder)), text_(text) {}
 
   std::string AppFolder() const override { return app_folder_; }
+  std::string UserFolder() const override;
   std::optional<std::vector<std::string>> List(std::string_view pattern,
                                                ListedEntries entries) const override;
   bool IsFolder(std::string_view path) const override;
@@ -21,8 +22,8 @@ class WindowsFiles : public Files {
   bool Exists(std::string_view path) const override;
   bool IsSame(std::string_view path, std::string_view other) const override;
   bool IsLink(std::string_view path) const override;
-  std::optional<std::string> Read(std::string_view path) const override;
-  bool Replace(std::string_view path, std::string_view bytes, Durability durability) override;
+  FileContent Read(std::string_view path) const override;
+  FileFault Replace(std::string_view path, std::string_view bytes, Durability durability) override;
   int MakeFolder(std::string_view path) override;
 
   /// As promised, but that the copy's access rights are those that its folder hands down.

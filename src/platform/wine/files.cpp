@@ -135,18 +135,26 @@ bool WineFiles::IsLink(std::string_view path) const {
   return native && lstat(native->c_str(), &status) == 0 && S_ISLNK(status.st_mode);
 }
 
-std::optional<std::string> WineFiles::Read(std::string_view path) const {
-  const auto spelt = resolver_.AsSpelt(path);
-  auto content = spelt ? ReadPlainFile(*spelt, kLargestFile) : std::nullopt;
-  if (content) return content;
-  const auto native = resolver_.Existing(path);
-  return native ? ReadPlainFile(*native, kLargestFile) : std::nullopt;
+std::string WineFiles::UserFolder() const {
+  return {};
 }
 
-bool WineFiles::Replace(std::string_view path, std::string_view bytes, Durability durability) {
+FileContent WineFiles::Read(std::string_view path) const {
+  const auto spelt = resolver_.AsSpelt(path);
+  auto content = spelt ? ReadPlainFile(*spelt, kLargestFile) : std::nullopt;
+  if (content) return {std::move(content)};
+  const auto native = resolver_.Existing(path);
+  if (!native) return {std::nullopt, FileFault::Absent};
+  content = ReadPlainFile(*native, kLargestFile);
+  const FileFault fault = content ? FileFault::None : FileFault::NoAccess;
+  return {std::move(content), fault};
+}
+
+FileFault WineFiles::Replace(std::string_view path, std::string_view bytes, Durability durability) {
   auto target = resolver_.Existing(path);
   if (!target) target = resolver_.ForCreation(path);
-  return target && ReplaceFile(*target, bytes, durability);
+  if (!target) return FileFault::Absent;
+  return ReplaceFile(*target, bytes, durability) ? FileFault::None : FileFault::Other;
 }
 
 int WineFiles::MakeFolder(std::string_view path) {

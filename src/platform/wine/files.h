@@ -18,6 +18,7 @@ class WineFiles final : public Files {
       : resolver_(resolver), app_folder_(std::move(app_folder)) {}
 
   std::string AppFolder() const override { return app_folder_; }
+  std::string UserFolder() const override;
   std::optional<std::vector<std::string>> List(std::string_view pattern,
                                                ListedEntries entries) const override;
   bool IsFolder(std::string_view path) const override;
@@ -25,8 +26,8 @@ class WineFiles final : public Files {
   bool Exists(std::string_view path) const override;
   bool IsSame(std::string_view path, std::string_view other) const override;
   bool IsLink(std::string_view path) const override;
-  std::optional<std::string> Read(std::string_view path) const override;
-  bool Replace(std::string_view path, std::string_view bytes, Durability durability) override;
+  FileContent Read(std::string_view path) const override;
+  FileFault Replace(std::string_view path, std::string_view bytes, Durability durability) override;
   int MakeFolder(std::string_view path) override;
   bool Copy(std::string_view source, std::string_view target) override;
   bool Rename(std::string_view from, std::string_view to) override;

@@ -13,10 +13,10 @@ TEST_CASE_FIXTURE(Disk, "Paths beyond 260 characters are paths like others") {
     REQUIRE(files.MakeFolder(path) == kFolderCreated);
   }
   for (const char* bytes : {"1", "2"}) {
-    CHECK(files.Replace(path + "\\a.gau", bytes, Durability::Flushed));
+    CHECK(files.Replace(path + "\\a.gau", bytes, Durability::Flushed) == FileFault::None);
   }
   CHECK(files.Copy(path + "\\a.gau", path + "\\b.gau"));
-  CHECK(files.Read(path + "\\b.gau") == "2");
+  CHECK(files.Read(path + "\\b.gau").bytes == "2");
   CHECK(files.List(path + "\\*.gau", ListedEntries::PlainFiles)->size() == 2);
   for (const char* file : {"\\a.gau", "\\b.gau"}) CHECK(files.Delete(path + file));
 }

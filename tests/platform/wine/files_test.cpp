@@ -50,7 +50,7 @@ TEST_CASE_FIXTURE(Disk, "A rewrite follows links and keeps the owner and the per
   fs::permissions(file, fs::perms(0640));
   const bool is_root = getuid() == 0;
   if (is_root) REQUIRE(chown(file.c_str(), 65534, 65534) == 0);
-  CHECK(files.Replace(At("FS2002.CFG"), "new", Durability::Flushed));
+  CHECK(files.Replace(At("FS2002.CFG"), "new", Durability::Flushed) == FileFault::None);
   CHECK(Get(file) == "new");
   struct stat status {};
   REQUIRE(stat(file.c_str(), &status) == 0);
