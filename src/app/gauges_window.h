@@ -41,7 +41,12 @@ inline constexpr std::array kGaugesMenu{
     MenuDescription{"menAboutFS", "&About Panelkit", "menHelp"},
 };
 
-inline constexpr FormDescription kGaugesWindow{
-    " Panelkit for FS2002 ONLY", 10440, 7110, Border::FixedDialog, kGaugesControls, kGaugesMenu};
+inline constexpr FormDescription kGaugesWindow{" Panelkit for FS2002 ONLY",
+                                               10440,
+                                               7110,
+                                               Border::FixedDialog,
+                                               kGaugesControls,
+                                               kGaugesMenu,
+                                               "menHelp"};
 
 }  // namespace panelkit

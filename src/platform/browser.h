@@ -1,9 +1,17 @@
 // Seam 1, browser pane.
 #pragma once
 
+#include <array>
 #include <string>
+#include <string_view>
 
 namespace panelkit {
+
+/// The pictures that page files show. Each lies beside the page file or, where that is not the
+/// program's own folder, with the program. A page file loads nothing else, neither from the net nor
+/// from the disk.
+inline constexpr std::array<std::string_view, 3> kPagePictures{"confused.gif", "madhack.gif",
+                                                               "easy.gif"};
 
 /// The pane that shows pages.
 class WebBrowser {
@@ -14,6 +22,10 @@ class WebBrowser {
   /// returns at once. Scripts are off for files and on for web addresses. What cannot be loaded is
   /// the pane's own affair.
   virtual void Navigate(const std::string& address) = 0;
+
+  /// Shows a page that could not be written to its file: `page` is what the file would hold, and is
+  /// shown as that file would be. A pane that only shows files stays as it is.
+  virtual void ShowFromMemory(const std::string& /*page*/) {}
 };
 
 }  // namespace panelkit

@@ -19,7 +19,7 @@ inline constexpr double kFormFontPoints = 8.25;
 
 enum class Border {
   FixedDialog,      ///< Not resizable, only a close button, no task-bar entry.
-  FixedToolWindow,  ///< The same with a small title bar.
+  FixedToolWindow,  ///< The same with a small title bar. Escape closes it as its close button does.
 };
 
 enum class ControlKind { WebBrowser, Label, ProgressBar, PictureBox, CommandButton };
@@ -54,6 +54,7 @@ struct FormDescription {
   Border border;
   std::span<const ControlDescription> controls;
   std::span<const MenuDescription> menu;
+  std::string_view help_menu = {};  ///< The item on the bar that F1 opens; empty if there is none.
 };
 
 class Label {

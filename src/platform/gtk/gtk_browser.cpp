@@ -55,9 +55,9 @@ void DecideNewWindow(WebKitNavigationPolicyDecision* decision) {
 /// Pages ask for Tahoma; where it is missing, the form's other fonts stand in for it.
 WebKitUserContentManager* PageFonts() {
   const char* const sheet =
-      "@font-toolkit { font-family: tahoma; font-weight: normal;"
+      "@font-face { font-family: tahoma; font-weight: normal;"
       "  src: local('Tahoma'), local('Liberation Sans'), local('Arial'), local('DejaVu Sans'); }"
-      "@font-toolkit { font-family: tahoma; font-weight: bold;"
+      "@font-face { font-family: tahoma; font-weight: bold;"
       "  src: local('Tahoma Bold'), local('Liberation Sans Bold'), local('Arial Bold'),"
       "       local('DejaVu Sans Bold'); }";
   const char* const pages[] = {"file:///*", nullptr};
