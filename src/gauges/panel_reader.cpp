@@ -1,5 +1,6 @@
 #include "gauges/panel_reader.h"
 
+#include <algorithm>
 #include <exception>
 #include <unordered_set>
 
@@ -16,13 +17,13 @@ bool IsGaugeLine(std::string_view line) {
   return ContainsIgnoringCase(line.substr(0, 5), "gauge");
 }
 
-// The text between the line's first "=" and its first ",". A line without a comma names a gauge
-// too, unless nothing is left of it.
+// The text between the line's first "=" and its first ","; empty if the "=" stands behind the
+// comma. A line without a comma names a gauge too, unless nothing is left of it.
 std::optional<std::string_view> EntryOf(std::string_view line) {
   const std::size_t comma = line.find(',');
+  const std::size_t equals = line.find('=');
   std::string_view entry = line.substr(0, comma);
-  const std::size_t equals = entry.find('=');
-  if (equals != std::string_view::npos) entry.remove_prefix(equals + 1);
+  if (equals != std::string_view::npos) entry.remove_prefix(std::min(equals + 1, entry.size()));
   if (comma == std::string_view::npos && entry.empty()) return std::nullopt;
   return entry;
 }
@@ -37,28 +38,36 @@ std::string_view AliasValue(std::string_view line) {
 
 }  // namespace
 
-void PanelReader::Read(const std::string& FSPath, const std::string& aircraft, PanelSink& sink) {
+FileFault PanelReader::Read(const std::string& FSPath, const std::string& aircraft,
+                            PanelSink& sink) {
   try {
-    std::unordered_set<std::string> files_read;
-    std::string path = FSPath + R"(\Aircraft\)" + aircraft + R"(\Panel\panel.cfg)";
-    for (int depth = 0; depth <= kDeepestAlias && files_read.insert(text_.Lower(path)).second;
-         ++depth) {
-      const std::optional<std::string> alias = ReadFile(path, sink);
-      if (!alias) return;
-      path = FSPath + R"(\Aircraft\)" + *alias + R"(\panel.cfg)";
-    }
+    return Follow(FSPath, aircraft + R"(\Panel)", sink);
   } catch (const std::exception&) {
     // A panel that is too large for the memory at hand costs its own lines, not the whole run.
+    return FileFault::TooLarge;
   }
 }
 
+// Reads the panel in a folder of Aircraft, then the one that its alias line leads to, and so on.
+FileFault PanelReader::Follow(const std::string& FSPath, const std::string& panel,
+                              PanelSink& sink) {
+  std::unordered_set<std::string> files_read;
+  std::string path = FSPath + R"(\Aircraft\)" + panel + R"(\panel.cfg)";
+  for (int depth = 0; depth <= kDeepestAlias && files_read.insert(text_.Lower(path)).second;
+       ++depth) {
+    const FileContent file = files_.Read(path);
+    if (!file.bytes) return file.fault == FileFault::Absent ? FileFault::None : file.fault;
+    sink.OnFile();
+    const std::optional<std::string> alias = Scan(text_.FromAnsi(*file.bytes), sink);
+    if (!alias) break;
+    path = FSPath + R"(\Aircraft\)" + *alias + R"(\panel.cfg)";
+  }
+  return FileFault::None;
+}
+
 // Gives the folder, relative to Aircraft, that an alias line leads to.
-std::optional<std::string> PanelReader::ReadFile(const std::string& path, PanelSink& sink) {
+std::optional<std::string> PanelReader::Scan(std::string_view content, PanelSink& sink) {
   TitleCount = 0;
-  const std::optional<std::string> bytes = files_.Read(path).bytes;
-  if (!bytes) return std::nullopt;
-  sink.OnFile();
-  const std::string content = text_.FromAnsi(*bytes);
   LineReader lines(content);
   while (!lines.AtEnd()) {
     loop_.ProcessPending();

@@ -37,12 +37,14 @@ class PanelReader {
       : files_(files), text_(text), loop_(loop) {}
 
   /// Reads the panel of `aircraft`, a folder in `FSPath`\Aircraft, following alias lines (at most
-  /// 100, and never to a file read before). An aircraft without a readable panel gives nothing; no
-  /// failure comes out.
-  void Read(const std::string& FSPath, const std::string& aircraft, PanelSink& sink);
+  /// 100, and never to a file read before). Gives why the panel, or the one that an alias leads to,
+  /// is there but could not be read; None if it was read or there is none. Lines read before the
+  /// fault count.
+  FileFault Read(const std::string& FSPath, const std::string& aircraft, PanelSink& sink);
 
  private:
-  std::optional<std::string> ReadFile(const std::string& path, PanelSink& sink);
+  FileFault Follow(const std::string& FSPath, const std::string& panel, PanelSink& sink);
+  std::optional<std::string> Scan(std::string_view content, PanelSink& sink);
   void ReadTitles(LineReader& lines);
   void ReadWindows(LineReader& lines, PanelSink& sink);
 

@@ -1,6 +1,7 @@
 // Whole panels through EnumerateGauges, whole reports out.
 #include <doctest/doctest.h>
 
+#include "gauges/panel_reader.h"
 #include "pages/report_text.h"
 #include "support/simulator.h"
 
@@ -28,13 +29,14 @@ const Case kCases[] = {
      "gauge00=def,1\n",
      "Window00=Main\n+abc\n[Window00]\n+def\n", "abc|def|"},
     {"windows beyond the titles start again at the first, less their first line",
-     "[window titles]\nwindow00=One\n\n[Window00]\ngauge00=a1,1\n[Window01]\ngauge00=lost,1\n"
+     "[window titles]\nwindow00=One\n\n[WINDOW00]\ngauge00=a1,1\n[Window01]\ngauge00=lost,1\n"
      "gauge01=a2,1\n[Window02]\n\ngauge00=a3,1\n",
      "window00=One\n+a1\nwindow00=One\n+a2\nwindow00=One\n+a3\n", "a1|a2|a3|"},
     {"what counts as a gauge line, and what its entry is",
      "[Window Titles]\nWindow00=W\n\nGAUGE07=up!x!y,1,2\n gauge00=indented,1\n//gauge00=comment,1\n"
      "gauge_size=1,2\ngauge00=blank ,1\ngauge01= lead,1\ngauge02=nocomma\ngauge03=\n"
-     "gauge04plain,9\ngauge05=a=b,1\ngauge06=ZZZ!present,1\ngauge07=,occurs in every key\n",
+     "gauge04plain,9\ngauge05=a=b,1\ngauge06=ZZZ!present,1\ngauge07=,occurs in every key\n"
+     "gauge08,is=empty\n",
      "Window00=W\n+up!x!y\n+1\n+blank \n+ lead\n+nocomma\n+gauge04plain\n+a=b\n",
      "up|1|blank | lead|nocomma|gauge04plain|a=b|ZZZ||"},
     {"a second titles header starts the list afresh",
@@ -73,6 +75,27 @@ TEST_CASE("panels give their report lines and required names") {
     for (const std::string& name : form.MissingGauges.Names()) required += name + "|";
     CHECK(required == row.required);
   }
+}
+
+TEST_CASE_FIXTURE(Program, "a panel that is there but cannot be read is told from none at all") {
+  struct : PanelSink {
+    void OnFile() override {}
+    void OnWindow(std::string_view) override {}
+    void OnEntry(std::string_view) override {}
+  } ignored;
+  const auto aircraft = simulator.Fs() / "Aircraft";
+  for (const char* panel : {"Folder/Panel/panel.cfg", "Target/panel.cfg", "Bare"}) {
+    std::filesystem::create_directories(aircraft / panel);
+  }
+  simulator.AddAircraft("Alias", "alias=Target\n");
+  simulator.AddAircraft("Lost", "alias=Nowhere\n");
+  const Machine machine = simulator.Services();
+  const auto fault = [&](const char* name) {
+    PanelReader reader(machine.files, machine.text, loop);
+    return reader.Read(simulator.FSPath(), name, ignored);
+  };
+  for (const char* name : {"Bare", "Lost", "None"}) CHECK(fault(name) == FileFault::None);
+  for (const char* name : {"Folder", "Alias"}) CHECK(fault(name) != FileFault::None);
 }
 
 TEST_CASE_FIXTURE(Program, "the walk names folders as listed and fills the bar with every entry") {
