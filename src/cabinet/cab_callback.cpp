@@ -1,5 +1,4 @@
 // The callback side of CABFile: what it answers to each notification of a walk.
-#include <cstring>
 #include <string>
 
 #include "cabinet/cab_file.h"
@@ -139,16 +138,15 @@ std::string CABFile::FolderOfPath(const std::string& Path) {
   return modGauges::SplitPath(Path).Folder;
 }
 
-std::string CABFile::StringFromAnsiPointer(const char* Address) const {
-  return machine_.text.FromAnsi(Address);
+std::string CABFile::StringFromAnsiPointer(const char* Address) {
+  return Address;
 }
 
-void CABFile::StringToAnsiBytes(char (&Bytes)[260], const std::string& Text) const {
-  const std::string ansi = machine_.text.ToAnsi(Text);
-  if (ansi.size() >= sizeof Bytes) {
+void CABFile::StringToAnsiBytes(std::string& Bytes, const std::string& Text) const {
+  if (machine_.text.ToAnsi(Text).size() > kLongestTargetName) {
     throw CabError(kSubscriptOutOfRange, kCabFileSource, "Subscript out of range");
   }
-  std::memcpy(Bytes, ansi.c_str(), ansi.size() + 1);
+  Bytes = Text;
 }
 
 }  // namespace panelkit

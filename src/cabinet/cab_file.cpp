@@ -61,8 +61,7 @@ void CABFile::Begin() {
 }
 
 void CABFile::Walk(std::uint32_t Context) {
-  if (machine_.cabinets.SetupIterateCabinetA(CabName, 0, &modGauges::CabNotifyEntry, Context) ==
-      0) {
+  if (machine_.cabinets.SetupIterateCabinetA(CabName, &modGauges::CabNotifyEntry, Context) == 0) {
     const std::int32_t code = machine_.cabinets.GetLastError();
     throw CabError(code, kCabFileSource, Win32ErrorText(code));
   }

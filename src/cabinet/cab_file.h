@@ -81,8 +81,10 @@ class CABFile : public std::enable_shared_from_this<CABFile> {
   bool MakeTargetFolder(const std::string& target);
   std::string TargetFileName(const std::string& EntryName) const;
   static std::string FolderOfPath(const std::string& Path);
-  std::string StringFromAnsiPointer(const char* Address) const;
-  void StringToAnsiBytes(char (&Bytes)[260], const std::string& Text) const;
+  // Both keep the text in UTF-8: the service's back end crosses the ANSI code page. The length of a
+  // target is bounded in that code page all the same.
+  static std::string StringFromAnsiPointer(const char* Address);
+  void StringToAnsiBytes(std::string& Bytes, const std::string& Text) const;
 
   Machine machine_;
   std::string EntryFilter;

@@ -1,33 +1,36 @@
-// Seam 2, cabinet walk: the conversation of SetupIterateCabinetA.
+// The cabinet service: walks over the entries of a Microsoft Cabinet file and extracts them.
+//
+// The conversation is that of SetupIterateCabinetA in setupapi.h and keeps its names: one handler
+// with four parameters gets every notification, its answers steer the walk. The records hold only
+// the fields that the program reads or writes, and their texts are UTF-8: the back end knows how
+// a cabinet's names are encoded.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
 namespace panelkit {
 
-/// One entry of a cabinet, handed over with SPFILENOTIFY_FILEINCABINET. The fields are those of
-/// setupapi.h; the layout is this program's own.
+/// One entry of a cabinet; comes with SPFILENOTIFY_FILEINCABINET.
 struct FILE_IN_CABINET_INFO {
-  const char* NameInCabinet =
-      nullptr;                 ///< ANSI, folders separated by backslashes; valid in the call.
-  std::uint32_t FileSize = 0;  ///< Bytes.
-  std::uint32_t Win32Error = 0;
-  std::uint16_t DosDate = 0;  ///< FAT layout, as stored.
-  std::uint16_t DosTime = 0;  ///< FAT layout, as stored.
-  std::uint16_t DosAttribs = 0;
-  char FullTargetName[260] = {};  ///< ANSI, out: where to extract to, with FILEOP_DOIT.
+  const char* NameInCabinet = nullptr;  ///< Folders separated by backslashes; valid in the call.
+  std::uint32_t FileSize = 0;           ///< Bytes.
+  std::uint16_t DosDate = 0;            ///< FAT layout, as stored.
+  std::uint16_t DosTime = 0;            ///< FAT layout, as stored.
+  std::string FullTargetName;           ///< Out, with FILEOP_DOIT: Windows path to extract to.
 };
 
-/// The outcome of one extraction, handed over with SPFILENOTIFY_FILEEXTRACTED.
+/// The service has room for so many bytes of FullTargetName in the ANSI code page.
+inline constexpr std::size_t kLongestTargetName = 259;
+
+/// The outcome of one extraction; comes with SPFILENOTIFY_FILEEXTRACTED.
 struct FILEPATHS {
-  const char* Target = nullptr;  ///< ANSI path of the file written; valid in the call.
-  const char* Source = nullptr;  ///< ANSI path of the cabinet.
-  std::uint32_t Win32Error = 0;  ///< 0 when the file was written whole.
-  std::uint32_t Flags = 0;
+  const char* Target = nullptr;  ///< Windows path of the file written; valid in the call.
+  std::uint32_t Win32Error = 0;  ///< 0 if the file was written whole.
 };
 
-/// Notifications that the program tells apart.
+/// Notifications that the program answers; it answers 0 to any other.
 inline constexpr std::uint32_t SPFILENOTIFY_FILEINCABINET = 0x11;
 inline constexpr std::uint32_t SPFILENOTIFY_NEEDNEWCABINET = 0x12;
 inline constexpr std::uint32_t SPFILENOTIFY_FILEEXTRACTED = 0x13;
@@ -37,8 +40,8 @@ inline constexpr std::uint32_t FILEOP_ABORT = 0;
 inline constexpr std::uint32_t FILEOP_DOIT = 1;
 inline constexpr std::uint32_t FILEOP_SKIP = 2;
 
-/// Called once for every event of a walk, on the caller's thread. `Param1` and `Param2` are as wide
-/// as an address and carry the notification's record.
+/// Called once for every notification of a walk, on the caller's thread. `Param1` is the address of
+/// the notification's record; `Param2` is the service's own and says nothing to the program.
 using CabinetMsgHandler = std::uint32_t (*)(std::uint32_t Context, std::uint32_t Notification,
                                             std::uintptr_t Param1, std::uintptr_t Param2);
 
@@ -47,19 +50,20 @@ class CabinetWalk {
  public:
   virtual ~CabinetWalk() = default;
 
-  /// Walks the entries of `CabinetFile` (a Windows path in UTF-8) in the cabinet's order and calls
-  /// `MsgHandler` with `Context` for each; acts on its answers; returns when the walk is over.
+  /// Walks the entries of `CabinetFile` (a Windows path) in the cabinet's order, calls `MsgHandler`
+  /// with `Context` for each and acts on its answers. Non-zero if the walk succeeded, else 0 with
+  /// the reason in GetLastError.
+  ///
   /// After FILEOP_ABORT no further notification comes and the walk counts as a success. An answer
   /// other than 0 to SPFILENOTIFY_FILEEXTRACTED stops the walk and becomes its error. A damaged
-  /// cabinet gives the entries before the damage, then fails. Gives non-zero on success, else 0
-  /// with the reason in LastError, which is never 0 then. An exception out of `MsgHandler` ends the
-  /// walk and comes out of this call.
-  virtual std::uint32_t SetupIterateCabinetA(const std::string& CabinetFile, std::uint32_t Reserved,
+  /// cabinet gives the entries before the damage, then fails. An exception out of `MsgHandler` ends
+  /// the walk and comes out of this call.
+  virtual std::uint32_t SetupIterateCabinetA(const std::string& CabinetFile,
                                              CabinetMsgHandler MsgHandler,
                                              std::uint32_t Context) = 0;
 
-  /// The code of winerror.h for the last failed walk: 2 no such file, 3 no such folder, 5 no
-  /// access, 13 no cabinet or a damaged one, 112 disk full, 123 impossible name, ...
+  /// The code of winerror.h for the last failed walk, never 0: 2 no such file, 3 no such folder,
+  /// 5 no access, 13 no cabinet or a damaged one, 112 disk full, 123 impossible name, ...
   virtual std::int32_t GetLastError() const = 0;
 };
 

@@ -21,7 +21,7 @@ class ScriptedWalk : public CabinetWalk {
   std::uint32_t error = 0;  // What each extraction reports, and the walk at its end.
   std::string log;
 
-  std::uint32_t SetupIterateCabinetA(const std::string& /*CabinetFile*/, std::uint32_t /*Reserved*/,
+  std::uint32_t SetupIterateCabinetA(const std::string& /*CabinetFile*/,
                                      CabinetMsgHandler MsgHandler, std::uint32_t Context) override {
     const auto tell = [&](std::uint32_t notification, const void* record) {
       const std::uint32_t answer =
@@ -31,11 +31,11 @@ class ScriptedWalk : public CabinetWalk {
     };
     tell(0x10, nullptr);
     for (const std::string& name : entries) {
-      FILE_IN_CABINET_INFO info{name.c_str(), 1234, 0, 0x2C21, 0x6000, 0, {}};
+      FILE_IN_CABINET_INFO info{name.c_str(), 1234, 0x2C21, 0x6000, {}};
       const std::uint32_t answer = tell(SPFILENOTIFY_FILEINCABINET, &info);
       if (answer == FILEOP_ABORT) return 1;
       if (answer == FILEOP_SKIP) continue;
-      const FILEPATHS paths{info.FullTargetName, "", error, 0};
+      const FILEPATHS paths{info.FullTargetName.c_str(), error};
       if (tell(SPFILENOTIFY_FILEEXTRACTED, &paths) != 0) return 0;
     }
     tell(SPFILENOTIFY_NEEDNEWCABINET, nullptr);

@@ -7,7 +7,7 @@ namespace panelkit::test {
 namespace {
 
 const std::string kCabinet = MakeCabinet({{"a\\H\xF6he.xml", "12345"}, {"b.bmp", "6"}});
-const std::string kFirst = Told("a\\H\xF6he.xml", 5);
+const std::string kFirst = Told("a\\Höhe.xml", 5);
 const std::string kSecond = Told("b.bmp", 1);
 
 TEST_CASE_FIXTURE(CabinetWalks, "A walk tells every entry in order, and does as it is answered") {
@@ -18,7 +18,7 @@ TEST_CASE_FIXTURE(CabinetWalks, "A walk tells every entry in order, and does as 
 
   create_directory(folder / "out/a");
   Answers answers = ExtractTo("out\\*");
-  const std::string first_outcome = kFirst + "out\\a\\H\xF6he.xml 0\n";
+  const std::string first_outcome = kFirst + "out\\a\\Höhe.xml 0\n";
   CHECK(WalkBytes(kCabinet, answers) == first_outcome + kSecond + "out\\b.bmp 0\nok");
   CHECK(Get(folder / "out/a/Höhe.xml") == "12345");
   CHECK(Get(folder / "out/b.bmp") == "6");

@@ -17,9 +17,9 @@ struct Answers {
   std::function<std::uint32_t(std::uint32_t)> to_outcome = [](auto error) { return error; };
 };
 
-/// What a walk's log says of an entry with the cabinet writer's own stamp and attributes.
+/// What a walk's log says of an entry with the cabinet writer's own stamp.
 inline std::string Told(const std::string& name, std::size_t size) {
-  return name + ' ' + std::to_string(size) + " 11297 24576 32\n";
+  return name + ' ' + std::to_string(size) + " 11297 24576\n";
 }
 
 /// The disk has an empty folder "out".
@@ -31,19 +31,18 @@ class CabinetWalks : public Disk {
   /// "*" at its end.
   Answers ExtractTo(const std::string& target) const {
     return {.to_entry = [path = At(target)](FILE_IN_CABINET_INFO& info) {
-      std::string full = path;
+      std::string& full = info.FullTargetName = path;
       if (full.ends_with('*')) full.replace(full.size() - 1, 1, info.NameInCabinet);
-      full.copy(info.FullTargetName, sizeof info.FullTargetName);
       return FILEOP_DOIT;
     }};
   }
 
   /// The whole conversation of one walk, a line a notification, then "ok" or "error" and its code:
-  /// "a.xml 5 11297 24576 32" (size, date, time, attributes), "next?", "out\a.xml 0" (the outcome).
+  /// "a.xml 5 11297 24576" (size, date, time), "next?", "out\a.xml 0" (the outcome).
   std::string Walk(const std::string& cabinet, const Answers& answers = {}) {
     now = {&answers, At(""), ""};
     CabinetWalk& service = machine->Services().cabinets;
-    const bool done = service.SetupIterateCabinetA(At(cabinet), 0, &Answer, kContext) != 0;
+    const bool done = service.SetupIterateCabinetA(At(cabinet), &Answer, kContext) != 0;
     return now.log + (done ? "ok" : "error " + std::to_string(service.GetLastError()));
   }
 
@@ -62,8 +61,7 @@ class CabinetWalks : public Disk {
     if (notification == SPFILENOTIFY_FILEINCABINET) {
       auto& info = *reinterpret_cast<FILE_IN_CABINET_INFO*>(param1);
       now.log += std::string(info.NameInCabinet) + ' ' + std::to_string(info.FileSize) + ' ' +
-                 std::to_string(info.DosDate) + ' ' + std::to_string(info.DosTime) + ' ' +
-                 std::to_string(info.DosAttribs) + '\n';
+                 std::to_string(info.DosDate) + ' ' + std::to_string(info.DosTime) + '\n';
       return now.answers->to_entry(info);
     }
     if (notification == SPFILENOTIFY_FILEEXTRACTED) {

@@ -25,13 +25,13 @@ static_assert(offsetof(FILE_IN_CABINET_INFO_A, FileSize) == sizeof(void*));
 static_assert(offsetof(FILE_IN_CABINET_INFO_A, FullTargetName) == (k32Bit ? 18 : 22));
 static_assert(sizeof(FILEPATHS_A) == (k32Bit ? 16 : 24));
 static_assert(offsetof(FILEPATHS_A, Win32Error) == 2 * sizeof(void*));
-static_assert(sizeof(FILE_IN_CABINET_INFO_A::FullTargetName) ==
-              sizeof(panelkit::FILE_IN_CABINET_INFO::FullTargetName));
+static_assert(sizeof(FILE_IN_CABINET_INFO_A::FullTargetName) == kLongestTargetName + 1);
 
 /// One walk, from the call of the service to its return.
 class Walk {
  public:
-  Walk(CabinetMsgHandler handler, std::uint32_t context) : handler_(handler), context_(context) {}
+  Walk(const Text& text, CabinetMsgHandler handler, std::uint32_t context)
+      : text_(text), handler_(handler), context_(context) {}
 
   /// The error that the walk ended with: none for one that the handler aborted.
   bool Stopped() const { return stopped_; }
@@ -68,28 +68,32 @@ class Walk {
   }
 
   UINT FileInCabinet(FILE_IN_CABINET_INFO_A& theirs, UINT_PTR param2) {
+    const std::string name = text_.FromAnsi(theirs.NameInCabinet);
     panelkit::FILE_IN_CABINET_INFO ours;
-    ours.NameInCabinet = theirs.NameInCabinet;
+    ours.NameInCabinet = name.c_str();
     ours.FileSize = theirs.FileSize;
-    ours.Win32Error = theirs.Win32Error;
     ours.DosDate = theirs.DosDate;
     ours.DosTime = theirs.DosTime;
-    ours.DosAttribs = theirs.DosAttribs;
     const UINT answer = handler_(context_, SPFILENOTIFY_FILEINCABINET,
                                  reinterpret_cast<std::uintptr_t>(&ours), param2);
-    if (answer == FILEOP_DOIT) std::ranges::copy(ours.FullTargetName, theirs.FullTargetName);
+    if (answer == FILEOP_DOIT) {
+      const std::string target = text_.ToAnsi(ours.FullTargetName).substr(0, kLongestTargetName);
+      *std::ranges::copy(target, theirs.FullTargetName).out = '\0';
+    }
     if (answer == FILEOP_ABORT) stopped_ = true;
     return answer;
   }
 
   UINT FileExtracted(const FILEPATHS_A& theirs, UINT_PTR param2) {
-    panelkit::FILEPATHS ours{theirs.Target, theirs.Source, theirs.Win32Error, theirs.Flags};
+    const std::string target = text_.FromAnsi(theirs.Target);
+    const panelkit::FILEPATHS ours{target.c_str(), theirs.Win32Error};
     error_ = handler_(context_, SPFILENOTIFY_FILEEXTRACTED, reinterpret_cast<std::uintptr_t>(&ours),
                       param2);
     stopped_ = error_ != ERROR_SUCCESS;
     return error_;
   }
 
+  const Text& text_;
   CabinetMsgHandler handler_;
   std::uint32_t context_;
   bool stopped_ = false;
@@ -128,7 +132,6 @@ DWORD ReadError(const std::wstring& path) {
 }  // namespace
 
 std::uint32_t WindowsCabinetWalk::SetupIterateCabinetA(const std::string& CabinetFile,
-                                                       std::uint32_t Reserved,
                                                        CabinetMsgHandler MsgHandler,
                                                        std::uint32_t Context) {
   const std::wstring path = FilePath(CabinetFile);
@@ -140,9 +143,9 @@ std::uint32_t WindowsCabinetWalk::SetupIterateCabinetA(const std::string& Cabine
     return 0;
   }
 
-  Walk walk(MsgHandler, Context);
+  Walk walk(text_, MsgHandler, Context);
   SetLastError(ERROR_SUCCESS);
-  const bool walked = ::SetupIterateCabinetA(narrow->c_str(), Reserved, &Walk::Notify, &walk) != 0;
+  const bool walked = ::SetupIterateCabinetA(narrow->c_str(), 0, &Walk::Notify, &walk) != 0;
   const DWORD service_error = ::GetLastError();
   walk.RaisePending();
 

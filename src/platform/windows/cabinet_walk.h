@@ -12,8 +12,8 @@ class WindowsCabinetWalk : public CabinetWalk {
   /// `text` outlives this object.
   explicit WindowsCabinetWalk(const Text& text) : text_(text) {}
 
-  std::uint32_t SetupIterateCabinetA(const std::string& CabinetFile, std::uint32_t Reserved,
-                                     CabinetMsgHandler MsgHandler, std::uint32_t Context) override;
+  std::uint32_t SetupIterateCabinetA(const std::string& CabinetFile, CabinetMsgHandler MsgHandler,
+                                     std::uint32_t Context) override;
   std::int32_t GetLastError() const override { return last_error_; }
 
  private:

@@ -1,9 +1,7 @@
 #include "platform/wine/cabinet/cabinet_walk.h"
 
-#include <algorithm>
 #include <cstddef>
 #include <filesystem>
-#include <iterator>
 #include <optional>
 #include <string_view>
 #include <system_error>
@@ -14,6 +12,7 @@
 #include "platform/wine/cabinet/target_file.h"
 #include "platform/wine/cabinet/target_names.h"
 #include "platform/wine/cabinet/win32_error.h"
+#include "platform/wine/utf8.h"
 
 namespace panelkit {
 
@@ -28,7 +27,6 @@ class Walk {
       : paths_(paths),
         text_(text),
         folder_(cabinet_path.substr(0, cabinet_path.find_last_of("\\/:") + 1)),
-        source_(text.ToAnsi(cabinet_path)),
         handler_(handler),
         context_(context),
         cabinet_(OpenCabinet(paths, cabinet_path)) {}
@@ -43,44 +41,45 @@ class Walk {
           entry->folder == kContinuedFromPreviousToNext) {
         continue;
       }
-      const std::string name =
-          (entry->attributes & kNameIsUtf8) != 0 ? text_.ToAnsi(entry->name) : entry->name;
+      const std::string name = NameOf(*entry);
       FILE_IN_CABINET_INFO info{.NameInCabinet = name.c_str(),
                                 .FileSize = entry->size,
                                 .DosDate = entry->date,
                                 .DosTime = entry->time,
-                                .DosAttribs = entry->attributes};
-      const std::uint32_t answer = Notify(SPFILENOTIFY_FILEINCABINET, &info, source_.c_str());
+                                .FullTargetName = {}};
+      const std::uint32_t answer = Notify(SPFILENOTIFY_FILEINCABINET, &info);
       if (answer == FILEOP_ABORT) return ERROR_SUCCESS;
       if (answer != FILEOP_DOIT) continue;
-      if (const auto error = Extract(index, *entry, info)) return error;
+      if (const auto error = Extract(index, *entry, name, info.FullTargetName)) return error;
     }
     return entries.Error();
   }
 
  private:
-  std::uint32_t Notify(std::uint32_t notification, const void* param1, const void* param2) {
-    return handler_(context_, notification, reinterpret_cast<std::uintptr_t>(param1),
-                    reinterpret_cast<std::uintptr_t>(param2));
+  std::uint32_t Notify(std::uint32_t notification, const void* record) {
+    return handler_(context_, notification, reinterpret_cast<std::uintptr_t>(record), 0);
+  }
+
+  // A name whose flag promises UTF-8 that it is not is taken for one of the code page, so that
+  // nothing of it is lost.
+  std::string NameOf(const StoredEntry& entry) const {
+    const bool is_utf8 = (entry.attributes & kNameIsUtf8) != 0 && utf8::IsValid(entry.name);
+    return is_utf8 ? entry.name : text_.FromAnsi(entry.name);
   }
 
   // Gives 0 to go on, else what stops the walk.
-  std::uint32_t Extract(std::size_t index, const StoredEntry& entry,
-                        const FILE_IN_CABINET_INFO& info) {
-    const auto end = std::find(std::begin(info.FullTargetName), std::end(info.FullTargetName), 0);
-    const std::string target(std::begin(info.FullTargetName), end);
-    const std::uint32_t error =
-        Write(index, entry, text_.FromAnsi(target), text_.FromAnsi(info.NameInCabinet));
+  std::uint32_t Extract(std::size_t index, const StoredEntry& entry, const std::string& name,
+                        const std::string& target) {
+    const std::uint32_t error = Write(index, entry, name, target);
     if (stopped_by_ != 0) return stopped_by_;
     // What a failure leaves in libmspack would shift the entries that follow in the same folder.
     if (error != 0) decoder_.reset();
-    const FILEPATHS outcome{
-        .Target = target.c_str(), .Source = source_.c_str(), .Win32Error = error};
-    return Notify(SPFILENOTIFY_FILEEXTRACTED, &outcome, nullptr);
+    const FILEPATHS outcome{.Target = target.c_str(), .Win32Error = error};
+    return Notify(SPFILENOTIFY_FILEEXTRACTED, &outcome);
   }
 
-  std::uint32_t Write(std::size_t index, const StoredEntry& entry, const std::string& target,
-                      const std::string& name) {
+  std::uint32_t Write(std::size_t index, const StoredEntry& entry, const std::string& name,
+                      const std::string& target) {
     if (!PathResolver::IsPossible(target)) return ERROR_INVALID_NAME;
     if (LeadsThroughLink(target, name)) return ERROR_ACCESS_DENIED;
     const std::optional<std::string> native = target_names_.Find(target);
@@ -124,7 +123,7 @@ class Walk {
     for (bool goes_on = true; goes_on;) {
       const std::string name = text_.FromAnsi(decoder_->NextCabinet());
       if (name.empty()) return ERROR_INVALID_DATA;
-      stopped_by_ = Notify(SPFILENOTIFY_NEEDNEWCABINET, nullptr, nullptr);
+      stopped_by_ = Notify(SPFILENOTIFY_NEEDNEWCABINET, nullptr);
       if (stopped_by_ != 0) return stopped_by_;
       if (name.find_first_of("\\/:") != std::string::npos) return ERROR_FILE_NOT_FOUND;
       OpenedCabinet next = OpenCabinet(paths_, folder_ + name);
@@ -140,7 +139,6 @@ class Walk {
   const PathResolver& paths_;
   const Text& text_;
   const std::string folder_;  // Of the cabinet, with its separator.
-  const std::string source_;  // The cabinet's path in ANSI.
   CabinetMsgHandler handler_;
   std::uint32_t context_;
   OpenedCabinet cabinet_;
@@ -155,7 +153,6 @@ class Walk {
 }  // namespace
 
 std::uint32_t WineCabinetWalk::SetupIterateCabinetA(const std::string& CabinetFile,
-                                                    std::uint32_t /*Reserved*/,
                                                     CabinetMsgHandler MsgHandler,
                                                     std::uint32_t Context) {
   const std::uint32_t error = Walk(paths_, text_, CabinetFile, MsgHandler, Context).Run();

@@ -29,8 +29,8 @@ class WineCabinetWalk : public CabinetWalk {
   /// Both outlive the service.
   WineCabinetWalk(const PathResolver& paths, const Text& text) : paths_(paths), text_(text) {}
 
-  std::uint32_t SetupIterateCabinetA(const std::string& CabinetFile, std::uint32_t Reserved,
-                                     CabinetMsgHandler MsgHandler, std::uint32_t Context) override;
+  std::uint32_t SetupIterateCabinetA(const std::string& CabinetFile, CabinetMsgHandler MsgHandler,
+                                     std::uint32_t Context) override;
 
   std::int32_t GetLastError() const override { return last_error_; }
 
