@@ -1,7 +1,8 @@
-// Seam 1, browser pane.
+// The browser pane of a form.
 #pragma once
 
 #include <array>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -26,6 +27,10 @@ class WebBrowser {
   /// Shows a page that could not be written to its file: `page` is what the file would hold, and is
   /// shown as that file would be. A pane that only shows files stays as it is.
   virtual void ShowFromMemory(const std::string& /*page*/) {}
+
+  /// Calls `handler`, from the event loop, when the user has clicked a link that is to open in the
+  /// user's own browser and none could be started for it.
+  virtual void OnLinkNotOpened(std::function<void()> handler) = 0;
 };
 
 }  // namespace panelkit

@@ -1,9 +1,9 @@
-// Seam 1, event loop.
+// The event loop that delivers the user's actions.
 #pragma once
 
 namespace panelkit {
 
-/// The loop that delivers the user's actions.
+/// The event loop of one window toolkit.
 class EventLoop {
  public:
   virtual ~EventLoop() = default;

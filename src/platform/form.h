@@ -1,9 +1,11 @@
-// Seam 1, forms: windows described as data, and handles to the widgets that a face makes of them.
+// Forms: windows described as data, and handles to the widgets that a window toolkit makes of them.
 #pragma once
 
 #include <functional>
+#include <map>
 #include <memory>
 #include <span>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 
@@ -76,7 +78,7 @@ class MenuItem {
   virtual std::string Caption() const = 0;
 };
 
-/// A bar from Min to Max. A range of nothing shows an empty bar.
+/// A bar from Min to Max. Where Min == Max it is empty.
 class ProgressBar {
  public:
   virtual ~ProgressBar() = default;
@@ -85,8 +87,9 @@ class ProgressBar {
   virtual void SetValue(int value) = 0;
 };
 
-/// A window made from a description, not shown yet. Its end destroys the window. Asking for a
-/// control or menu item that the description lacks is a fault of the program (std::out_of_range).
+/// A window made from a description, not shown yet. Its destructor destroys the window. Asking for
+/// a control or menu item that the description lacks is a fault of the program and throws
+/// std::out_of_range.
 class Form {
  public:
   virtual ~Form() = default;
@@ -96,25 +99,37 @@ class Form {
   virtual ProgressBar& ProgressBarNamed(std::string_view name) = 0;
   virtual WebBrowser& BrowserNamed(std::string_view name) = 0;
 
-  /// Has `handler` called at each click on the menu item or button `name`, from the event loop and
-  /// never from inside the toolkit's own dispatch. Without a handler a click does nothing.
+  /// Calls `handler` at each click on the menu item or button `name`, from the event loop and never
+  /// from inside the toolkit's own dispatch. Without a handler a click does nothing.
   virtual void OnClick(std::string_view name, std::function<void()> handler) = 0;
 
-  /// Has `handler` called, from the event loop, when the user closes the window. The window has
-  /// gone from the screen by then; the handler may destroy the form.
+  /// Calls `handler`, from the event loop, when the user closes the window. The window has left the
+  /// screen by then; the handler may destroy the form.
   virtual void OnClose(std::function<void()> handler) = 0;
 
   /// Shows the window, in front; one that is shown already comes to the front.
   virtual void Show() = 0;
   virtual void Hide() = 0;
 
-  /// The outer size, frame included as far as the window system tells it.
+  /// The outer size, with the frame as far as the window system tells its size.
   virtual Twips Width() const = 0;
   virtual Twips Height() const = 0;
 
-  /// Moves the outer top left corner; a window system that places windows by itself is asked for
-  /// the centre of the screen instead.
+  /// Moves the outer top left corner. A window system that places windows by itself (Wayland) may
+  /// ignore the place.
   virtual void MoveTo(Twips left, Twips top) = 0;
 };
+
+/// The widgets of one kind that a form holds, or its handlers, by name.
+template <class Widget>
+using ByName = std::map<std::string, Widget, std::less<>>;
+
+/// The entry `name` of a ByName map; throws std::out_of_range with that name if there is none.
+template <class Widgets>
+auto& EntryNamed(Widgets& widgets, std::string_view name) {
+  const auto found = widgets.find(name);
+  if (found == widgets.end()) throw std::out_of_range("The form has no " + std::string(name));
+  return found->second;
+}
 
 }  // namespace panelkit

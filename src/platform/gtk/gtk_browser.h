@@ -3,7 +3,9 @@
 
 #include <webkit2/webkit2.h>
 
+#include <functional>
 #include <string>
+#include <utility>
 
 #include "platform/browser.h"
 #include "platform/gtk/gtk_pointers.h"
@@ -21,6 +23,9 @@ class GtkBrowser final : public WebBrowser {
   GtkBrowser& operator=(const GtkBrowser&) = delete;
 
   void Navigate(const std::string& address) override;
+  void OnLinkNotOpened(std::function<void()> handler) override {
+    link_not_opened_ = std::move(handler);
+  }
 
   GtkWidget* Widget() const { return GTK_WIDGET(view_.get()); }
 
@@ -39,6 +44,7 @@ class GtkBrowser final : public WebBrowser {
   NavigationPolicy rules_;
   ObjectPtr<WebKitWebContext> context_;
   ObjectPtr<WebKitWebView> view_;
+  std::function<void()> link_not_opened_;
   bool web_page_stands_ = false;  ///< What the pane shows came from the web.
 };
 

@@ -1,7 +1,6 @@
 #include "platform/gtk/gtk_form.h"
 
 #include <algorithm>
-#include <stdexcept>
 #include <utility>
 #include <vector>
 
@@ -10,16 +9,6 @@
 #include "platform/gtk/window_frame.h"
 
 namespace panelkit {
-namespace {
-
-template <typename Controls>
-auto& Named(Controls& controls, std::string_view name) {
-  const auto found = controls.find(name);
-  if (found == controls.end()) throw std::out_of_range("control " + std::string(name));
-  return found->second;
-}
-
-}  // namespace
 
 GtkForm::GtkForm(const FormDescription& description, const ScreenScale& scale,
                  const LocalMachine& machine)
@@ -102,15 +91,15 @@ GtkWidget* GtkForm::NewControl(const ControlDescription& control, const LocalMac
 }
 
 Label& GtkForm::LabelNamed(std::string_view name) {
-  return Named(labels_, name);
+  return EntryNamed(labels_, name);
 }
 
 ProgressBar& GtkForm::ProgressBarNamed(std::string_view name) {
-  return Named(bars_, name);
+  return EntryNamed(bars_, name);
 }
 
 WebBrowser& GtkForm::BrowserNamed(std::string_view name) {
-  return Named(browsers_, name);
+  return EntryNamed(browsers_, name);
 }
 
 void GtkForm::OnClick(std::string_view name, std::function<void()> handler) {

@@ -4,7 +4,6 @@
 #include <gtk/gtk.h>
 
 #include <functional>
-#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -52,14 +51,14 @@ class GtkForm final : public Form {
   static gboolean CloseRequested(GtkWidget* window, GdkEvent* event, gpointer self);
 
   ScreenScale scale_;
-  std::map<std::string, std::function<void()>, std::less<>> clicks_;
+  ByName<std::function<void()>> clicks_;
   std::function<void()> close_;
   GtkFormMenu menu_;
   GtkWindow* window_;
   GtkFixed* client_area_;
-  std::map<std::string, GtkLabelControl, std::less<>> labels_;
-  std::map<std::string, GtkProgressBarControl, std::less<>> bars_;
-  std::map<std::string, GtkBrowser, std::less<>> browsers_;
+  ByName<GtkLabelControl> labels_;
+  ByName<GtkProgressBarControl> bars_;
+  ByName<GtkBrowser> browsers_;
   std::optional<Position> place_;  ///< Where the window goes when it is shown again.
 
   /// Watched by clicks that are still on their way when the form ends.

@@ -1,6 +1,5 @@
 #include "platform/gtk/gtk_menu.h"
 
-#include <stdexcept>
 #include <utility>
 
 #include "platform/gtk/access_keys.h"
@@ -46,9 +45,7 @@ GtkFormMenu::GtkFormMenu(std::span<const MenuDescription> menu, Clicked clicked)
 }
 
 GtkMenuEntry& GtkFormMenu::Named(std::string_view name) {
-  const auto found = items_.find(name);
-  if (found == items_.end()) throw std::out_of_range("menu item " + std::string(name));
-  return found->second;
+  return EntryNamed(items_, name);
 }
 
 void GtkFormMenu::Add(const MenuDescription& description) {

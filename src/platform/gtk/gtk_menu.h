@@ -4,7 +4,6 @@
 #include <gtk/gtk.h>
 
 #include <functional>
-#include <map>
 #include <span>
 #include <string>
 
@@ -49,7 +48,7 @@ class GtkFormMenu {
 
   Clicked clicked_;
   GtkWidget* bar_;
-  std::map<std::string, GtkMenuEntry, std::less<>> items_;
+  ByName<GtkMenuEntry> items_;
 };
 
 }  // namespace panelkit

@@ -1,20 +1,9 @@
 #include "platform/headless/headless_toolkit.h"
 
 #include <algorithm>
-#include <stdexcept>
 #include <utility>
 
 namespace panelkit {
-namespace {
-
-template <class Map>
-auto& Find(Map& widgets, std::string_view name) {
-  const auto found = widgets.find(name);
-  if (found == widgets.end()) throw std::out_of_range(std::string(name));
-  return found->second;
-}
-
-}  // namespace
 
 void HeadlessProgressBar::SetValue(int value) {
   value_ = value;
@@ -55,7 +44,7 @@ bool HeadlessForm::IsReachable(std::string_view item) const {
       std::find_if(description_.menu.begin(), description_.menu.end(),
                    [item](const MenuDescription& row) { return row.name == item; });
   if (described == description_.menu.end()) return true;
-  return Find(menu_, item).Enabled() &&
+  return EntryNamed(menu_, item).Enabled() &&
          (described->parent.empty() || IsReachable(described->parent));
 }
 
@@ -66,19 +55,19 @@ void HeadlessForm::Close() {
 }
 
 HeadlessLabel& HeadlessForm::LabelNamed(std::string_view name) {
-  return Find(labels_, name);
+  return EntryNamed(labels_, name);
 }
 
 HeadlessMenuItem& HeadlessForm::MenuNamed(std::string_view name) {
-  return Find(menu_, name);
+  return EntryNamed(menu_, name);
 }
 
 HeadlessProgressBar& HeadlessForm::ProgressBarNamed(std::string_view name) {
-  return Find(bars_, name);
+  return EntryNamed(bars_, name);
 }
 
 HeadlessBrowser& HeadlessForm::BrowserNamed(std::string_view name) {
-  return Find(browsers_, name);
+  return EntryNamed(browsers_, name);
 }
 
 void HeadlessForm::OnClick(std::string_view name, std::function<void()> handler) {

@@ -1,4 +1,4 @@
-// A face without a window: captions, menu states and the bar live in memory.
+// A window toolkit without windows: captions, menu states and the bar live in memory.
 #pragma once
 
 #include <functional>
@@ -55,20 +55,26 @@ class HeadlessProgressBar : public ProgressBar {
 class HeadlessBrowser : public WebBrowser {
  public:
   void Navigate(const std::string& address) override { address_ = address; }
+  void OnLinkNotOpened(std::function<void()> handler) override {
+    on_link_not_opened_ = std::move(handler);
+  }
   /// The address that was navigated to last.
   const std::string& Address() const { return address_; }
+  /// Acts as a pane in which the user clicked a link that no browser could be started for.
+  void FailToOpenLink() { on_link_not_opened_(); }
 
  private:
   std::string address_;
+  std::function<void()> on_link_not_opened_;
 };
 
-/// A form whose clicks come from the program that owns the face.
+/// A form whose clicks come from the program that owns the toolkit.
 class HeadlessForm : public Form {
  public:
   HeadlessForm(const FormDescription& description, HeadlessProgressBar::Watcher watcher);
 
-  /// Clicks a menu item or button as a user would: nothing happens where it, or the menu that it
-  /// stands in, is disabled, or has no handler.
+  /// Clicks a menu item or button as a user would: nothing happens if it, or the menu that it
+  /// stands in, is disabled, or if it has no handler.
   void Click(std::string_view name);
   /// Closes the window as its title bar would.
   void Close();
@@ -89,34 +95,31 @@ class HeadlessForm : public Form {
   Twips Top() const { return top_; }
 
  private:
-  template <class Widget>
-  using Named = std::map<std::string, Widget, std::less<>>;
-
   bool IsReachable(std::string_view item) const;
 
   FormDescription description_;
-  Named<HeadlessLabel> labels_;
-  Named<HeadlessMenuItem> menu_;
-  Named<HeadlessProgressBar> bars_;
-  Named<HeadlessBrowser> browsers_;
-  Named<std::function<void()>> on_click_;
+  ByName<HeadlessLabel> labels_;
+  ByName<HeadlessMenuItem> menu_;
+  ByName<HeadlessProgressBar> bars_;
+  ByName<HeadlessBrowser> browsers_;
+  ByName<std::function<void()>> on_click_;
   std::function<void()> on_close_;
   bool visible_ = false;
   Twips left_ = 0;
   Twips top_ = 0;
 };
 
-/// The face of the console companion, and of tests that need no window.
+/// The toolkit of the console companion, and of tests that need no window.
 class HeadlessToolkit : public Toolkit {
  public:
-  /// `watcher` sees every progress bar move. `loop` must outlive the face.
+  /// `watcher` is called at each move of a progress bar. `loop` must outlive the toolkit.
   explicit HeadlessToolkit(EventLoop& loop, HeadlessProgressBar::Watcher watcher = {});
 
   std::unique_ptr<Form> CreateForm(const FormDescription& description) override;
   EventLoop& Loop() override { return loop_; }
   ScreenSize Screen() const override { return {1024 * 15, 768 * 15}; }
 
-  /// The form made last with this title, or null; not to be used after its end.
+  /// The form made last with this title, or null; not to be used after it is destroyed.
   HeadlessForm* FormTitled(std::string_view title) const;
 
  private:

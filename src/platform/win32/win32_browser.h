@@ -6,6 +6,10 @@
 #include <exdisp.h>
 #include <wrl/client.h>
 
+#include <functional>
+#include <string>
+#include <utility>
+
 #include "platform/browser.h"
 #include "platform/win32/navigation_policy.h"
 #include "platform/win32/screen_scale.h"
@@ -26,6 +30,9 @@ class Win32Browser final : public WebBrowser {
   Win32Browser& operator=(const Win32Browser&) = delete;
 
   void Navigate(const std::string& address) override;
+  void OnLinkNotOpened(std::function<void()> handler) override {
+    link_not_opened_ = std::move(handler);
+  }
 
   /// Offers a message to the page: Tab, Enter on a link, Ctrl+C, Ctrl+P and the like. True when the
   /// page took it.
@@ -41,6 +48,7 @@ class Win32Browser final : public WebBrowser {
 
   HWND pane_ = nullptr;
   NavigationPolicy rules_;
+  std::function<void()> link_not_opened_;
   Microsoft::WRL::ComPtr<IWebBrowser2> browser_;
 };
 

@@ -17,13 +17,6 @@ DWORD ExtendedStyle(Border border) {
   return border == Border::FixedToolWindow ? WS_EX_TOOLWINDOW : WS_EX_DLGMODALFRAME;
 }
 
-template <class Widget>
-Widget& Find(std::map<std::string, Widget, std::less<>>& widgets, std::string_view name) {
-  const auto widget = widgets.find(name);
-  if (widget == widgets.end()) throw std::out_of_range("no such control");
-  return widget->second;
-}
-
 HANDLE ProgramIcon(int width_metric, int height_metric) {
   return LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(kProgramIcon), IMAGE_ICON,
                     GetSystemMetrics(width_metric), GetSystemMetrics(height_metric), LR_SHARED);
@@ -124,15 +117,15 @@ void Win32Form::AddControl(const ControlDescription& control, UINT id) {
 }
 
 Label& Win32Form::LabelNamed(std::string_view name) {
-  return Find(labels_, name);
+  return EntryNamed(labels_, name);
 }
 
 ProgressBar& Win32Form::ProgressBarNamed(std::string_view name) {
-  return Find(bars_, name);
+  return EntryNamed(bars_, name);
 }
 
 WebBrowser& Win32Form::BrowserNamed(std::string_view name) {
-  return Find(browsers_, name);
+  return EntryNamed(browsers_, name);
 }
 
 void Win32Form::OnClick(std::string_view name, std::function<void()> handler) {

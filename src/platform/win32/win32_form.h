@@ -40,9 +40,6 @@ class Win32Form final : public Form {
   void MoveTo(Twips left, Twips top) override;
 
  private:
-  template <class Widget>
-  using Named = std::map<std::string, Widget, std::less<>>;
-
   void AddControls(const FormDescription& description);
   void AddControl(const ControlDescription& control, UINT id);
   void FitClientArea(const FormDescription& description);
@@ -61,10 +58,10 @@ class Win32Form final : public Form {
   HWND last_focus_ = nullptr;
   HFONT font_;
   std::optional<Win32Menu> menu_;
-  Named<Win32Label> labels_;
-  Named<Win32ProgressBar> bars_;
-  Named<Win32Browser> browsers_;
-  Named<std::function<void()>> clicks_;
+  ByName<Win32Label> labels_;
+  ByName<Win32ProgressBar> bars_;
+  ByName<Win32Browser> browsers_;
+  ByName<std::function<void()>> clicks_;
   std::map<UINT, std::string> buttons_;
   std::map<UINT, std::string> pictures_;
   std::function<void()> close_;

@@ -1,7 +1,6 @@
 #include "platform/win32/win32_menu.h"
 
 #include <algorithm>
-#include <stdexcept>
 
 #include "platform/windows/wide.h"
 
@@ -53,9 +52,7 @@ Win32Menu::Win32Menu(HWND window, std::span<const MenuDescription> items) {
 }
 
 Win32MenuItem& Win32Menu::Named(std::string_view name) {
-  const auto item = items_.find(name);
-  if (item == items_.end()) throw std::out_of_range("no such menu item");
-  return item->second;
+  return EntryNamed(items_, name);
 }
 
 std::optional<std::string> Win32Menu::NameOf(UINT command) const {

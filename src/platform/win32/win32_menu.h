@@ -45,7 +45,7 @@ class Win32Menu {
   std::optional<std::string> NameOf(UINT command) const;
 
  private:
-  std::map<std::string, Win32MenuItem, std::less<>> items_;
+  ByName<Win32MenuItem> items_;
   std::map<UINT, std::string> commands_;
 };
 
