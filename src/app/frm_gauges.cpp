@@ -103,6 +103,11 @@ void frmGauges::ShowNoSimulator() {
   ShowPage(PageFile());
 }
 
+void frmGauges::BeginCommand() {
+  complaint_.clear();
+  report_.reset();
+}
+
 void frmGauges::Complain(std::string complaint) {
   complaint_ = std::move(complaint);
   lblStatus.SetCaption(complaint_);

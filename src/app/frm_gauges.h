@@ -8,9 +8,9 @@
 #include "app/frm_about.h"
 #include "app/sorted_list.h"
 #include "cabinet/cab_file.h"
+#include "gauges/gauge_report.h"
 #include "gauges/name_list.h"
 #include "gauges/spare_selection.h"
-#include "pages/report_page.h"
 #include "platform/machine.h"
 #include "platform/toolkit.h"
 
@@ -45,7 +45,7 @@ class frmGauges {
   std::string GetFSPath() const;
 
   /// Runs over all aircraft in the mode of ListAllGauges and CollectRequiredOnly: rebuilds
-  /// InstalledGauges and MissingGauges and appends the aircraft's lines to ReportHtml.
+  /// InstalledGauges, MissingGauges and Report, and appends the aircraft's lines to ReportHtml.
   void EnumerateGauges();
 
   /// Whether a panel entry is installed.
@@ -82,6 +82,9 @@ class frmGauges {
   /// What went wrong in the last command, in one sentence; empty when nothing did.
   const std::string& Complaint() const { return complaint_; }
 
+  /// What the last report command found; nullptr if it made no report.
+  const GaugeReport* Report() const { return report_ ? &*report_ : nullptr; }
+
   std::string PageFile() const;
   std::string BrakePageFile() const;
 
@@ -97,15 +100,15 @@ class frmGauges {
   void WireEvents();
   void OnClick(std::string_view item, Handler handler);
   void RunAlone(Handler handler);
-  void MakeReport(const GaugeReport& report);
-  void AppendSortedNames(const std::vector<std::string>& names);
+  void MakeReport(bool list_all_gauges);
+  std::vector<std::string> Sorted(const std::vector<std::string>& names);
   bool ShowPage(const std::string& PagePath);
   void ShowNoSimulator();
   void ArchiveSpare(const SpareSelection& spare);
   void AddCabinetRows(const std::string& FSPath);
   void BackUp(const std::string& config);
   void SetBrakeCaption(bool shown);
-  void BeginCommand() { complaint_.clear(); }
+  void BeginCommand();
   void Complain(std::string complaint);
   void EndCommand();
 
@@ -123,6 +126,7 @@ class frmGauges {
   bool aircraft_listed_ = true;
   bool at_work_ = false;
   std::string complaint_;
+  std::optional<GaugeReport> report_;
 };
 
 }  // namespace panelkit

@@ -2,9 +2,9 @@
 #include "app/frm_gauges.h"
 #include "cabinet/mod_gauges.h"
 #include "gauges/aircraft_walk.h"
-#include "gauges/panel_entry.h"
 #include "gauges/panel_reader.h"
 #include "gauges/panel_report.h"
+#include "pages/report_page.h"
 
 namespace panelkit {
 namespace {
@@ -15,9 +15,9 @@ std::string LessExtension(const std::string& name) {
   return name.substr(0, name.size() - kExtension);
 }
 
-PanelReportMode ModeOf(bool list_all_gauges, bool collect_required_only) {
-  if (collect_required_only) return PanelReportMode::RequiredOnly;
-  return list_all_gauges ? PanelReportMode::All : PanelReportMode::Missing;
+ReportKind KindOf(bool list_all_gauges, bool collect_required_only) {
+  if (collect_required_only) return ReportKind::Clean;
+  return list_all_gauges ? ReportKind::Show : ReportKind::Probe;
 }
 
 }  // namespace
@@ -25,16 +25,18 @@ PanelReportMode ModeOf(bool list_all_gauges, bool collect_required_only) {
 void frmGauges::EnumerateGauges() {
   PanelReader panels(machine_.files, machine_.text, loop_);
   const std::string FSPath = GetFSPath();
+  GaugeReport& report = report_.emplace();
+  report.kind = KindOf(ListAllGauges, CollectRequiredOnly);
   MissingGauges.Reset();
   CreateGaugeArray(FSPath);
   lblFilePath.SetCaption("Flight Simulator: " + FSPath);
   const auto on_aircraft = [&](const std::string& aircraft) {
     lblStatus.SetCaption("Scanning " + aircraft);
-    PanelReport report(
-        ModeOf(ListAllGauges, CollectRequiredOnly), machine_.text.Upper(aircraft), ReportHtml,
-        [this](const std::string& entry) { return GaugeExists(entry); },
-        [this](std::string entry) { AddToMissing(entry); });
-    panels.Read(FSPath, aircraft, report);
+    const std::size_t listed = report.panels.size();
+    PanelReport panel(aircraft, machine_.text, modGauges::InstalledGauges, MissingGauges, report);
+    const FileFault fault = panels.Read(FSPath, aircraft, panel);
+    if (fault != FileFault::None) report.unreadable.push_back(aircraft);
+    ReportHtml += PanelLines(std::span(report.panels).subspan(listed), machine_.text);
   };
   aircraft_listed_ = WalkAircraft(machine_.files, loop_, ProgressBar1, FSPath, on_aircraft);
 }

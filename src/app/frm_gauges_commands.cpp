@@ -9,26 +9,25 @@
 namespace panelkit {
 
 void frmGauges::menProbe_Click() {
-  MakeReport(kProbeReport);
+  MakeReport(false);
 }
 
 void frmGauges::menShow_Click() {
-  MakeReport(kShowReport);
+  MakeReport(true);
 }
 
-void frmGauges::MakeReport(const GaugeReport& report) {
+void frmGauges::MakeReport(bool list_all_gauges) {
   BeginCommand();
   if (!LoadWorking()) return;
   {
     const BusyState busy(*form_);
-    ListAllGauges = report.list_all_gauges;
+    ListAllGauges = list_all_gauges;
     CollectRequiredOnly = false;
     ReportHtml = PagePrelude;
-    ReportHtml += ReportHeading(report);
+    ReportHtml += ReportHeading(list_all_gauges ? ReportKind::Show : ReportKind::Probe);
     EnumerateGauges();
-    ReportHtml += SummaryHeading(report, MissingGauges.UpperBound());
-    AppendSortedNames(MissingGauges.Names());
-    ReportHtml += ClosingLines();
+    report_->names = Sorted(MissingGauges.Names());
+    ReportHtml += SummaryLines(*report_);
     ShowPage(PageFile());
   }
   EndCommand();
@@ -43,6 +42,7 @@ void frmGauges::menRemove_Click() {
     if (spare) {
       ArchiveSpare(*spare);
     } else {
+      report_.reset();
       LoadWelcome();
     }
   }
@@ -50,14 +50,11 @@ void frmGauges::menRemove_Click() {
 }
 
 void frmGauges::ArchiveSpare(const SpareSelection& spare) {
-  const std::string FSPath = GetFSPath();
-  const std::string AppFolder = machine_.files.AppFolder();
-  const MoveOutcome outcome =
-      ArchiveGauges(machine_.files, FoldersOf(FSPath, AppFolder), spare.SpareFiles);
-  ReportHtml += RemovalHeading(static_cast<int>(spare.SpareFiles.size()),
-                               static_cast<int>(spare.keys.size()), FSPath, AppFolder);
-  AppendSortedNames(spare.keys);
-  ReportHtml += ClosingLines();
+  report_->folders = FoldersOf(GetFSPath(), machine_.files.AppFolder());
+  const MoveOutcome outcome = ArchiveGauges(machine_.files, report_->folders, spare.SpareFiles);
+  report_->removed_files = static_cast<int>(spare.SpareFiles.size());
+  report_->names = Sorted(spare.keys);
+  ReportHtml += SummaryLines(*report_);
   if (ShowPage(PageFile()) && !outcome.stayed.empty()) {
     Complain("Done - files that stayed in Gauges: " + std::to_string(outcome.stayed.size()));
   }
@@ -79,13 +76,15 @@ std::optional<SpareSelection> frmGauges::FindSpare() {
   return SelectSpare(modGauges::InstalledGauges, MissingGauges.Names(), machine_.text);
 }
 
-void frmGauges::AppendSortedNames(const std::vector<std::string>& names) {
+std::vector<std::string> frmGauges::Sorted(const std::vector<std::string>& names) {
   List1.Clear();
   for (const std::string& name : names) List1.AddItem(name);
+  std::vector<std::string> sorted;
   for (int position = 0; position < List1.ListCount(); ++position) {
     List1.SetListIndex(position);
-    ReportHtml += NameLine(List1.Text());
+    sorted.push_back(List1.Text());
   }
+  return sorted;
 }
 
 void frmGauges::EndCommand() {

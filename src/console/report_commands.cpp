@@ -25,8 +25,8 @@ const char* MenuItemOf(ConsoleCommand command) {
 }
 
 bool PrintReport(const frmGauges& program, const Text& text, bool html) {
-  return html ? terminal::WriteOutBytes(text.ToAnsi(program.ReportHtml) + "\r\n")
-              : terminal::WriteOut(ReportText(program.ReportHtml));
+  if (html) return terminal::WriteOutBytes(text.ToAnsi(program.ReportHtml) + "\r\n");
+  return program.Report() == nullptr || terminal::WriteOut(ReportText(*program.Report(), text));
 }
 
 int DryRun(frmGauges& program, ProgressLine& progress, const Files& files,

@@ -5,7 +5,7 @@
 #include <optional>
 #include <vector>
 
-#include "gauges/gauge_table.h"
+#include "gauges/name_list.h"
 
 namespace panelkit {
 namespace {

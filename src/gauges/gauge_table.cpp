@@ -2,8 +2,6 @@
 
 #include <string>
 
-#include "gauges/panel_entry.h"
-
 namespace panelkit {
 
 bool GaugeTable::Add(const Text& text, std::string_view origin, std::string_view key) {

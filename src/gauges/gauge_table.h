@@ -8,14 +8,12 @@
 #include <unordered_set>
 #include <vector>
 
+#include "gauges/name_list.h"
 #include "gauges/text_store.h"
 #include "gauges/trigram_index.h"
 #include "platform/text.h"
 
 namespace panelkit {
-
-/// The highest index of a table or list: indexes are 16-bit signed numbers.
-inline constexpr int kHighestIndex = 32767;
 
 /// One installed gauge: column 0 and column 1 of the table.
 struct GaugeRow {

@@ -1,17 +1,15 @@
 #include "gauges/name_list.h"
 
-#include "gauges/gauge_table.h"
-
 namespace panelkit {
 
-void NameList::Add(const std::string& name) {
+void NameList::Add(std::string_view name) {
   if (known_.contains(name)) return;
   if (UpperBound() == kHighestIndex) {
     overflowed_ = true;
     return;
   }
-  known_.insert(name);
-  names_.push_back(name);
+  known_.emplace(name);
+  names_.emplace_back(name);
 }
 
 }  // namespace panelkit

@@ -39,9 +39,9 @@ std::string_view AliasValue(std::string_view line) {
 }  // namespace
 
 FileFault PanelReader::Read(const std::string& FSPath, const std::string& aircraft,
-                            PanelSink& sink) {
+                            PanelReport& report) {
   try {
-    return Follow(FSPath, aircraft + R"(\Panel)", sink);
+    return Follow(FSPath, aircraft + R"(\Panel)", report);
   } catch (const std::exception&) {
     // A panel that is too large for the memory at hand costs its own lines, not the whole run.
     return FileFault::TooLarge;
@@ -50,15 +50,15 @@ FileFault PanelReader::Read(const std::string& FSPath, const std::string& aircra
 
 // Reads the panel in a folder of Aircraft, then the one that its alias line leads to, and so on.
 FileFault PanelReader::Follow(const std::string& FSPath, const std::string& panel,
-                              PanelSink& sink) {
+                              PanelReport& report) {
   std::unordered_set<std::string> files_read;
   std::string path = FSPath + R"(\Aircraft\)" + panel + R"(\panel.cfg)";
   for (int depth = 0; depth <= kDeepestAlias && files_read.insert(text_.Lower(path)).second;
        ++depth) {
     const FileContent file = files_.Read(path);
     if (!file.bytes) return file.fault == FileFault::Absent ? FileFault::None : file.fault;
-    sink.OnFile();
-    const std::optional<std::string> alias = Scan(text_.FromAnsi(*file.bytes), sink);
+    report.OnFile();
+    const std::optional<std::string> alias = Scan(text_.FromAnsi(*file.bytes), report);
     if (!alias) break;
     path = FSPath + R"(\Aircraft\)" + *alias + R"(\panel.cfg)";
   }
@@ -66,7 +66,7 @@ FileFault PanelReader::Follow(const std::string& FSPath, const std::string& pane
 }
 
 // Gives the folder, relative to Aircraft, that an alias line leads to.
-std::optional<std::string> PanelReader::Scan(std::string_view content, PanelSink& sink) {
+std::optional<std::string> PanelReader::Scan(std::string_view content, PanelReport& report) {
   TitleCount = 0;
   LineReader lines(content);
   while (!lines.AtEnd()) {
@@ -75,7 +75,7 @@ std::optional<std::string> PanelReader::Scan(std::string_view content, PanelSink
     if (ContainsIgnoringCase(line, "alias=")) return std::string(AliasValue(line));
     if (ContainsIgnoringCase(line, "[window titles]")) ReadTitles(lines);
     // In every turn from the titles on: windows beyond the titles start again at the first title.
-    if (TitleCount > 0) ReadWindows(lines, sink);
+    if (TitleCount > 0) ReadWindows(lines, report);
   }
   return std::nullopt;
 }
@@ -91,14 +91,14 @@ void PanelReader::ReadTitles(LineReader& lines) {
   }
 }
 
-void PanelReader::ReadWindows(LineReader& lines, PanelSink& sink) {
+void PanelReader::ReadWindows(LineReader& lines, PanelReport& report) {
   for (int window = 0; window < TitleCount; ++window) {
-    sink.OnWindow(WindowTitles.at(window));
+    report.OnWindow(WindowTitles.at(window));
     while (!lines.AtEnd()) {
       const std::string_view line = lines.Next();
       if (IsWindowHeader(line)) break;
       if (!IsGaugeLine(line)) continue;
-      if (const auto entry = EntryOf(line)) sink.OnEntry(*entry);
+      if (const auto entry = EntryOf(line)) report.OnEntry(*entry);
     }
   }
 }

@@ -4,41 +4,34 @@
 
 namespace panelkit {
 
-PanelReport::PanelReport(PanelReportMode mode, std::string aircraft, std::string& html,
-                         std::function<bool(const std::string&)> exists,
-                         std::function<void(std::string)> collect)
-    : mode_(mode),
-      aircraft_(std::move(aircraft)),
-      html_(html),
-      exists_(std::move(exists)),
-      collect_(std::move(collect)) {}
+PanelReport::PanelReport(std::string aircraft, const Text& text, const GaugeTable& installed,
+                         NameList& collected, GaugeReport& report)
+    : aircraft_(std::move(aircraft)),
+      text_(text),
+      installed_(installed),
+      collected_(collected),
+      report_(report) {}
 
 void PanelReport::OnWindow(std::string_view title) {
-  window_title_ = title;
-  WindowHeaderWritten = false;
+  title_ = title;
+  window_listed_ = false;
 }
 
-void PanelReport::OnEntry(std::string_view entry_text) {
-  entry_ = entry_text;
-  if (mode_ == PanelReportMode::RequiredOnly) {
-    collect_(entry_);
-    return;
+void PanelReport::OnEntry(std::string_view entry) {
+  const bool requires_all = report_.kind == ReportKind::Clean;
+  const bool is_missing = !requires_all && !installed_.Exists(text_, entry);
+  if (is_missing || report_.kind == ReportKind::Show) {
+    Window().gauges.push_back({report_.texts->Keep(entry), is_missing});
   }
-  const bool missing = !exists_(entry_);
-  if (!missing && mode_ == PanelReportMode::Missing) return;
-  WriteHeaders();
-  html_.append("&nbsp; &nbsp; &nbsp; &nbsp; &nbsp; ").append(entry_);
-  html_ += missing ? " *** MISSING ***<br>\r\n" : "<br>\r\n";
-  if (missing) collect_(entry_);
+  if (is_missing || requires_all) collected_.Add(FilePart(entry));
 }
 
-void PanelReport::WriteHeaders() {
-  if (!std::exchange(AircraftHeaderWritten, true)) {
-    html_ += "<b>AIRCRAFT: " + aircraft_ + "</b><br>\r\n";
-  }
-  if (!std::exchange(WindowHeaderWritten, true)) {
-    html_.append("&nbsp; &nbsp; ").append(window_title_).append("<br>\r\n");
-  }
+// The window to list a gauge in; panels and windows without any are not listed.
+ReportedWindow& PanelReport::Window() {
+  if (!std::exchange(panel_listed_, true)) report_.panels.push_back({aircraft_, {}});
+  auto& windows = report_.panels.back().windows;
+  if (!std::exchange(window_listed_, true)) windows.push_back({report_.texts->Keep(title_), {}});
+  return windows.back();
 }
 
 }  // namespace panelkit

@@ -1,47 +1,45 @@
-// What a run does with the gauges that a panel names: report lines, and names collected.
+// Takes the gauges that one aircraft's panel names into a report.
 #pragma once
 
-#include <functional>
 #include <string>
 #include <string_view>
 
-#include "gauges/panel_reader.h"
+#include "gauges/gauge_report.h"
+#include "gauges/gauge_table.h"
+#include "gauges/name_list.h"
+#include "platform/text.h"
 
 namespace panelkit {
 
-/// What a run lists and collects.
-enum class PanelReportMode {
-  Missing,       ///< Lists the gauges that are not installed, and collects them.
-  All,           ///< Lists all gauges, marks those that are not installed, and collects these.
-  RequiredOnly,  ///< Lists nothing and collects every gauge.
-};
-
-/// The lines of one aircraft. Headings are written only ahead of a gauge line that needs them;
-/// texts enter the page unescaped, as they stand in the file.
-class PanelReport : public PanelSink {
+/// What a report's kind makes of one aircraft's gauges: lists them in the report, looked up in the
+/// table of installed gauges, and collects file parts.
+class PanelReport {
  public:
-  /// `aircraft` is the heading's name, in the case in which it is to be shown. Lines go to the end
-  /// of `html`; `exists` tells whether a panel entry is installed, `collect` receives entries.
-  PanelReport(PanelReportMode mode, std::string aircraft, std::string& html,
-              std::function<bool(const std::string&)> exists,
-              std::function<void(std::string)> collect);
+  /// `aircraft` is the folder's name as listed. All but the name must outlive the object.
+  PanelReport(std::string aircraft, const Text& text, const GaugeTable& installed,
+              NameList& collected, GaugeReport& report);
 
-  void OnFile() override { AircraftHeaderWritten = false; }
-  void OnWindow(std::string_view title) override;
-  void OnEntry(std::string_view entry) override;
+  /// A panel file was opened: the aircraft's own, or one that an alias leads to.
+  void OnFile() { panel_listed_ = false; }
+
+  /// The gauges that follow stand in the window of this title line. The view must stay valid until
+  /// the next title or file.
+  void OnWindow(std::string_view title);
+
+  /// A gauge line of that window, by its panel entry.
+  void OnEntry(std::string_view entry);
 
  private:
-  void WriteHeaders();
+  ReportedWindow& Window();
 
-  PanelReportMode mode_;
   std::string aircraft_;
-  std::string& html_;
-  std::function<bool(const std::string&)> exists_;
-  std::function<void(std::string)> collect_;
-  std::string_view window_title_;
-  std::string entry_;  // Kept from call to call for its memory.
-  bool AircraftHeaderWritten = false;
-  bool WindowHeaderWritten = false;
+  const Text& text_;
+  const GaugeTable& installed_;
+  NameList& collected_;
+  GaugeReport& report_;
+  std::string_view title_;
+  bool panel_listed_ = false;   // The last of the report's panels is of this file.
+  bool window_listed_ = false;  // The last of its windows is of this title.
 };
 
 }  // namespace panelkit

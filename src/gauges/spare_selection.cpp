@@ -3,7 +3,6 @@
 #include <string_view>
 #include <unordered_set>
 
-#include "gauges/panel_entry.h"
 #include "gauges/trigram_index.h"
 
 namespace panelkit {

@@ -1,38 +1,30 @@
-// The frame of the reports: headings, count, sorted names, closing lines. Lines end in CR LF.
+// Reports as pages: from what a command found to the lines below the page's prelude, which end in
+// CR LF. Texts enter the page unescaped.
 #pragma once
 
+#include <span>
 #include <string>
 #include <string_view>
 
+#include "gauges/gauge_report.h"
+#include "platform/text.h"
+
 namespace panelkit {
 
-/// Where the two gauge reports differ.
-struct GaugeReport {
-  bool list_all_gauges;
-  std::string_view heading;
-  std::string_view summary_heading;
-};
+/// The heading words above the aircraft of a probe or of all gauges.
+std::string_view ReportTitle(ReportKind kind);
 
-inline constexpr GaugeReport kProbeReport{false, "PROBE FOR MISSING GAUGES REPORT",
-                                          "PROBE FOR MISSING GAUGES SUMMARY REPORT"};
-inline constexpr GaugeReport kShowReport{true, "ALL GAUGES REPORT",
-                                         "MISSING GAUGES SUMMARY REPORT"};
+/// The heading words above the missing files of the same.
+std::string_view SummaryTitle(ReportKind kind);
 
-/// The heading line above the aircraft.
-std::string ReportHeading(const GaugeReport& report);
+/// The heading line of a probe or of all gauges.
+std::string ReportHeading(ReportKind kind);
 
-/// The heading and count lines below the aircraft.
-std::string SummaryHeading(const GaugeReport& report, int missing_files);
+/// The lines of aircraft, windows and gauges. Aircraft are shown in upper case.
+std::string PanelLines(std::span<const ReportedPanel> panels, const Text& text);
 
-/// The lines above the list of a Clean Gauges report. `FSPath` and `AppFolder` have no closing
-/// backslash.
-std::string RemovalHeading(int files, int gauges, const std::string& FSPath,
-                           const std::string& AppFolder);
-
-/// One name of the sorted list.
-std::string NameLine(const std::string& name);
-
-/// The lines that end every report.
-std::string ClosingLines();
+/// The lines below the aircraft: the missing files and how many there are or, of Clean, the files
+/// and gauges removed; then those that end every report.
+std::string SummaryLines(const GaugeReport& report);
 
 }  // namespace panelkit

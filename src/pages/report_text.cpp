@@ -1,76 +1,41 @@
 #include "pages/report_text.h"
 
-#include <algorithm>
-#include <array>
-#include <optional>
-
-#include "pages/page_text.h"
+#include "pages/report_page.h"
 
 namespace panelkit {
 namespace {
 
-// How one kind of line begins and ends in a page, and what stands for both in the text.
-struct LineForm {
-  std::string_view opening;
-  std::string_view ending;
-  std::string_view text_before;
-  std::string_view text_after;
-};
-
-// Longer openings before those that they begin with.
-constexpr std::array kForms{
-    LineForm{"<br><br><font color=\"red\"><b>", "</b></font><hr size=1>", "\n", ""},
-    LineForm{"<font color=\"red\"><b>", "</b></font><hr size=1>", "", ""},
-    LineForm{"<font color=\"red\">AND ARCHIVED IN FOLDER:</font><br>  &nbsp;  &nbsp; ",
-             "</b></font><hr size=1>", "AND ARCHIVED IN FOLDER:\n    ", ""},
-    LineForm{"<b>AIRCRAFT: ", "</b><br>", "\nAIRCRAFT: ", ""},
-    LineForm{"<b>There are ", " Required Files:</b><br><br>", "There are ", " Required Files:"},
-    LineForm{"<b>Removed Files:</b>", "<br><br>", "Removed Files:", ""},
-    LineForm{"&nbsp; &nbsp; &nbsp; &nbsp; &nbsp; ", "<br>", "        ", ""},
-    LineForm{"&nbsp; &nbsp; &nbsp; &nbsp; ", "<br>", "    ", ""},
-    LineForm{"&nbsp; &nbsp; ", "<br>", "    ", ""},
-};
-
-constexpr std::string_view kFolderOpening = "<font color=\"red\"><b>";
-constexpr std::string_view kFolderMiddle = " FOLDER: </font><BR> &nbsp;  &nbsp; ";
-
-// The line of a Clean Gauges report that counts what went and names the folder.
-std::optional<std::string> RemovalText(std::string_view line) {
-  const std::size_t middle = line.find(kFolderMiddle);
-  if (!line.starts_with(kFolderOpening) || middle == std::string_view::npos ||
-      !line.ends_with("<br>")) {
-    return std::nullopt;
-  }
-  std::string_view folder = line.substr(middle + kFolderMiddle.size());
-  folder.remove_suffix(4);
-  const std::string_view counts =
-      line.substr(kFolderOpening.size(), middle - kFolderOpening.size());
-  return std::string(counts) + " FOLDER:\n    " + std::string(folder);
+std::string Removal(const GaugeReport& report) {
+  return std::to_string(report.removed_files) + " FILES, CONTAINING " +
+         std::to_string(report.names.size()) + " GAUGES WERE REMOVED FROM FOLDER:\n    " +
+         report.folders.gauges + "\\\nAND ARCHIVED IN FOLDER:\n    " + report.folders.spare +
+         "\\\nRemoved Files:\n";
 }
 
-std::optional<std::string> LineText(std::string_view line) {
-  if (auto removal = RemovalText(line)) return removal;
-  for (const LineForm& form : kForms) {
-    if (line.size() < form.opening.size() + form.ending.size()) continue;
-    if (!line.starts_with(form.opening) || !line.ends_with(form.ending)) continue;
-    line.remove_prefix(form.opening.size());
-    line.remove_suffix(form.ending.size());
-    return std::string(form.text_before).append(line).append(form.text_after);
+void AppendPanel(const ReportedPanel& panel, const Text& text, std::string& lines) {
+  lines.append("\nAIRCRAFT: ").append(text.Upper(panel.aircraft)).append("\n");
+  for (const ReportedWindow& window : panel.windows) {
+    lines.append("    ").append(window.title).append("\n");
+    for (const ReportedGauge& gauge : window.gauges) {
+      lines.append("        ").append(gauge.entry);
+      lines += gauge.is_missing ? " *** MISSING ***\n" : "\n";
+    }
   }
-  return std::nullopt;
+}
+
+std::string Panels(const GaugeReport& report, const Text& text) {
+  std::string lines = std::string(ReportTitle(report.kind)) + "\n";
+  for (const ReportedPanel& panel : report.panels) AppendPanel(panel, text, lines);
+  return lines.append("\n").append(SummaryTitle(report.kind)) + "\nThere are " +
+         std::to_string(report.names.size()) + " Required Files:\n";
 }
 
 }  // namespace
 
-std::string ReportText(std::string_view page) {
-  std::string text;
-  text.reserve(page.size());
-  while (!page.empty()) {
-    const std::string_view line = page.substr(0, page.find("\r\n"));
-    page.remove_prefix(std::min(page.size(), line.size() + 2));
-    if (const auto plain = LineText(line)) text.append(*plain).append("\n");
-  }
-  return text;
+std::string ReportText(const GaugeReport& report, const Text& text) {
+  std::string lines = report.kind == ReportKind::Clean ? Removal(report) : Panels(report, text);
+  for (const std::string& name : report.names) lines.append("    ").append(name).append("\n");
+  return lines;
 }
 
 }  // namespace panelkit

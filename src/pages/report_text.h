@@ -1,14 +1,15 @@
-// A report page as plain text.
+// Reports as plain text.
 #pragma once
 
 #include <string>
-#include <string_view>
+
+#include "gauges/gauge_report.h"
+#include "platform/text.h"
 
 namespace panelkit {
 
-/// The lines of a report page without its markup, ended by "\n". Known openings and endings of the
-/// program's own lines are taken off, and nothing else: a "<" in a gauge's name stays. Lines that
-/// belong to no report give nothing.
-std::string ReportText(std::string_view page);
+/// The whole report, indented by levels, without closing words; lines end in "\n". Texts stand as
+/// in the files: a "<" in a gauge's name stays.
+std::string ReportText(const GaugeReport& report, const Text& text);
 
 }  // namespace panelkit

@@ -63,7 +63,7 @@ TEST_CASE_FIXTURE(Program,
   CHECK(Tree(simulator.Fs()) == "Gauges/B.gau\n");
   CHECK(Get(simulator.Fs() / "Gauges" / "B.gau") == "the gauge B.gau");
   CHECK(Tree(simulator.App() / "SpareGauges") == "a.gau\n");
-  CHECK(ReportText(form.ReportHtml) ==
+  CHECK(ReportText(*form.Report(), simulator.Services().text) ==
         "2 FILES, CONTAINING 2 GAUGES WERE REMOVED FROM FOLDER:\n    " + simulator.FSPath() +
             "\\Gauges\\\nAND ARCHIVED IN FOLDER:\n    " + simulator.AppFolder() +
             "\\SpareGauges\\\nRemoved Files:\n    a\n    B\n");

@@ -2,7 +2,7 @@
 #include <algorithm>
 
 #include "fuzz/fuzz.h"
-#include "gauges/panel_report.h"
+#include "gauges/panel_reader.h"
 #include "platform/headless/quiet_loop.h"
 
 void panelkit::fuzz::Try(std::string_view input) {
@@ -17,20 +17,27 @@ void panelkit::fuzz::Try(std::string_view input) {
     test::Put(prefix.c / "Aircraft" / panel, piece);
   }
   QuietLoop loop;
-  std::string html;
-  const auto collected = [&](PanelReportMode mode) {
-    std::vector<std::string> entries;
-    PanelReport report(
-        mode, "A", html, [](const std::string&) { return false; },
-        [&](const std::string& entry) { entries.push_back(entry); });
-    PanelReader(prefix.machine.Services().files, text, loop).Read("C:", "a", report);
-    return entries;
+  const auto read = [&](ReportKind kind, NameList& collected) {
+    GaugeReport report;
+    report.kind = kind;
+    PanelReport panel("a", text, {}, collected, report);
+    PanelReader(prefix.machine.Services().files, text, loop).Read("C:", "a", panel);
+    return report;
   };
-  const auto required = collected(PanelReportMode::RequiredOnly);
-  Require(html.empty());
-  Require(collected(PanelReportMode::All) == required);
-  for (const std::string& entry : required) {
-    Require(entry.find_first_of("\r\n,") == std::string::npos);
-    Require(html.find(" " + entry + " *** MISSING ***<br>\r\n") != std::string::npos);
+  NameList required;
+  Require(read(ReportKind::Clean, required).panels.empty());
+  NameList missing;
+  const GaugeReport all = read(ReportKind::Show, missing);
+  Require(missing.Names() == required.Names());
+  std::size_t next = 0;
+  for (const ReportedPanel& panel : all.panels) {
+    for (const ReportedWindow& window : panel.windows) {
+      for (const ReportedGauge& gauge : window.gauges) {
+        Require(gauge.is_missing && gauge.entry.find_first_of("\r\n,") == gauge.entry.npos);
+        // A name is collected where it is met first.
+        next += next < required.Names().size() && FilePart(gauge.entry) == required.Names()[next];
+      }
+    }
   }
+  Require(next == required.Names().size());
 }

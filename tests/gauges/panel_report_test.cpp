@@ -2,7 +2,6 @@
 #include <doctest/doctest.h>
 
 #include "gauges/panel_reader.h"
-#include "pages/report_text.h"
 #include "support/simulator.h"
 
 namespace panelkit::test {
@@ -49,7 +48,7 @@ const Case kCases[] = {
      "Window00=W\n+a\n+b\n", "a|b|"},
     {"aliases are followed under the own name, until one leads back",
      "[Window Titles]\nWindow00=W\n\ngauge00=a,1\n[Window01]\n// Alias=  shared  \n",
-     "Window00=W\n+a\n\nAIRCRAFT: ALPHA\nWindow00=W\n+g\n", "a|zzz|g|"},
+     "Window00=W\n+a\n<b>AIRCRAFT: ALPHA</b>\nWindow00=W\n+g\n", "a|zzz|g|"},
 };
 
 TEST_CASE("panels give their report lines and required names") {
@@ -63,9 +62,9 @@ TEST_CASE("panels give their report lines and required names") {
     program.simulator.AddGauge("ZZZ.GAU");
     frmGauges& form = program.form;
     form.EnumerateGauges();
-    const std::string lines = Replaced(ReportText(form.ReportHtml), "        ", "+");
-    CHECK(Replaced(Replaced(lines, "    ", ""), " *** MISSING ***", "") ==
-          "\nAIRCRAFT: ALPHA\n" + row.report);
+    std::string lines = Replaced(form.ReportHtml, "&nbsp; &nbsp; &nbsp; &nbsp; &nbsp; ", "+");
+    lines = Replaced(Replaced(lines, "&nbsp; &nbsp; ", ""), " *** MISSING ***", "");
+    CHECK(Replaced(lines, "<br>\r\n", "\n") == "<b>AIRCRAFT: ALPHA</b>\n" + row.report);
 
     form.ReportHtml = "as the command left it";
     form.CollectRequiredOnly = true;
@@ -78,11 +77,6 @@ TEST_CASE("panels give their report lines and required names") {
 }
 
 TEST_CASE_FIXTURE(Program, "a panel that is there but cannot be read is told from none at all") {
-  struct : PanelSink {
-    void OnFile() override {}
-    void OnWindow(std::string_view) override {}
-    void OnEntry(std::string_view) override {}
-  } ignored;
   const auto aircraft = simulator.Fs() / "Aircraft";
   for (const char* panel : {"Folder/Panel/panel.cfg", "Target/panel.cfg", "Bare"}) {
     std::filesystem::create_directories(aircraft / panel);
@@ -91,8 +85,10 @@ TEST_CASE_FIXTURE(Program, "a panel that is there but cannot be read is told fro
   simulator.AddAircraft("Lost", "alias=Nowhere\n");
   const Machine machine = simulator.Services();
   const auto fault = [&](const char* name) {
-    PanelReader reader(machine.files, machine.text, loop);
-    return reader.Read(simulator.FSPath(), name, ignored);
+    GaugeReport report;
+    const GaugeTable installed;
+    PanelReport panel(name, machine.text, installed, form.MissingGauges, report);
+    return PanelReader(machine.files, machine.text, loop).Read(simulator.FSPath(), name, panel);
   };
   for (const char* name : {"Bare", "Lost", "None"}) CHECK(fault(name) == FileFault::None);
   for (const char* name : {"Folder", "Alias"}) CHECK(fault(name) != FileFault::None);

@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <random>
 
-#include "gauges/panel_entry.h"
 #include "support/simulator.h"
 
 namespace panelkit::test {
