@@ -47,7 +47,7 @@ void frmGauges::CreateGaugeArray(const std::string& FSPath) {
   const auto names = machine_.files.List(FSPath + R"(\Gauges\*.gau)", ListedEntries::PlainFiles);
   for (std::size_t i = 0; names && i < names->size() && !table.Overflowed(); ++i) {
     loop_.ProcessPending();
-    table.Add(machine_.text, "Gauge File", LessExtension((*names)[i]));
+    table.Add(machine_.text, "Gauge File", LessExtension((*names)[i].name));
   }
   AddCabinetRows(FSPath);
 }
@@ -55,7 +55,7 @@ void frmGauges::CreateGaugeArray(const std::string& FSPath) {
 void frmGauges::AddCabinetRows(const std::string& FSPath) {
   const auto names = machine_.files.List(FSPath + R"(\Gauges\*.cab)", ListedEntries::PlainFiles);
   for (std::size_t i = 0; names && i < names->size(); ++i) {
-    const std::string& name = (*names)[i];
+    const std::string& name = (*names)[i].name;
     loop_.ProcessPending();
     modGauges::CurrentCabinet = LessExtension(name);
     cab = CABFile::Create(machine_);

@@ -33,10 +33,10 @@ bool WalkAircraft(const Files& files, EventLoop& loop, ProgressBar& bar, const s
   std::int16_t done = 0;
   const auto listed = files.List(pattern, ListedEntries::FilesAndFolders);
   if (!listed) return false;
-  for (const std::string& entry : *listed) {
+  for (const ListedEntry& entry : *listed) {
     loop.ProcessPending();
-    const bool is_dots = entry == "." || entry == "..";
-    if (!is_dots && files.IsFolder(FSPath + R"(\Aircraft\)" + entry)) on_aircraft(entry);
+    const bool is_dots = entry.name == "." || entry.name == "..";
+    if (!is_dots && entry.is_folder) on_aircraft(entry.name);
     CountEntry(done);
     bar.SetValue(std::min(done, entries));
   }

@@ -13,15 +13,10 @@ constexpr std::array kGaugeEndings{".gau", ".cab"};
 // What a file is called in its new folder until its copy is whole.
 constexpr const char* kHalfMoved = "\\panelkit.moving";
 
-void RemoveHalfMoved(Files& files, const std::string& folder) {
-  files.ClearAttributes(folder + kHalfMoved);  // A half copy of a read-only gauge is read-only.
-  files.Delete(folder + kHalfMoved);
-}
-
 // What a killed run left in either folder.
 void RemoveHalfMoved(Files& files, const GaugeFolders& folders) {
-  RemoveHalfMoved(files, folders.gauges);
-  RemoveHalfMoved(files, folders.spare);
+  files.Delete(folders.gauges + kHalfMoved);
+  files.Delete(folders.spare + kHalfMoved);
 }
 
 // Copies under a name that is no gauge's, then gives the copy its name, then deletes the source: at
@@ -31,10 +26,10 @@ bool MoveFile(Files& files, const std::string& source, const std::string& folder
   const std::string half_moved = folder + kHalfMoved;
   if (!files.Copy(source, half_moved)) return false;
   if (!files.Rename(half_moved, folder + "\\" + name)) {
-    RemoveHalfMoved(files, folder);
+    files.Delete(half_moved);
     return false;
   }
-  return files.ClearAttributes(source) && files.Delete(source);
+  return files.Delete(source);
 }
 
 bool HasGaugeEnding(const std::string& name) {
@@ -50,7 +45,7 @@ std::vector<std::string> ArchivedNames(const Files& files, const std::string& sp
   if (typed.find_first_of("\\/:") != std::string::npos) return names;
   const auto add = [&](const std::string& pattern) {
     const auto listed = files.List(spare + "\\" + pattern, ListedEntries::PlainFiles);
-    if (listed) names.insert(names.end(), listed->begin(), listed->end());
+    for (std::size_t i = 0; listed && i < listed->size(); ++i) names.push_back((*listed)[i].name);
   };
   if (HasGaugeEnding(typed)) {
     add(typed);

@@ -8,10 +8,16 @@
 
 namespace panelkit {
 
-/// What a listing gives.
+/// Which entries a listing gives.
 enum class ListedEntries {
   PlainFiles,       ///< No folders.
   FilesAndFolders,  ///< Folders too, "." and ".." first.
+};
+
+/// One entry of a listing.
+struct ListedEntry {
+  std::string name;        ///< Without the folder, spelt as on disk.
+  bool is_folder = false;  ///< True for a link to a folder, and for "." and "..".
 };
 
 /// Whether a written file must have reached the disk before the call returns.
@@ -48,19 +54,21 @@ class Files {
  public:
   virtual ~Files() = default;
 
-  /// The folder that the program keeps its own files in, without a closing backslash; chosen when
-  /// the machine is opened. The executable's folder or, where the user may not write there,
-  /// UserFolder.
+  /// The folder that the program keeps its own files in, without a closing backslash; chosen once,
+  /// when the machine is opened. The executable's folder if the user may write there; otherwise, or
+  /// if the program is installed among others' (in a "bin" folder), UserFolder, which this call
+  /// makes if it is missing.
   virtual std::string AppFolder() const = 0;
 
-  /// A folder of the user's own for what AppFolder does not take, without a closing backslash. Made
-  /// by this call if it is missing; empty where it cannot be made.
+  /// The user's own folder for the program's files, without a closing backslash. Made by this call
+  /// if it is missing; empty if it cannot be made.
   virtual std::string UserFolder() const = 0;
 
-  /// Names in one folder that match the pattern behind the last backslash ("*.gau", "*.*"), matched
-  /// on the long name with case ignored, without hidden and system entries, ordered by upper-cased
-  /// name. Nothing (as opposed to an empty list) where the folder is absent or cannot be read.
-  virtual std::optional<std::vector<std::string>> List(std::string_view pattern,
+  /// Entries of one folder that match the pattern behind the last backslash ("*.gau", "*.*"),
+  /// matched on the long name with case ignored, without hidden and system entries, ordered by
+  /// upper-cased name. nullopt (as opposed to an empty list) if the folder is absent or cannot be
+  /// read.
+  virtual std::optional<std::vector<ListedEntry>> List(std::string_view pattern,
                                                        ListedEntries entries) const = 0;
 
   /// True if the path names a folder (attribute value 16); false for all else, missing included.
@@ -100,11 +108,8 @@ class Files {
   /// stood there under that name in any case, read-only or not, gives way. False where it cannot.
   virtual bool Rename(std::string_view from, std::string_view to) = 0;
 
-  /// Sets the file's attributes to normal, which clears read-only. False where it cannot.
-  virtual bool ClearAttributes(std::string_view path) = 0;
-
-  /// Deletes one plain file. False where it cannot (read-only, in use, closed to us, a folder,
-  /// absent).
+  /// Deletes one plain file, read-only or not. False if it cannot (in use, closed to us, a folder,
+  /// absent); the file is as it was then, its attributes too.
   virtual bool Delete(std::string_view path) = 0;
 };
 

@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/machine.h"
 
@@ -28,6 +29,20 @@ class LocalMachine {
   /// A Windows path as the system's own programs write it; the path itself where no native one
   /// is known.
   virtual std::string NativePath(std::string_view windows_path) const = 0;
+
+  /// The folder of the pictures that came with the program, as a Windows path without a closing
+  /// backslash: the executable's folder or, for an installed program, "share/panelkit" beside its
+  /// "bin" folder.
+  virtual std::string PictureFolder() const = 0;
+
+  /// How Files::AppFolder was chosen, as one line for the user: "the program's own folder",
+  /// "your own folder, since you may not write to /opt/panelkit".
+  virtual std::string AppFolderOrigin() const = 0;
+
+  /// The folders in which this or an earlier run may have left files: Files::AppFolder first, then
+  /// the executable's or the user's own folder if that is another one and is there. As Windows
+  /// paths without a closing backslash.
+  virtual std::vector<std::string> FoldersOfOwnFiles() const = 0;
 
   /// The code page's name as web browsers know it: "windows-1252", "shift_jis".
   virtual std::string Charset() const = 0;

@@ -23,7 +23,7 @@ inline void Require(bool promise) {
 /// A Wine prefix in a temporary folder.
 struct Prefix {
   test::TempFolder folder;
-  WineMachine machine{{folder.Path(), "test"}, folder.Path().native()};
+  WineMachine machine{{folder.Path(), "test"}, OwnFoldersOf(folder.Path())};
   std::filesystem::path c = folder / "drive_c";
 
   /// A new cabinet of these bytes, C:\x.cab.

@@ -21,11 +21,14 @@ struct Disk {
     return files.AppFolder() + '\\' + std::string(name);
   }
 
-  /// A listing of the machine's, a blank behind each name; "(none)" where there is none.
+  /// A listing of the machine's, a blank behind each name, "/" behind a folder's; "(none)" if there
+  /// is none.
   std::string List(std::string_view pattern, ListedEntries entries) const {
-    const auto names = files.List(At(pattern), entries);
-    std::string listed = names ? "" : "(none)";
-    for (const std::string& name : names.value_or(std::vector<std::string>())) listed += name + ' ';
+    const auto found = files.List(At(pattern), entries);
+    std::string listed = found ? "" : "(none)";
+    for (const ListedEntry& entry : found.value_or(std::vector<ListedEntry>())) {
+      listed += entry.name + (entry.is_folder ? "/ " : " ");
+    }
     return listed;
   }
 };

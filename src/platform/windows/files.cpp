@@ -142,14 +142,16 @@ bool WindowsFiles::Rename(std::string_view from, std::string_view to) {
   return Move(target, between) && Move(between, target);
 }
 
-bool WindowsFiles::ClearAttributes(std::string_view path) {
-  const std::wstring file = FilePath(path);
-  return !file.empty() && SetFileAttributesW(file.c_str(), FILE_ATTRIBUTE_NORMAL) != 0;
-}
-
 bool WindowsFiles::Delete(std::string_view path) {
   const std::wstring file = FilePath(path);
-  return !file.empty() && DeleteFileW(file.c_str()) != 0;
+  const DWORD attributes = Attributes(file);
+  if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0 ||
+      !SetFileAttributesW(file.c_str(), FILE_ATTRIBUTE_NORMAL)) {
+    return false;
+  }
+  if (DeleteFileW(file.c_str())) return true;
+  SetFileAttributesW(file.c_str(), attributes);
+  return false;
 }
 
 }  // namespace panelkit::windows

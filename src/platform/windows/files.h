@@ -15,7 +15,7 @@ class WindowsFiles : public Files {
 
   std::string AppFolder() const override { return app_folder_; }
   std::string UserFolder() const override;
-  std::optional<std::vector<std::string>> List(std::string_view pattern,
+  std::optional<std::vector<ListedEntry>> List(std::string_view pattern,
                                                ListedEntries entries) const override;
   bool IsFolder(std::string_view path) const override;
   bool IsPlainFile(std::string_view path) const override;
@@ -29,7 +29,6 @@ class WindowsFiles : public Files {
   /// As promised, but that the copy's access rights are those that its folder hands down.
   bool Copy(std::string_view source, std::string_view target) override;
   bool Rename(std::string_view from, std::string_view to) override;
-  bool ClearAttributes(std::string_view path) override;
   bool Delete(std::string_view path) override;
 
  private:

@@ -14,12 +14,12 @@ namespace {
 /// An entry with the key that listings are ordered by: "." and ".." first.
 struct Entry {
   std::string upper;
-  std::string name;
+  ListedEntry listed;
 
-  bool IsDots() const { return name == "." || name == ".."; }
+  bool IsDots() const { return listed.name == "." || listed.name == ".."; }
   bool operator<(const Entry& other) const {
     if (IsDots() != other.IsDots()) return IsDots();
-    return upper != other.upper ? upper < other.upper : name < other.name;
+    return upper != other.upper ? upper < other.upper : listed.name < other.listed.name;
   }
 };
 
@@ -43,17 +43,15 @@ class Search {
 };
 
 bool IsWanted(const WIN32_FIND_DATAW& found, const Entry& entry, ListedEntries entries) {
-  const DWORD attributes = found.dwFileAttributes;
-  if ((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0 && entries == ListedEntries::PlainFiles) {
-    return false;
-  }
+  if (entry.listed.is_folder && entries == ListedEntries::PlainFiles) return false;
   // The two dot entries carry the attributes of the folders that they stand for.
-  return entry.IsDots() || (attributes & (FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM)) == 0;
+  return entry.IsDots() ||
+         (found.dwFileAttributes & (FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM)) == 0;
 }
 
 }  // namespace
 
-std::optional<std::vector<std::string>> WindowsFiles::List(std::string_view pattern,
+std::optional<std::vector<ListedEntry>> WindowsFiles::List(std::string_view pattern,
                                                            ListedEntries entries) const {
   const std::size_t name_start = pattern.find_last_of("\\/") + 1;
   const std::string upper_pattern = text_.Upper(pattern.substr(name_start));
@@ -69,19 +67,20 @@ std::optional<std::vector<std::string>> WindowsFiles::List(std::string_view patt
   } else {
     do {
       Entry entry;
-      entry.name = Utf8(search.Found().cFileName);
+      entry.listed = {Utf8(search.Found().cFileName),
+                      (search.Found().dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0};
       if (!IsWanted(search.Found(), entry, entries)) continue;
-      entry.upper = text_.Upper(entry.name);
+      entry.upper = text_.Upper(entry.listed.name);
       if (MatchesWildcard(upper_pattern, entry.upper)) found.push_back(std::move(entry));
     } while (search.Next());
     if (GetLastError() != ERROR_NO_MORE_FILES) return std::nullopt;
   }
 
   std::sort(found.begin(), found.end());
-  std::vector<std::string> names;
-  names.reserve(found.size());
-  for (Entry& entry : found) names.push_back(std::move(entry.name));
-  return names;
+  std::vector<ListedEntry> listed;
+  listed.reserve(found.size());
+  for (Entry& entry : found) listed.push_back(std::move(entry.listed));
+  return listed;
 }
 
 }  // namespace panelkit::windows

@@ -5,6 +5,7 @@
 #include <shellapi.h>
 
 #include <algorithm>
+#include <atomic>
 
 #include "platform/windows/text.h"
 #include "platform/windows/wide.h"
@@ -20,11 +21,29 @@ bool IsConsole(HANDLE stream) {
   return GetConsoleMode(stream, &mode) != 0;
 }
 
+/// What the thread that Windows starts for Ctrl-C has noted.
+std::atomic<bool> interrupted = false;
+std::atomic<bool> noted_by_this_guard = false;
+
+/// TRUE keeps the process alive.
+BOOL WINAPI NoteInterrupt(DWORD event) {
+  if (event != CTRL_C_EVENT) return FALSE;
+  interrupted = true;
+  return noted_by_this_guard.exchange(true) ? FALSE : TRUE;
+}
+
+/// Whether the other end of a pipe is closed.
+bool NobodyReads(DWORD error) {
+  return error == ERROR_BROKEN_PIPE || error == ERROR_NO_DATA;
+}
+
 bool WriteBytes(HANDLE stream, std::string_view bytes) {
   while (!bytes.empty()) {
     DWORD written = 0;
     const auto block = static_cast<DWORD>(std::min(bytes.size(), kBlock));
-    if (!WriteFile(stream, bytes.data(), block, &written, nullptr)) return false;
+    if (!WriteFile(stream, bytes.data(), block, &written, nullptr)) {
+      return NobodyReads(GetLastError());
+    }
     bytes.remove_prefix(written);
   }
   return true;
@@ -84,6 +103,23 @@ void WriteError(std::string_view text) {
 
 bool ErrorIsTerminal() {
   return IsConsole(GetStdHandle(STD_ERROR_HANDLE));
+}
+
+bool OutIsTerminal() {
+  return IsConsole(GetStdHandle(STD_OUTPUT_HANDLE));
+}
+
+InterruptGuard::InterruptGuard() {
+  noted_by_this_guard = false;
+  SetConsoleCtrlHandler(NoteInterrupt, TRUE);
+}
+
+InterruptGuard::~InterruptGuard() {
+  SetConsoleCtrlHandler(NoteInterrupt, FALSE);
+}
+
+bool Interrupted() {
+  return interrupted;
 }
 
 }  // namespace panelkit::terminal

@@ -31,6 +31,10 @@ class ThisWindows : public LocalMachine {
     return std::string(windows_path);
   }
 
+  std::string PictureFolder() const override { return files_.AppFolder(); }
+  std::string AppFolderOrigin() const override { return "the program's own folder"; }
+  std::vector<std::string> FoldersOfOwnFiles() const override { return {files_.AppFolder()}; }
+
   /// The names that the web gives to code pages which are not simply numbered.
   std::string Charset() const override {
     switch (const UINT page = GetACP()) {

@@ -39,14 +39,4 @@ bool IsReadOnly(const struct stat& status) {
   return (status.st_mode & kAnyWriter) == 0;
 }
 
-bool SetNormalAttributes(const std::string& native_path) {
-  const auto status = StatusOf(native_path);
-  if (!status) return false;
-  if (IsReadOnly(*status) &&
-      chmod(native_path.c_str(), (status->st_mode | S_IWUSR) & 07777U) != 0) {
-    return false;
-  }
-  return StoredAttributes(native_path) == 0 || removexattr(native_path.c_str(), kAttribute) == 0;
-}
-
 }  // namespace panelkit

@@ -14,8 +14,4 @@ bool IsHiddenOrSystem(const std::string& native_path);
 /// Whether the file is read-only to Windows: nobody may write to it.
 bool IsReadOnly(const struct stat& status);
 
-/// Makes the file neither read-only nor hidden nor system, as far as its name allows. False where
-/// it cannot.
-bool SetNormalAttributes(const std::string& native_path);
-
 }  // namespace panelkit

@@ -37,43 +37,43 @@ unsigned char KindOf(const FolderEntry& entry, const std::string& folder) {
   return static_cast<unsigned char>(IFTODT(status->st_mode));
 }
 
-/// The names in the folder less those of hidden and system entries. Threads share the work, most of
-/// the time that a listing takes, the more so on a disk that has to look for each.
-std::vector<std::string> WithoutHidden(const std::string& folder, std::vector<std::string> names) {
+/// Takes hidden and system entries of the folder out. Threads share the work, most of the time that
+/// a listing takes, the more so on a disk that has to look for each.
+void RemoveHidden(const std::string& folder, std::vector<ListedEntry>& entries) {
   constexpr std::size_t kLeastShare = 256;  // Worth a thread.
-  const auto take_out = [&folder, &names](std::size_t begin, std::size_t end) {
+  const auto clear_hidden = [&folder, &entries](std::size_t begin, std::size_t end) {
     std::string path = folder + '/';
     for (std::size_t i = begin; i < end; ++i) {
-      path.replace(folder.size() + 1, std::string::npos, names[i]);
-      if (IsHiddenOrSystem(path)) names[i].clear();
+      path.replace(folder.size() + 1, std::string::npos, entries[i].name);
+      if (IsHiddenOrSystem(path)) entries[i].name.clear();
     }
   };
   const std::size_t share =
-      std::max(kLeastShare, names.size() / std::max(1U, std::thread::hardware_concurrency()) + 1);
+      std::max(kLeastShare, entries.size() / std::max(1U, std::thread::hardware_concurrency()) + 1);
   std::vector<std::future<void>> others;
-  for (std::size_t begin = share; begin < names.size(); begin += share) {
+  for (std::size_t begin = share; begin < entries.size(); begin += share) {
     // One for which there is no thread runs below.
-    others.push_back(std::async(std::launch::async | std::launch::deferred, take_out, begin,
-                                std::min(begin + share, names.size())));
+    others.push_back(std::async(std::launch::async | std::launch::deferred, clear_hidden, begin,
+                                std::min(begin + share, entries.size())));
   }
-  take_out(0, std::min(share, names.size()));
+  clear_hidden(0, std::min(share, entries.size()));
   for (auto& other : others) other.get();
-  std::erase(names, "");
-  return names;
+  std::erase_if(entries, [](const ListedEntry& entry) { return entry.name.empty(); });
 }
 
-/// The names ordered by their upper-cased form.
-std::vector<std::string> Sorted(std::vector<std::string> names) {
-  std::vector<std::pair<std::string, std::string>> by_upper;
-  by_upper.reserve(names.size());
-  for (auto& name : names) {
-    std::string upper = Uppered(name);
-    by_upper.emplace_back(std::move(upper), std::move(name));
+/// Orders the entries by their upper-cased names.
+void Sort(std::vector<ListedEntry>& entries) {
+  std::vector<std::pair<std::string, ListedEntry>> by_upper;
+  by_upper.reserve(entries.size());
+  for (auto& entry : entries) {
+    std::string upper = Uppered(entry.name);
+    by_upper.emplace_back(std::move(upper), std::move(entry));
   }
-  std::sort(by_upper.begin(), by_upper.end());
-  std::transform(by_upper.begin(), by_upper.end(), names.begin(),
+  std::sort(by_upper.begin(), by_upper.end(), [](const auto& a, const auto& b) {
+    return a.first != b.first ? a.first < b.first : a.second.name < b.second.name;
+  });
+  std::transform(by_upper.begin(), by_upper.end(), entries.begin(),
                  [](auto& entry) { return std::move(entry.second); });
-  return names;
 }
 
 std::string_view WithoutClosingSeparator(std::string_view path) {
@@ -82,7 +82,12 @@ std::string_view WithoutClosingSeparator(std::string_view path) {
 
 }  // namespace
 
-std::optional<std::vector<std::string>> WineFiles::List(std::string_view pattern,
+std::string WineFiles::AppFolder() const {
+  if (folders_.app == folders_.user) MakePrivateFolder(folders_.user);
+  return resolver_.WindowsPathOf(folders_.app);
+}
+
+std::optional<std::vector<ListedEntry>> WineFiles::List(std::string_view pattern,
                                                         ListedEntries entries) const {
   const std::size_t name_start = pattern.find_last_of("\\/") + 1;
   const auto folder = resolver_.Existing(name_start == 0 ? "." : pattern.substr(0, name_start));
@@ -90,17 +95,20 @@ std::optional<std::vector<std::string>> WineFiles::List(std::string_view pattern
   if (!found) return std::nullopt;
   const std::string wanted = Lowered(pattern.substr(name_start));
   const bool with_folders = entries == ListedEntries::FilesAndFolders;
-  std::vector<std::string> names;
+  std::vector<ListedEntry> listed;
   for (auto& entry : *found) {
     if (!CanBeNamed(entry.name) || !MatchesWildcard(wanted, Lowered(entry.name))) continue;
     const unsigned char kind = KindOf(entry, *folder);
-    if (kind == DT_REG || (kind == DT_DIR && with_folders)) names.push_back(std::move(entry.name));
+    if (kind == DT_REG || (kind == DT_DIR && with_folders)) {
+      listed.push_back({std::move(entry.name), kind == DT_DIR});
+    }
   }
-  names = Sorted(WithoutHidden(*folder, std::move(names)));
+  RemoveHidden(*folder, listed);
+  Sort(listed);
   for (const char* name : {"..", "."}) {
-    if (with_folders && MatchesWildcard(wanted, name)) names.insert(names.begin(), name);
+    if (with_folders && MatchesWildcard(wanted, name)) listed.insert(listed.begin(), {name, true});
   }
-  return names;
+  return listed;
 }
 
 std::optional<std::string> WineFiles::PlainFile(std::string_view path) const {
@@ -136,7 +144,7 @@ bool WineFiles::IsLink(std::string_view path) const {
 }
 
 std::string WineFiles::UserFolder() const {
-  return {};
+  return MakePrivateFolder(folders_.user) ? resolver_.WindowsPathOf(folders_.user) : "";
 }
 
 FileContent WineFiles::Read(std::string_view path) const {
@@ -210,15 +218,10 @@ bool WineFiles::Rename(std::string_view from, std::string_view to) {
   return FlushFolder(FolderOf(*new_path));
 }
 
-bool WineFiles::ClearAttributes(std::string_view path) {
-  const auto native = PlainFile(path);
-  return native && SetNormalAttributes(*native);
-}
-
 bool WineFiles::Delete(std::string_view path) {
+  // Unlike Windows, Linux asks for no attribute of a file that is to go.
   const auto native = PlainFile(path);
-  const auto status = native ? StatusOf(*native) : std::nullopt;
-  return status && !IsReadOnly(*status) && unlink(native->c_str()) == 0;
+  return native && unlink(native->c_str()) == 0;
 }
 
 }  // namespace panelkit

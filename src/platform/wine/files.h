@@ -4,6 +4,7 @@
 #include <string>
 
 #include "platform/files.h"
+#include "platform/wine/own_folders.h"
 #include "platform/wine/path_resolver.h"
 
 namespace panelkit {
@@ -13,13 +14,13 @@ namespace panelkit {
 /// not listed; neither are names that no Windows path could hold (not UTF-8, or with a backslash).
 class WineFiles final : public Files {
  public:
-  /// `resolver` lives longer than this object; `app_folder` is a Windows path.
-  WineFiles(const PathResolver& resolver, std::string app_folder)
-      : resolver_(resolver), app_folder_(std::move(app_folder)) {}
+  /// Both live longer than this object.
+  WineFiles(const PathResolver& resolver, const OwnFolders& folders)
+      : resolver_(resolver), folders_(folders) {}
 
-  std::string AppFolder() const override { return app_folder_; }
+  std::string AppFolder() const override;
   std::string UserFolder() const override;
-  std::optional<std::vector<std::string>> List(std::string_view pattern,
+  std::optional<std::vector<ListedEntry>> List(std::string_view pattern,
                                                ListedEntries entries) const override;
   bool IsFolder(std::string_view path) const override;
   bool IsPlainFile(std::string_view path) const override;
@@ -31,14 +32,13 @@ class WineFiles final : public Files {
   int MakeFolder(std::string_view path) override;
   bool Copy(std::string_view source, std::string_view target) override;
   bool Rename(std::string_view from, std::string_view to) override;
-  bool ClearAttributes(std::string_view path) override;
   bool Delete(std::string_view path) override;
 
  private:
   std::optional<std::string> PlainFile(std::string_view path) const;
 
   const PathResolver& resolver_;
-  std::string app_folder_;
+  const OwnFolders& folders_;
 };
 
 }  // namespace panelkit

@@ -18,7 +18,9 @@ namespace {
 
 std::string TerminalEncoding() {
   const UserLocale locale(LC_CTYPE_MASK);
-  return nl_langinfo_l(CODESET, locale.Get());
+  const std::string encoding = nl_langinfo_l(CODESET, locale.Get());
+  // Without a locale (C, POSIX) nothing tells what the terminal takes. Nearly all take UTF-8.
+  return encoding == "ANSI_X3.4-1968" ? "UTF-8" : encoding;
 }
 
 /// `text` in another encoding. What cannot be converted gives `substitute` and goes on one
@@ -51,15 +53,24 @@ std::string Converted(std::string_view text, const std::string& to, const std::s
   return converted;
 }
 
-/// Has a closed pipe be told by write(2) instead of ending the process.
-void KeepClosedPipesQuiet() {
+/// Ignores SIGPIPE, so that write(2) reports a closed pipe instead of ending the process.
+void IgnoreClosedPipes() {
   static const auto previous = std::signal(SIGPIPE, SIG_IGN);
   static_cast<void>(previous);
 }
 
 bool Write(int descriptor, std::string_view bytes) {
-  KeepClosedPipesQuiet();
-  return WriteAll(descriptor, bytes);
+  IgnoreClosedPipes();
+  return WriteAll(descriptor, bytes) || errno == EPIPE;
+}
+
+volatile std::sig_atomic_t interrupted = 0;
+
+/// What SIGINT did before the guard that lives now.
+struct sigaction before_guard {};
+
+void NoteInterrupt(int) {
+  interrupted = 1;
 }
 
 bool WriteText(int descriptor, std::string_view text) {
@@ -74,7 +85,6 @@ std::vector<std::string> Arguments(int argc, char** argv) {
   const std::string encoding = TerminalEncoding();
   std::vector<std::string> arguments(argv, argv + argc);
   for (std::string& argument : arguments) {
-    // A C locale tells nothing about the bytes: they are UTF-8 then, as in most other places.
     if (!utf8::IsValid(argument)) argument = Converted(argument, "UTF-8", encoding, "\uFFFD");
   }
   return arguments;
@@ -94,6 +104,28 @@ void WriteError(std::string_view text) {
 
 bool ErrorIsTerminal() {
   return isatty(STDERR_FILENO) == 1;
+}
+
+bool OutIsTerminal() {
+  return isatty(STDOUT_FILENO) == 1;
+}
+
+InterruptGuard::InterruptGuard() {
+  sigaction(SIGINT, nullptr, &before_guard);
+  // A shell has its background commands ignore Ctrl-C, which stays so.
+  if (before_guard.sa_handler == SIG_IGN) return;
+  struct sigaction note {};
+  note.sa_handler = NoteInterrupt;
+  note.sa_flags = SA_RESTART | static_cast<int>(SA_RESETHAND);
+  sigaction(SIGINT, &note, nullptr);
+}
+
+InterruptGuard::~InterruptGuard() {
+  sigaction(SIGINT, &before_guard, nullptr);
+}
+
+bool Interrupted() {
+  return interrupted != 0;
 }
 
 }  // namespace panelkit::terminal

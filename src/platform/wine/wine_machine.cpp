@@ -26,13 +26,14 @@ bool IsWindowsPath(std::string_view typed) {
 
 }  // namespace
 
-WineMachine::WineMachine(WinePrefix prefix, std::string_view app_folder)
+WineMachine::WineMachine(WinePrefix prefix, OwnFolders folders)
     : prefix_(std::move(prefix)),
+      folders_(std::move(folders)),
       hive_(RegistryFileOf(prefix_.folder)),
       text_(CodePageOf(hive_.Current().get())),
       resolver_(prefix_.folder),
       registry_(hive_, text_),
-      files_(resolver_, resolver_.WindowsPathOf(app_folder)),
+      files_(resolver_, folders_),
       cabinets_(resolver_, text_) {}
 
 Machine WineMachine::Services() {
@@ -64,6 +65,21 @@ std::string WineMachine::NativePath(std::string_view windows_path) const {
   return native ? *native : std::string(windows_path);
 }
 
+std::string WineMachine::PictureFolder() const {
+  return resolver_.WindowsPathOf(folders_.pictures);
+}
+
+std::string WineMachine::AppFolderOrigin() const {
+  return folders_.origin;
+}
+
+std::vector<std::string> WineMachine::FoldersOfOwnFiles() const {
+  std::vector<std::string> folders = {resolver_.WindowsPathOf(folders_.app)};
+  const std::string& other = folders_.app == folders_.user ? folders_.program : folders_.user;
+  if (StatusOf(other)) folders.push_back(resolver_.WindowsPathOf(other));
+  return folders;
+}
+
 std::string WineMachine::Charset() const {
   switch (text_.Page()) {
     case 874:
@@ -84,13 +100,13 @@ std::string WineMachine::Charset() const {
 }
 
 std::unique_ptr<LocalMachine> OpenLocalMachine(const std::function<bool(const Machine&)>& wanted) {
-  const std::string app_folder = ExecutableFolder();
+  const OwnFolders folders = OwnFoldersOf(ExecutableFolder());
   const std::vector<WinePrefix> prefixes = WinePrefixes();
   for (const WinePrefix& prefix : prefixes) {
-    auto machine = std::make_unique<WineMachine>(prefix, app_folder);
+    auto machine = std::make_unique<WineMachine>(prefix, folders);
     if (prefixes.size() == 1 || wanted(machine->Services())) return machine;
   }
-  return std::make_unique<WineMachine>(prefixes.front(), app_folder);
+  return std::make_unique<WineMachine>(prefixes.front(), folders);
 }
 
 }  // namespace panelkit

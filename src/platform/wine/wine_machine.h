@@ -9,6 +9,7 @@
 #include "platform/wine/date_stamps.h"
 #include "platform/wine/files.h"
 #include "platform/wine/hive_file.h"
+#include "platform/wine/own_folders.h"
 #include "platform/wine/path_resolver.h"
 #include "platform/wine/registry.h"
 #include "platform/wine/text.h"
@@ -19,17 +20,20 @@ namespace panelkit {
 /// One prefix. Its code page is that of the moment of opening; all else is read when asked.
 class WineMachine final : public LocalMachine {
  public:
-  /// `app_folder` is the native folder of the program's executable.
-  WineMachine(WinePrefix prefix, std::string_view app_folder);
+  WineMachine(WinePrefix prefix, OwnFolders folders);
 
   Machine Services() override;
   std::string Origin() const override;
   std::string WindowsPath(std::string_view typed) const override;
   std::string NativePath(std::string_view windows_path) const override;
+  std::string PictureFolder() const override;
+  std::string AppFolderOrigin() const override;
+  std::vector<std::string> FoldersOfOwnFiles() const override;
   std::string Charset() const override;
 
  private:
   WinePrefix prefix_;
+  OwnFolders folders_;
   HiveFile hive_;
   WineText text_;
   PathResolver resolver_;

@@ -1,8 +1,5 @@
 #include "platform/wine/wine_prefix.h"
 
-#include <pwd.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <array>
 #include <cstdlib>
@@ -13,6 +10,7 @@
 
 #include "platform/wine/folder_reader.h"
 #include "platform/wine/native_file.h"
+#include "platform/wine/own_folders.h"
 
 namespace panelkit {
 
@@ -23,7 +21,7 @@ namespace fs = std::filesystem;
 /// Folders below a home, or below its folder for programs' files, each of which is a prefix.
 struct Place {
   std::string_view manager;
-  std::string_view pattern;  ///< "*" stands for every folder.
+  std::string_view pattern;  ///< "*" at the end of a part stands for any ending.
 };
 
 constexpr std::array<Place, 8> kBelowHome = {{
@@ -49,25 +47,20 @@ std::string Variable(const char* name) {
   return value ? value : "";
 }
 
-std::string Home() {
-  std::string home = Variable("HOME");
-  if (!home.empty()) return home;
-  const passwd* const user = getpwuid(getuid());
-  return user ? user->pw_dir : "/";
-}
-
 /// The folders that the pattern stands for, in byte order.
 std::vector<std::string> Expanded(const std::string& base, std::string_view pattern) {
   if (pattern.empty()) return {base};
   const std::size_t end = std::min(pattern.find('/'), pattern.size());
   const std::string_view part = pattern.substr(0, end);
   const std::string_view rest = pattern.substr(std::min(end + 1, pattern.size()));
-  if (part != "*") return Expanded(base + '/' + std::string(part), rest);
+  if (!part.ends_with('*')) return Expanded(base + '/' + std::string(part), rest);
+  const std::string_view start = part.substr(0, part.size() - 1);
   auto entries = ReadFolder(base).value_or(std::vector<FolderEntry>{});
   std::sort(entries.begin(), entries.end(),
             [](const auto& a, const auto& b) { return a.name < b.name; });
   std::vector<std::string> found;
   for (const auto& entry : entries) {
+    if (!entry.name.starts_with(start)) continue;
     for (auto& folder : Expanded(base + '/' + entry.name, rest)) {
       found.push_back(std::move(folder));
     }
@@ -113,13 +106,11 @@ std::vector<WinePrefix> WinePrefixes() {
   if (const std::string named = Variable("WINEPREFIX"); !named.empty()) {
     return {{fs::absolute(named, error), "WINEPREFIX"}};
   }
-  const std::string home = Home();
-  std::string share = Variable("XDG_DATA_HOME");
-  if (share.empty()) share = home + "/.local/share";
+  const std::string home = HomeFolder();
   Collection collection;
   collection.Add(home + "/.wine", "");
   collection.AddBelow(home, kBelowHome);
-  collection.AddBelow(share, kBelowShare);
+  collection.AddBelow(UserDataFolder(), kBelowShare);
   for (const std::string& flatpak : Expanded(home + "/.var/app", "*")) {
     collection.AddBelow(flatpak, kBelowHome);
     collection.AddBelow(flatpak + "/.local/share", kBelowShare);

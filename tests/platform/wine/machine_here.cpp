@@ -9,7 +9,7 @@ namespace panelkit::test {
 
 std::unique_ptr<LocalMachine> OpenMachineAt(const std::filesystem::path& root,
                                             const std::filesystem::path& app) {
-  return std::make_unique<WineMachine>(WinePrefix{root, "test"}, app.native());
+  return std::make_unique<WineMachine>(WinePrefix{root, "test"}, OwnFoldersOf(app));
 }
 
 std::unique_ptr<Text> TextOf(unsigned code_page) {

@@ -13,6 +13,8 @@
 namespace panelkit::test {
 namespace {
 
+namespace fs = std::filesystem;
+
 TEST_CASE("The prefix that holds the simulator is found in the home folder") {
   const TempFolder home;
   const std::string root = home.Path();
@@ -33,6 +35,7 @@ TEST_CASE("The prefix that holds the simulator is found in the home folder") {
   const std::pair<std::string, std::string> places[] = {
       {".var/app/com.usebottles.bottles/data/bottles/bottles/fs", " (Bottles)"},
       {".local/share/Steam/steamapps/compatdata/2/pfx", " (Steam)"},
+      {".local/share/lutris/runners/winesteam/prefix64", " (Lutris)"},
       {".PlayOnLinux/wineprefix/fs", " (PlayOnLinux)"},
       {"Games/fs2002/prefix", " (Lutris)"},
       {".wine", ""},
@@ -43,6 +46,36 @@ TEST_CASE("The prefix that holds the simulator is found in the home folder") {
   }
   setenv("WINEPREFIX", (root + "/Games/fs2002/prefix").c_str(), 1);
   CHECK(origin() == "Wine prefix " + root + "/Games/fs2002/prefix (WINEPREFIX)");
+}
+
+TEST_CASE(
+    "Own files lie beside the program, or in the user's folder if that place is not for them") {
+  const TempFolder home;
+  const std::string root = home.Path();
+  setenv("HOME", root.c_str(), 1);
+  setenv("XDG_DATA_HOME", "relative", 1);
+  const std::string data = root + "/.local/share/panelkit";
+  const auto folders = [&](const char* program) {
+    const auto machine = OpenMachineAt(home.Path(), home.Path() / program);
+    std::string told = machine->NativePath(machine->Services().files.AppFolder());
+    for (const auto& folder : machine->FoldersOfOwnFiles())
+      told += '|' + machine->NativePath(folder);
+    return Replaced(told + '|' + machine->NativePath(machine->PictureFolder()), root, "~");
+  };
+  fs::create_directory(home / "Panelkit");
+  CHECK(folders("Panelkit") == "~/Panelkit|~/Panelkit|~/Panelkit");
+  // A folder that is not there stands for one that is closed to us, which root never meets.
+  CHECK(folders("closed") == "~/.local/share/panelkit|~/.local/share/panelkit|~/closed");
+  CHECK((fs::status(data).permissions() & fs::perms::mask) == fs::perms::owner_all);
+  CHECK(folders("Panelkit") == "~/Panelkit|~/Panelkit|~/.local/share/panelkit|~/Panelkit");
+  setenv("XDG_DATA_HOME", (root + "/data").c_str(), 1);
+  Put(home / "usr/share/panelkit/easy.gif", "");
+  fs::create_directory(home / "usr/bin");
+  CHECK(folders("usr/bin") == "~/data/panelkit|~/data/panelkit|~/usr/bin|~/usr/share/panelkit");
+  const auto machine = OpenMachineAt(home.Path(), home / "usr/bin");
+  CHECK(machine->Services().files.UserFolder() == machine->Services().files.AppFolder());
+  setenv("XDG_DATA_HOME", (root + "/usr/share/panelkit/easy.gif").c_str(), 1);
+  CHECK(OpenMachineAt(home.Path(), home / "Panelkit")->Services().files.UserFolder().empty());
 }
 
 TEST_CASE("The prefix's code page is the machine's, under both names of its key") {
@@ -82,7 +115,7 @@ TEST_CASE("Text goes out in the terminal's encoding and a failure is told") {
     close(terminal);
     return done ? Get(file) : "failed";
   };
-  CHECK(written("C", folder / "out") == "???|\n\xFC\n");
+  CHECK(written("POSIX", folder / "out") == "Ü日\xFF|\n\xFC\n");
   CHECK(written("C.UTF-8", folder / "out") == "Ü日\xFF|\n\xFC\n");
   CHECK(written("C", "/dev/full") == "failed");
 }
