@@ -1,12 +1,15 @@
-# header_only_library(NAME FOLDER): an interface target for a header-only library of the host system.
-# Its headers are reached through a link in the build folder, so that a cross compiler sees them
+# header_only_library(NAME ENTRY...): an interface target for a library of the host system that is used by its
+# headers alone: the entries (files or folders) of one include folder, the system's or one of
+# CMAKE_PREFIX_PATH. They are reached through links in the build folder, so that a cross compiler sees them
 # without the host's C headers beside them.
-function(header_only_library name folder)
-  if(NOT EXISTS /usr/include/${folder})
-    message(FATAL_ERROR "${name}: /usr/include/${folder} is missing")
-  endif()
-  file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/header-only/${name})
-  file(CREATE_LINK /usr/include/${folder} ${CMAKE_BINARY_DIR}/header-only/${name}/${folder} SYMBOLIC)
+function(header_only_library name first)
+  find_path(${name}_INCLUDE_DIR ${first} PATHS /usr/local/include /usr/include NO_CMAKE_FIND_ROOT_PATH
+            REQUIRED DOC "The folder that holds ${first}")
+  set(place ${CMAKE_BINARY_DIR}/header-only/${name})
+  file(MAKE_DIRECTORY ${place})
+  foreach(entry IN ITEMS ${first} LISTS ARGN)
+    file(CREATE_LINK ${${name}_INCLUDE_DIR}/${entry} ${place}/${entry} SYMBOLIC)
+  endforeach()
   add_library(${name} INTERFACE)
-  target_include_directories(${name} SYSTEM INTERFACE ${CMAKE_BINARY_DIR}/header-only/${name})
+  target_include_directories(${name} SYSTEM INTERFACE ${place})
 endfunction()

@@ -1,4 +1,11 @@
-# What ./run and ./test share. Sourced with the repository's root as the current folder.
+# shellcheck shell=bash
+# What ./run, ./test and others share. Sourced with the repository's root as the current folder.
+
+# --no-install clears it: need_packages then only says what is missing.
+may_install=yes
+
+build_packages=(g++ cmake ninja-build pkg-config libmspack-dev libcli11-dev)
+window_packages=(libgtk-3-dev libwebkit2gtk-4.1-dev fonts-liberation)
 
 say() { printf '== %s\n' "$*"; }
 
@@ -14,9 +21,14 @@ need_packages() {
     dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null | grep -qx installed ||
       missing+=("$package")
   done
-  [ ${#missing[@]} -eq 0 ] && return
+  [ ${#missing[@]} -gt 0 ] || return 0
+  if [ $may_install = no ]; then
+    say "Going on without ${missing[*]}"
+    return
+  fi
   command -v apt-get >/dev/null ||
-    stop "This system has no apt-get. Please install what stands for these Debian packages: ${missing[*]}"
+    stop "This system has no apt-get. Install what stands for these Debian packages and use --no-install:
+${missing[*]}"
   local as_root=()
   if [ "$(id -u)" -ne 0 ]; then
     command -v sudo >/dev/null ||
@@ -31,12 +43,9 @@ need_packages() {
   fi
 }
 
-build_packages=(g++ cmake ninja-build pkg-config libmspack-dev libcli11-dev)
-window_packages=(libgtk-3-dev libwebkit2gtk-4.1-dev fonts-liberation)
-
-# build PRESET: configures where needed, and builds.
+# build PRESET [OPTION...]: configures and builds, with these options of "cmake --build".
 build() {
   say "Building ($1)"
-  [ -f "build/$1/build.ninja" ] || cmake --preset "$1" >/dev/null
-  cmake --build --preset "$1" -- --quiet
+  cmake --preset "$1" >/dev/null
+  cmake --build --preset "$1" "${@:2}" -- --quiet
 }

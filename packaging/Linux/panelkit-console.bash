@@ -1,0 +1,40 @@
+# Completion of panelkit-console for bash.
+_panelkit_console() {
+  local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]} command='' other
+  local options='--simulator --format --help --version'
+  COMPREPLY=()
+  case $before in
+    --format)
+      mapfile -t COMPREPLY < <(compgen -W 'text html' -- "$word")
+      return
+      ;;
+    --simulator | --output-path)
+      compopt -o filenames
+      mapfile -t COMPREPLY < <(compgen -d -- "$word")
+      return
+      ;;
+    --output-file) return ;;
+  esac
+  for other in "${COMP_WORDS[@]:1:COMP_CWORD-1}"; do
+    case $other in
+      where | probe | show | clean | restore | brake | cab | count | list | xml | extract)
+        command=$other
+        ;;
+    esac
+  done
+  case $command in
+    '') options+=' where probe show clean restore brake cab' ;;
+    clean) options+=' --dry-run' ;;
+    brake) options+=' on off' ;;
+    cab) options+=' count list xml extract' ;;
+    extract) options+=' --output-path --output-file' ;;
+  esac
+  mapfile -t COMPREPLY < <(compgen -W "$options" -- "$word")
+  case $command in
+    count | list | xml | extract)
+      compopt -o filenames
+      mapfile -t -O ${#COMPREPLY[@]} COMPREPLY < <(compgen -f -- "$word")
+      ;;
+  esac
+}
+complete -F _panelkit_console panelkit-console

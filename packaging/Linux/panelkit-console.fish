@@ -1,0 +1,31 @@
+# Completion of panelkit-console for fish.
+complete -c panelkit-console -f
+complete -c panelkit-console -l simulator -xa '(__fish_complete_directories)' -d "The simulator's folder"
+complete -c panelkit-console -l format -xa 'text html' -d 'How a report is printed'
+complete -c panelkit-console -s h -l help -d 'Print a help'
+complete -c panelkit-console -l version -d 'Print the version'
+
+set -l commands where probe show clean restore brake cab
+set -l no_command "not __fish_seen_subcommand_from $commands"
+complete -c panelkit-console -n $no_command -a where -d 'Tell which simulator would be used'
+complete -c panelkit-console -n $no_command -a probe -d 'Report missing gauges'
+complete -c panelkit-console -n $no_command -a show -d 'Report every gauge of every panel'
+complete -c panelkit-console -n $no_command -a clean -d 'Move gauges that no panel names'
+complete -c panelkit-console -n $no_command -a restore -d 'Bring gauges back from SpareGauges'
+complete -c panelkit-console -n $no_command -a brake -d 'Say or switch the red brake messages'
+complete -c panelkit-console -n $no_command -a cab -d 'Look into a cabinet file'
+
+complete -c panelkit-console -n '__fish_seen_subcommand_from clean' -l dry-run -d 'Move nothing'
+complete -c panelkit-console -n '__fish_seen_subcommand_from brake' -a 'on off'
+
+set -l cab '__fish_seen_subcommand_from cab'
+set -l no_cab "$cab; and not __fish_seen_subcommand_from count list xml extract"
+complete -c panelkit-console -n $no_cab -a count -d 'Count the entries'
+complete -c panelkit-console -n $no_cab -a list -d 'List the entries'
+complete -c panelkit-console -n $no_cab -a xml -d 'List the entries as XML'
+complete -c panelkit-console -n $no_cab -a extract -d 'Extract the entries'
+set -l cabinet "$cab; and __fish_seen_subcommand_from count list xml extract"
+complete -c panelkit-console -n $cabinet -Fa ''
+set -l extract "$cab; and __fish_seen_subcommand_from extract"
+complete -c panelkit-console -n $extract -l output-path -xa '(__fish_complete_directories)' -d 'Folder to extract to'
+complete -c panelkit-console -n $extract -l output-file -x -d 'Name to give'

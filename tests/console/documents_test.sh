@@ -1,0 +1,57 @@
+#!/usr/bin/env bash
+# The manual page, the completions and README name each command and each option that --help names, and the
+# manual page no other; the completion for bash offers them.
+# usage: documents_test.sh CONSOLE SOURCE_DIR
+set -euo pipefail
+console=$1
+documents=$2/packaging/Linux
+failures=0
+
+fail() {
+  printf 'FAILED: %s\n' "$*"
+  failures=$((failures + 1))
+}
+
+# helped WORD...: the help of this command.
+helped() { "$console" "$@" --help; }
+commands() { helped "$@" | awk '/^Subcommands:/ { on = 1; next } /^[^ ]/ { on = 0 } on && /^  [a-z]/ { print $1 }'; }
+options() { helped "$@" | grep -oE '^ +-.*' | grep -oE '^ +(-[a-z], *)?--[a-z-]+' | grep -oE -- '--[a-z-]+'; }
+
+# plain FILE: its text with the escapes of manual pages undone.
+plain() { sed 's/\\-/-/g; s/\\f[A-Z]//g' "$1"; }
+
+# named WORD FILE: the word stands in the file by itself, or as an option of fish.
+named() {
+  grep -qE -- "(^|[^a-z-])$1([^a-z-]|\$)" <(plain "$2") ||
+    { [ "${2##*.}" = fish ] && grep -qE -- "-l ${1#--}( |\$)" "$2"; } || fail "$2 has no word of $1"
+}
+
+# offered WORD LINE...: the completion for bash offers the word at the end of the line.
+offered() {
+  COMP_WORDS=("${@:2}" '')
+  COMP_CWORD=$(($# - 1))
+  _panelkit_console
+  [[ " ${COMPREPLY[*]} " == *" $1 "* ]] || fail "bash offers no $1 behind '${*:2}'"
+}
+compopt() { :; }
+. "$documents/panelkit-console.bash"
+
+all=()
+while read -r -a command; do
+  mapfile -t words < <(commands "${command[@]}"; options "${command[@]}")
+  [ ${#words[@]} -gt 0 ] || fail "nothing in the help of '${command[*]}'"
+  for word in "${words[@]}"; do
+    for file in "$documents"/panelkit-console.{1,bash,zsh,fish}; do named "$word" "$file"; done
+    case $word in --help | --version) ;; *) named "$word" "$2/README.md" ;; esac
+    offered "$word" panelkit-console "${command[@]}"
+  done
+  all+=("${words[@]}")
+done < <(
+  echo
+  commands
+  commands cab | sed 's/^/cab /'
+)
+
+plain "$documents/panelkit-console.1" | grep -oE -- '--[a-z-]+' | sort -u |
+  comm -23 - <(printf '%s\n' "${all[@]}" | sort -u) | { ! grep .; } || fail 'named in the manual page alone'
+[ $failures = 0 ]
