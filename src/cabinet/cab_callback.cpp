@@ -1,4 +1,4 @@
-// The callback side of CABFile: what it answers to each notification of a walk.
+// The callback of CABFile: its answer to each notification of a walk.
 #include <string>
 
 #include "cabinet/cab_file.h"
@@ -6,14 +6,13 @@
 #include "cabinet/entry_name.h"
 #include "cabinet/folder_maker.h"
 #include "cabinet/mod_gauges.h"
-#include "cabinet/xml_listing.h"
 
 namespace panelkit {
 namespace {
 
 constexpr std::string_view kGaugeEnding = ".xml";
 
-// A notification's parameter carries the address of its record.
+// The record whose address a notification's parameter carries.
 template <class Record>
 Record& RecordAt(std::uintptr_t address) {
   return *reinterpret_cast<Record*>(address);  // NOLINT(performance-no-int-to-ptr): the contract.
@@ -38,7 +37,8 @@ std::uint32_t CABFile::Dispatch(std::uint32_t Context, std::uint32_t Notificatio
     case SPFILENOTIFY_FILEEXTRACTED:
       return EntryExtracted(RecordAt<const FILEPATHS>(Param1));
     default:
-      return 0;  // SPFILENOTIFY_NEEDNEWCABINET among them: no path of a new cabinet is given.
+      return 0;  // To SPFILENOTIFY_NEEDNEWCABINET it means: go on, the next cabinet has no new
+                 // path.
   }
 }
 
@@ -61,7 +61,7 @@ std::uint32_t CABFile::EntryFound(std::uint32_t Context, FILE_IN_CABINET_INFO& I
 std::uint32_t CABFile::EntryExtracted(const FILEPATHS& Paths) {
   // The low 16 bits, signed: the code goes back to the service as the answer.
   const auto code = static_cast<std::int16_t>(Paths.Win32Error);
-  if (code == 0) AfterExtract.Raise(StringFromAnsiPointer(Paths.Target));
+  if (code == 0 && AfterExtract) AfterExtract(StringFromAnsiPointer(Paths.Target));
   return static_cast<std::uint32_t>(std::int32_t{code});
 }
 
@@ -69,15 +69,15 @@ std::uint32_t CABFile::InfoEntry(const FILE_IN_CABINET_INFO& Info) {
   const std::string full_name = StringFromAnsiPointer(Info.NameInCabinet);
   if (!EntryFilter.empty() && !MatchesFilter(full_name)) return FILEOP_SKIP;
   const auto [folder, file] = modGauges::SplitPath(full_name);
-  if (FileFound.HasSubscribers()) {
-    FileFound.Raise(file, DosStampToDate(machine_.dates, Info.DosDate, Info.DosTime),
-                    static_cast<std::int32_t>(Info.FileSize), folder);
+  if (FileFound) {
+    FileFound(file, DosStampToDate(Info.DosDate, Info.DosTime),
+              static_cast<std::int32_t>(Info.FileSize), folder);
   }
-  if (file.ends_with(kGaugeEnding)) AddGaugeRow(file);
+  if (adds_rows_ && file.ends_with(kGaugeEnding)) AddGaugeRow(file);
   return EntryFilter.empty() ? FILEOP_SKIP : FILEOP_ABORT;
 }
 
-void CABFile::AddGaugeRow(const std::string& file) {
+void CABFile::AddGaugeRow(const std::string& file) const {
   const std::string& cabinet = modGauges::CurrentCabinet;
   const std::string gauge = file.substr(0, file.size() - kGaugeEnding.size());
   if (!modGauges::InstalledGauges.Add(machine_.text, cabinet, cabinet + "!" + gauge)) {
@@ -89,9 +89,13 @@ std::uint32_t CABFile::XmlEntry(const FILE_IN_CABINET_INFO& Info) {
   const std::string full_name = StringFromAnsiPointer(Info.NameInCabinet);
   const auto [folder, file] = modGauges::SplitPath(full_name);
   if (!EntryFilter.empty() && !MatchesFilter(file)) return FILEOP_SKIP;
-  const double date = DosStampToDate(machine_.dates, Info.DosDate, Info.DosTime);
-  XmlBuffer += XmlFileElement(full_name, file, machine_.dates.DateText(date),
-                              static_cast<std::int32_t>(Info.FileSize), folder);
+  const double date = DosStampToDate(Info.DosDate, Info.DosTime);
+  const auto size = static_cast<std::int32_t>(Info.FileSize);
+  const std::string children = XmlElement(full_name, "FULLNAME") + XmlElement(file, "NAME") +
+                               XmlElement(machine_.dates.DateText(date), "DATE") +
+                               XmlElement(std::to_string(size), "SIZE") +
+                               XmlElement(folder, "PATH");
+  XmlBuffer += XmlElement(children, "FILE") + "\r\n";
   return EntryFilter.empty() ? FILEOP_SKIP : FILEOP_ABORT;
 }
 
@@ -99,11 +103,12 @@ std::uint32_t CABFile::ExtractEntry(FILE_IN_CABINET_INFO& Info) {
   const std::string full_name = StringFromAnsiPointer(Info.NameInCabinet);
   if (!EntryFilter.empty() && !MatchesFilter(full_name)) return FILEOP_SKIP;
   bool Cancel = false;
-  BeforeExtract.Raise(full_name, Cancel);
+  if (BeforeExtract) BeforeExtract(full_name, Cancel);
   if (Cancel) return FILEOP_SKIP;
   const std::string target = TargetFileName(full_name);
-  if (SavedOutputFile.empty() && !MayFollow(full_name, target)) return FILEOP_SKIP;
-  if (!MakeTargetFolder(target)) return FILEOP_SKIP;
+  if (SavedOutputFile.empty() && !StaysBelowOutput(full_name, target)) return FILEOP_SKIP;
+  std::string folder = FolderOfPath(target);
+  if (!modGauges::MakeFolderPath(machine_.files, folder)) return FILEOP_SKIP;
   StringToAnsiBytes(Info.FullTargetName, target);
   return FILEOP_DOIT;
 }
@@ -112,20 +117,15 @@ bool CABFile::MatchesFilter(const std::string& name) const {
   return machine_.text.Lower(name) == machine_.text.Lower(EntryFilter);
 }
 
-// The folders before the entry's name were chosen by the caller, those in it by whoever made the
-// cabinet: none of these may be a link that leads elsewhere.
-bool CABFile::MayFollow(const std::string& name, const std::string& target) const {
+// The caller chose the output folder, links included; the folders in the entry's name were chosen
+// by whoever made the cabinet, so none of these may be a link.
+bool CABFile::StaysBelowOutput(const std::string& name, const std::string& target) const {
   if (!IsSafeEntryName(name)) return false;
   for (std::size_t at = target.size() - name.size();
        (at = target.find('\\', at)) != std::string::npos; ++at) {
     if (machine_.files.IsLink(target.substr(0, at))) return false;
   }
   return true;
-}
-
-bool CABFile::MakeTargetFolder(const std::string& target) {
-  std::string folder = FolderOfPath(target);
-  return modGauges::MakeFolderPath(machine_.files, folder);
 }
 
 std::string CABFile::TargetFileName(const std::string& EntryName) const {

@@ -1,4 +1,4 @@
-// The error of the cabinet reader.
+// The errors of the cabinet reader: numbers, and their texts.
 #pragma once
 
 #include <cstdint>
@@ -8,7 +8,7 @@
 
 namespace panelkit {
 
-/// An error of a CABFile operation, told by number as well as in words.
+/// An error of a CABFile operation.
 class CabError : public std::exception {
  public:
   CabError(std::int32_t number, std::string source, std::string description)
@@ -16,8 +16,8 @@ class CabError : public std::exception {
 
   const char* what() const noexcept override { return Description.c_str(); }
 
-  std::int32_t Number;      ///< A code of winerror.h, CabNameMissing, 6 (overflow) or 9 (range).
-  std::string Source;       ///< "CabFile", with the operation behind a dot where it was passed on.
+  std::int32_t Number;      ///< A code of winerror.h or one of the numbers below.
+  std::string Source;       ///< kCabFileSource, "CabFile.GetXML" or "CabFile.CabCallBack".
   std::string Description;  ///< One sentence in English.
 };
 
@@ -32,5 +32,11 @@ inline constexpr std::int32_t kOverflow = 6;
 
 /// Number of an index outside its array.
 inline constexpr std::int32_t kSubscriptOutOfRange = 9;
+
+/// The text of a winerror.h code; "Unknown error." for a code that has none here.
+std::string Win32ErrorText(std::int32_t Code);
+
+/// The text of CabNameMissing; "Unknown error." for any other number.
+std::string CabErrorText(std::int32_t Number);
 
 }  // namespace panelkit

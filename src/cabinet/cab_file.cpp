@@ -1,10 +1,9 @@
+// The public operations of CABFile: each prepares its members, walks, and forms its result.
 #include "cabinet/cab_file.h"
 
 #include <exception>
 
-#include "cabinet/error_text.h"
 #include "cabinet/mod_gauges.h"
-#include "cabinet/xml_listing.h"
 
 namespace panelkit {
 
@@ -21,13 +20,15 @@ std::int32_t CABFile::FileCount() {
 
 bool CABFile::GetInfo(const std::string& FileToInvestigate) {
   try {
-    Begin();
-    EntryFilter = FileToInvestigate;
-    Walk(CabContextInfo);
+    ReportEntries(FileToInvestigate, true);
     return true;
   } catch (const std::exception&) {
     return false;
   }
+}
+
+void CABFile::ListEntries(const std::string& FileToInvestigate) {
+  ReportEntries(FileToInvestigate, false);
 }
 
 bool CABFile::Extract(const std::string& FileToExtract, const std::string& OutputPath,
@@ -49,8 +50,15 @@ std::string CABFile::GetXML(const std::string& FileToInvestigate) {
   } catch (const CabError& error) {
     throw CabError(error.Number, std::string(kCabFileSource) + ".GetXML", error.Description);
   }
-  XmlBuffer = XmlElement(XmlBuffer, "FILES", "", "");
+  XmlBuffer = XmlElement(XmlBuffer, "FILES");
   return R"(<?xml version="1.0"?>)" + XmlElement(XmlBuffer, "CABFILE", "CABFILENAME", CabName);
+}
+
+void CABFile::ReportEntries(const std::string& filter, bool adds_rows) {
+  Begin();
+  EntryFilter = filter;
+  adds_rows_ = adds_rows;
+  Walk(CabContextInfo);
 }
 
 void CABFile::Begin() {
@@ -61,10 +69,17 @@ void CABFile::Begin() {
 }
 
 void CABFile::Walk(std::uint32_t Context) {
-  if (machine_.cabinets.SetupIterateCabinetA(CabName, &modGauges::CabNotifyEntry, Context) == 0) {
-    const std::int32_t code = machine_.cabinets.GetLastError();
+  CabinetWalk& service = machine_.cabinets;
+  if (service.SetupIterateCabinetA(CabName, &modGauges::CabNotifyEntry, Context) == 0) {
+    const std::int32_t code = service.GetLastError();
     throw CabError(code, kCabFileSource, Win32ErrorText(code));
   }
+}
+
+std::string CABFile::XmlElement(const std::string& Content, const std::string& Tag,
+                                const std::string& AttrName, const std::string& AttrValue) {
+  const std::string attribute = AttrName.empty() ? "" : " " + AttrName + " = '" + AttrValue + "'";
+  return "<" + Tag + attribute + ">" + Content + "</" + Tag + ">";
 }
 
 }  // namespace panelkit

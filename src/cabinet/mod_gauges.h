@@ -1,8 +1,8 @@
-// The program-wide state, and the function that the cabinet service calls back.
+// The program-wide state of the gauge inventory, and the callback for the cabinet service.
 //
-// The service calls a plain function, without any pointer of ours. So the object that a walk
-// belongs to, and what the walk fills, must be reachable by name; nothing else in the program is
-// global.
+// The service calls a plain function back and passes it no pointer of the caller's. So the callback
+// finds the CABFile of the walk, and that one the table to fill, through globals. The program has
+// no others.
 #pragma once
 
 #include <cstdint>
@@ -20,17 +20,17 @@ namespace modGauges {
 /// The gauges that the last analysis found on disk.
 extern GaugeTable InstalledGauges;
 
-/// The name, without its extension, of the cabinet that is being listed into InstalledGauges.
+/// Name, without its extension, of the cabinet whose gauges are being added to InstalledGauges.
 extern std::string CurrentCabinet;
 
-/// The object that last started a walk.
+/// The object that last started a walk; null before the first one.
 extern std::shared_ptr<CABFile> CurrentCabFile;
 
-/// Makes `Object` the one that notifications go to.
+/// Sets the object that receives the notifications.
 void SetCurrentCabFile(std::shared_ptr<CABFile> Object);
 
-/// The function whose address the cabinet service gets: passes each notification to CurrentCabFile.
-/// Answers 0 without an object.
+/// The handler for the cabinet service: passes each notification to CurrentCabFile and gives its
+/// answer, 0 if there is no object. Throws CabError.
 std::uint32_t CabNotifyEntry(std::uint32_t Context, std::uint32_t Notification,
                              std::uintptr_t Param1, std::uintptr_t Param2);
 

@@ -1,6 +1,5 @@
-// cab count, cab list, cab xml, cab extract.
-#include <functional>
-#include <vector>
+// The commands cab count, cab list, cab xml and cab extract.
+#include <algorithm>
 
 #include "cabinet/cab_file.h"
 #include "console/console_commands.h"
@@ -10,56 +9,67 @@
 namespace panelkit {
 namespace {
 
-std::string EntryLine(const DateStamps& dates, const std::string& name, double date,
-                      std::int32_t size) {
-  constexpr std::size_t kSizeWidth = 10;
-  const std::string digits = std::to_string(static_cast<std::uint32_t>(size));
-  const std::string blanks(kSizeWidth - std::min(kSizeWidth, digits.size()), ' ');
-  return blanks + digits + "  " + dates.DateText(date) + "  " + name + "\n";
+int NoEntry(const std::string& name) {
+  return Complain("The cabinet has no entry " + name + ".");
+}
+
+int Print(const std::string& text) {
+  return terminal::WriteOut(text) ? kExitDone : Complain("The output could not be written.");
 }
 
 int Count(CABFile& cabinet) {
-  terminal::WriteOut(std::to_string(cabinet.FileCount()) + "\n");
-  return kExitDone;
+  return Print(std::to_string(cabinet.FileCount()) + "\n");
+}
+
+std::string EntryLine(const std::string& size, const std::string& date, const std::string& name) {
+  constexpr std::size_t kSizeWidth = 10;
+  const std::string blanks(kSizeWidth - std::min(kSizeWidth, size.size()), ' ');
+  return blanks + size + "  " + date + "  " + name + "\n";
 }
 
 int List(CABFile& cabinet, const DateStamps& dates, const std::string& entry) {
   std::string lines;
-  cabinet.FileFound.Subscribe(
-      [&](const std::string& file, double date, std::int32_t size, const std::string& folder) {
-        lines += EntryLine(dates, folder + file, date, size);
-      });
-  const bool sound = cabinet.GetInfo(entry);
-  terminal::WriteOut(lines);
-  if (!sound) cabinet.FileCount();  // Throws the reason, which GetInfo drops.
-  if (!entry.empty() && lines.empty()) return Complain("The cabinet has no entry " + entry + ".");
-  return kExitDone;
+  cabinet.FileFound = [&](const std::string& file, double date, std::int32_t size,
+                          const std::string& folder) {
+    const std::string bytes = std::to_string(static_cast<std::uint32_t>(size));
+    lines += EntryLine(bytes, dates.DateText(date), folder + file);
+  };
+  try {
+    cabinet.ListEntries(entry);
+  } catch (const CabError&) {
+    Print(lines);  // The entries before the damage.
+    throw;
+  }
+  return !entry.empty() && lines.empty() ? NoEntry(entry) : Print(lines);
 }
 
 int Xml(CABFile& cabinet, const std::string& entry) {
-  terminal::WriteOut(cabinet.GetXML(entry) + "\n");
-  return kExitDone;
+  return Print(cabinet.GetXML(entry) + "\n");
 }
 
 int Extract(CABFile& cabinet, const LocalMachine& machine, const CommandLine& line) {
-  std::vector<std::string> begun;
+  if (line.entry.empty() && !line.output_file.empty()) {
+    const std::int32_t entries = cabinet.FileCount();
+    if (entries > 1) {
+      return Complain("--output-file names one file, but the cabinet has " +
+                      std::to_string(entries) + " entries: name the one to extract.");
+    }
+  }
+  std::size_t selected = 0;
   std::size_t written = 0;
-  cabinet.BeforeExtract.Subscribe(
-      [&](const std::string& name, bool& /*Cancel*/) { begun.push_back(name); });
-  cabinet.AfterExtract.Subscribe([&](const std::string& path) {
+  cabinet.BeforeExtract = [&](const std::string& /*name*/, bool& /*cancel*/) { ++selected; };
+  cabinet.AfterExtract = [&](const std::string& path) {
     ++written;
     terminal::WriteOut(machine.NativePath(path) + "\n");
-  });
+  };
   const std::string folder =
       line.output_path.empty() ? std::string() : machine.WindowsPath(line.output_path);
   cabinet.Extract(line.entry, folder, line.output_file);
-  if (begun.empty() && !line.entry.empty()) {
-    return Complain("The cabinet has no entry " + line.entry + ".");
-  }
-  if (written == begun.size()) return kExitDone;
+  if (selected == 0 && !line.entry.empty()) return NoEntry(line.entry);
+  if (written == selected) return kExitDone;
   return Complain(
-      std::to_string(begun.size() - written) +
-      " entries were passed over: their folder cannot be made, or their name leaves it.");
+      "Entries passed over, since their folder cannot be made or their name leaves it: " +
+      std::to_string(selected - written) + ".");
 }
 
 }  // namespace

@@ -1,41 +1,33 @@
-// Seam 2, date stamps: from the stamp of a cabinet entry to calendar fields, and dates as text.
+// The stamps of the FAT file system, and dates as text.
 #pragma once
 
+#include <chrono>
 #include <cstdint>
+#include <optional>
 #include <string>
 
 namespace panelkit {
 
-/// 100-nanosecond steps since 1 January 1601, as minwinbase.h lays it out.
-struct FILETIME {
-  std::uint32_t dwLowDateTime = 0;
-  std::uint32_t dwHighDateTime = 0;
-};
+/// The date and time of a stamp in the FAT layout, whose time zone is up to the reader; nullopt if
+/// it names no date. `date`: bits 15 to 9 years since 1980, 8 to 5 month, 4 to 0 day; `time`: bits
+/// 15 to 11 hours, 10 to 5 minutes, 4 to 0 seconds divided by two.
+inline std::optional<std::chrono::local_seconds> FatStamp(std::uint16_t date, std::uint16_t time) {
+  const std::chrono::year_month_day day(std::chrono::year(1980 + (date >> 9)),
+                                        std::chrono::month(date >> 5 & 0xF),
+                                        std::chrono::day(date & 0x1F));
+  const std::chrono::hours hours(time >> 11);
+  const std::chrono::minutes minutes(time >> 5 & 0x3F);
+  const std::chrono::seconds seconds((time & 0x1F) * 2);
+  if (!day.ok() || hours.count() > 23 || minutes.count() > 59 || seconds.count() > 59) {
+    return std::nullopt;
+  }
+  return std::chrono::local_days(day) + hours + minutes + seconds;
+}
 
-/// A calendar date and time, as minwinbase.h lays it out.
-struct SYSTEMTIME {
-  std::uint16_t wYear = 0;
-  std::uint16_t wMonth = 0;
-  std::uint16_t wDayOfWeek = 0;
-  std::uint16_t wDay = 0;
-  std::uint16_t wHour = 0;
-  std::uint16_t wMinute = 0;
-  std::uint16_t wSecond = 0;
-  std::uint16_t wMilliseconds = 0;
-};
-
-/// The machine's date conversions. No time zone is applied anywhere.
+/// The machine's way to write a date.
 class DateStamps {
  public:
   virtual ~DateStamps() = default;
-
-  /// Decodes a stamp in the FAT layout. False, with `FileTime` untouched, for a stamp that names no
-  /// date.
-  virtual bool DosDateTimeToFileTime(std::uint16_t DosDate, std::uint16_t DosTime,
-                                     FILETIME& FileTime) const = 0;
-
-  /// Splits a time into calendar fields. False, with `SystemTime` untouched, past the year 30827.
-  virtual bool FileTimeToSystemTime(const FILETIME& FileTime, SYSTEMTIME& SystemTime) const = 0;
 
   /// A date-time value (days since 30 December 1899, time of day as the fraction) in the user's
   /// locale: the short date, a blank, the long time, the time also at midnight.

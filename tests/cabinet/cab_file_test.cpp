@@ -5,7 +5,6 @@
 
 #include <utility>
 
-#include "cabinet/error_text.h"
 #include "cabinet/folder_maker.h"
 #include "cabinet/mod_gauges.h"
 #include "support/cabinet_writer.h"
@@ -54,15 +53,15 @@ struct Fixture {
     const Machine real = simulator.Services();
     cab = CABFile::Create({real.registry, real.files, real.text, walk, real.dates});
     cab->CabName = simulator.AppFolder() + "\\x.cab";
-    cab->FileFound.Subscribe([this](const auto& file, double date, int size, const auto& folder) {
+    cab->FileFound = [this](const auto& file, double date, int size, const auto& folder) {
       walk.log += file + "," + std::to_string(date) + "," + std::to_string(size) + ",";
       walk.log += folder + ": ";
-    });
-    cab->BeforeExtract.Subscribe([this](const std::string& name, bool& Cancel) {
+    };
+    cab->BeforeExtract = [this](const std::string& name, bool& Cancel) {
       walk.log += name + ": ";
       Cancel = name == cancelled;
-    });
-    cab->AfterExtract.Subscribe([this](const std::string& path) { walk.log += path + ": "; });
+    };
+    cab->AfterExtract = [this](const std::string& path) { walk.log += path + ": "; };
   }
 
   // The answers of the last walk, each behind the event that came before it.
@@ -144,6 +143,7 @@ TEST_CASE_FIXTURE(Fixture, "errors tell number, source and description") {
     CHECK(ErrorOf([&] { cab->FileCount(); }) == number + " CabFile: " + description);
     CHECK(ErrorOf([&] { cab->Extract("none"); }) == number + " CabFile: " + description);
     CHECK(ErrorOf([&] { cab->GetXML(); }) == number + " CabFile.GetXML: " + description);
+    CHECK(ErrorOf([&] { cab->ListEntries(); }) == number + " CabFile: " + description);
     CHECK_FALSE(cab->GetInfo());
   };
   walk.error = 2;
@@ -184,6 +184,11 @@ TEST_CASE_FIXTURE(Fixture, "an error inside a walk comes out with the callback's
   CHECK(table.Overflowed());
   CHECK(table.Row(32767).key == "full!two");
   CHECK_FALSE(table.Exists(text, "full!two"));
+  Told();
+  cab->ListEntries();
+  CHECK(Told() ==
+        "0 one.xml,37257.500000,1234,: 2 two.xml,37257.500000,1234,: 2 "
+        "three.xml,37257.500000,1234,: 2 0 ");
 }
 
 // Where links cannot be made the second entry lands in a plain folder.

@@ -62,6 +62,22 @@ cabextract -q -d "$work/reference" $cab
 diff -r "$work/reference" "$work/out dir/deep" || fail 'extracted otherwise'
 expect 2 cab count Gauges/Jarrowby_Overhead.cab
 complains 'Invalid data. (error 13)'
+expect 2 cab extract $cab --output-path "$work/one" --output-file one
+complains 'name the one to extract'
+[ ! -e "$work/one" ] || fail 'a refused extraction wrote something'
+expect 2 cab lst $cab
+
+# A cabinet with names in UTF-8, one of them beyond the code page.
+mkdir -p "$work/packed" "$fs/Aircraft/Packed/Panel"
+printf '[Window Titles]\r\nWindow00=Main\r\n\r\n[Window00]\r\ngauge00=Packed!H\xf6he,0,0\r\n' \
+  >"$fs/Aircraft/Packed/Panel/panel.cfg"
+touch "$work/packed/Höhe.xml" "$work/packed/計器.xml"
+(cd "$work/packed" && gcab -c "$gauges/Packed.cab" Höhe.xml 計器.xml)
+expect 1 show
+grep -qx ' *Packed!Höhe' "$work/out" || fail "a packed gauge is missing: $(grep Packed "$work/out")"
+expect 0 cab list Gauges/Packed.cab 計器.xml
+expect 0 cab extract Gauges/Packed.cab --output-path "$work/計"
+holds "$work/計" Höhe.xml 計器.xml
 
 # What a user would do wrong.
 expect 2 probe --simulator "$work/nowhere"

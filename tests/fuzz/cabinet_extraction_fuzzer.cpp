@@ -14,14 +14,13 @@ void panelkit::fuzz::Try(std::string_view input) {
   static Prefix prefix;
   const auto cabinet = prefix.Cabinet(input);
   int entries = 0;
-  cabinet->BeforeExtract.Subscribe(
-      [&](const std::string&, bool& cancel) { cancel = ++entries > 16; });
+  cabinet->BeforeExtract = [&](const std::string&, bool& cancel) { cancel = ++entries > 16; };
   std::set<std::string> announced = {prefix.c / "x.cab"};
-  cabinet->AfterExtract.Subscribe([&](const std::string& path) {
+  cabinet->AfterExtract = [&](const std::string& path) {
     const std::string native = prefix.machine.NativePath(path);
     Require(native.starts_with((prefix.c / "out/").native()));
     announced.insert(native);
-  });
+  };
   try {
     cabinet->Extract("", "C:\\out");
   } catch (const CabError& error) {

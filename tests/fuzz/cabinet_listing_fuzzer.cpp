@@ -1,19 +1,21 @@
 // Any bytes as a cabinet: counted, listed into the table of gauges, and listed as XML.
 #include "cabinet/mod_gauges.h"
 #include "fuzz/fuzz.h"
+#include "platform/wine/utf8.h"
 
 void panelkit::fuzz::Try(std::string_view input) {
   static Prefix prefix;
   const auto cabinet = prefix.Cabinet(input);
   int found = 0;
   int gauges = 0;
-  cabinet->FileFound.Subscribe(
-      [&](const std::string& file, double date, std::int32_t, const std::string& folder) {
-        ++found;
-        gauges += file.ends_with(".xml") ? 1 : 0;
-        Require(file.find('\\') == std::string::npos && (folder.empty() || folder.back() == '\\'));
-        Require(date >= -109205 && date < 80000);  // 1601 stands for no date; else 1980 to 2107.
-      });
+  cabinet->FileFound = [&](const std::string& file, double date, std::int32_t,
+                           const std::string& folder) {
+    ++found;
+    gauges += file.ends_with(".xml") ? 1 : 0;
+    Require(file.find('\\') == std::string::npos && (folder.empty() || folder.back() == '\\'));
+    Require(utf8::IsValid(folder + file));
+    Require(date >= -109205 && date < 80000);  // 1601 stands for no date; else 1980 to 2107.
+  };
   modGauges::InstalledGauges.Reset();
   const bool sound = cabinet->GetInfo();
   Require(modGauges::InstalledGauges.UpperBound() == gauges);

@@ -12,26 +12,15 @@ namespace panelkit {
 
 namespace {
 
-using std::chrono::day;
 using std::chrono::days;
-using std::chrono::hh_mm_ss;
-using std::chrono::month;
 using std::chrono::sys_days;
 using std::chrono::year;
 using std::chrono::year_month_day;
 
-using Ticks = std::chrono::duration<std::uint64_t, std::ratio<1, 10'000'000>>;
-
-constexpr sys_days kFileTimeEpoch = year{1601} / 1 / 1;
 constexpr sys_days kDateEpoch = year{1899} / 12 / 30;
 constexpr sys_days kFirstDate = year{100} / 1 / 1;
 constexpr sys_days kLastDate = year{9999} / 12 / 31;
-constexpr int kLastSystemYear = 30827;
 constexpr long kSecondsPerDay = 86400;
-
-unsigned Bits(std::uint16_t field, unsigned first, unsigned count) {
-  return static_cast<unsigned>(field) >> first & ((1U << count) - 1);
-}
 
 std::tm Fields(sys_days date, long seconds) {
   const year_month_day ymd(date);
@@ -49,43 +38,6 @@ std::tm Fields(sys_days date, long seconds) {
 }
 
 }  // namespace
-
-bool WineDateStamps::DosDateTimeToFileTime(std::uint16_t DosDate, std::uint16_t DosTime,
-                                           FILETIME& FileTime) const {
-  const year_month_day date(year(1980 + static_cast<int>(Bits(DosDate, 9, 7))),
-                            month(Bits(DosDate, 5, 4)), day(Bits(DosDate, 0, 5)));
-  const unsigned hour = Bits(DosTime, 11, 5);
-  const unsigned minute = Bits(DosTime, 5, 6);
-  const unsigned second = Bits(DosTime, 0, 5) * 2;
-  if (!date.ok() || hour > 23 || minute > 59 || second > 59) return false;
-  const Ticks ticks =
-      sys_days(date) - kFileTimeEpoch + std::chrono::seconds(hour * 3600L + minute * 60L + second);
-  FileTime = {static_cast<std::uint32_t>(ticks.count()),
-              static_cast<std::uint32_t>(ticks.count() >> 32U)};
-  return true;
-}
-
-bool WineDateStamps::FileTimeToSystemTime(const FILETIME& FileTime, SYSTEMTIME& SystemTime) const {
-  const Ticks ticks(std::uint64_t{FileTime.dwHighDateTime} << 32U | FileTime.dwLowDateTime);
-  const auto whole_days = std::chrono::duration_cast<days>(ticks);
-  const sys_days date = kFileTimeEpoch + whole_days;
-  const year_month_day ymd(date);
-  if (whole_days.count() > days::rep{11'000'000} ||
-      static_cast<int>(ymd.year()) > kLastSystemYear) {
-    return false;
-  }
-  const hh_mm_ss time(std::chrono::floor<std::chrono::milliseconds>(ticks - whole_days));
-  const auto field = [](auto value) { return static_cast<std::uint16_t>(value); };
-  SystemTime = {field(static_cast<int>(ymd.year())),
-                field(static_cast<unsigned>(ymd.month())),
-                field(std::chrono::weekday(date).c_encoding()),
-                field(static_cast<unsigned>(ymd.day())),
-                field(time.hours().count()),
-                field(time.minutes().count()),
-                field(time.seconds().count()),
-                field(time.subseconds().count())};
-  return true;
-}
 
 std::string WineDateStamps::DateText(double date) const {
   // Before the epoch, too, the fraction counts forward from the start of its day.

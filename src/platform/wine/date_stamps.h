@@ -1,4 +1,4 @@
-// Date stamps on Linux.
+// The text of dates on Linux.
 #pragma once
 
 #include <optional>
@@ -8,15 +8,11 @@
 
 namespace panelkit {
 
-/// The Gregorian calendar, and dates in the words of the user's locale (C where that is not
-/// installed), as it is when the first one is asked for.
+/// Dates in the format of the user's locale (C if that is not installed), read from the environment
+/// at the first call.
 class WineDateStamps final : public DateStamps {
  public:
-  bool DosDateTimeToFileTime(std::uint16_t DosDate, std::uint16_t DosTime,
-                             FILETIME& FileTime) const override;
-  bool FileTimeToSystemTime(const FILETIME& FileTime, SYSTEMTIME& SystemTime) const override;
-
-  /// Empty for what is no number or lies outside the years 100 to 9999.
+  /// Empty for a value that is no number or outside the years 100 to 9999.
   std::string DateText(double date) const override;
 
  private:

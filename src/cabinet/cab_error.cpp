@@ -1,9 +1,7 @@
-#include "cabinet/error_text.h"
+#include "cabinet/cab_error.h"
 
 #include <algorithm>
 #include <array>
-
-#include "cabinet/cab_error.h"
 
 namespace panelkit {
 namespace {
