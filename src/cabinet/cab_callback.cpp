@@ -59,7 +59,7 @@ std::uint32_t CABFile::EntryFound(std::uint32_t Context, FILE_IN_CABINET_INFO& I
 }
 
 std::uint32_t CABFile::EntryExtracted(const FILEPATHS& Paths) {
-  // The low 16 bits, signed: the code goes back to the service as the answer.
+  // The program reads the low 16 bits of the code, as a signed number.
   const auto code = static_cast<std::int16_t>(Paths.Win32Error);
   if (code == 0 && AfterExtract) AfterExtract(StringFromAnsiPointer(Paths.Target));
   return static_cast<std::uint32_t>(std::int32_t{code});

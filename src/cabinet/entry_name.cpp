@@ -12,14 +12,14 @@ constexpr std::array<std::string_view, 6> kDevices = {"CON", "PRN",    "AUX",
                                                       "NUL", "CONIN$", "CONOUT$"};
 constexpr std::array<std::string_view, 2> kNumberedDevices = {"COM", "LPT"};
 
-// 1 to 9, and the superscript digits that Windows takes for 1, 2 and 3 (UTF-8).
+// 1 to 9, and the superscript digits 1 to 3, which Windows takes for digits here.
 bool IsDeviceNumber(std::string_view text) {
   if (text.size() == 1) return text[0] >= '1' && text[0] <= '9';
   return text == "\u00B9" || text == "\u00B2" || text == "\u00B3";
 }
 
-// A device's name stands for the device in every folder, with any extension and with blanks before
-// it.
+// Windows takes a device's name for the device in every folder, with any extension and with blanks
+// before that.
 bool IsDevice(std::string_view part) {
   std::string stem(part.substr(0, part.find('.')));
   stem.erase(stem.find_last_not_of(' ') + 1);

@@ -22,7 +22,7 @@ std::vector<std::string> SplitAtBackslashes(const std::string& path) {
   return parts;
 }
 
-// The parts from the first to number `last`, as a path; "\" for a first part that is empty.
+// The path of the parts 0 to `last`; "\" if these are one empty part.
 std::string JoinParts(const std::vector<std::string>& parts, std::size_t last) {
   std::string text;
   for (std::size_t i = 0; i <= last; ++i) text += "\\" + parts[i];

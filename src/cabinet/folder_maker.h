@@ -1,4 +1,4 @@
-// Paths and folders of extracted files.
+// Paths of extracted files, and the making of their folders.
 #pragma once
 
 #include <string>
@@ -7,19 +7,19 @@
 
 namespace panelkit::modGauges {
 
-/// The two sides of a name's last backslash.
+/// A name split at its last backslash.
 struct SplitName {
-  std::string Folder;  ///< With that backslash; empty where the name has none.
-  std::string File;
+  std::string Folder;  ///< Up to and including the backslash; empty if the name has none.
+  std::string File;    ///< After the backslash.
 };
 
 SplitName SplitPath(const std::string& FullName);
 
-/// `Path` with one backslash at its end; the empty path gives "\".
+/// `Path`, with a backslash added unless it ends in one.
 std::string AddBackslash(const std::string& Path);
 
-/// Makes a folder and what is missing above it, from the top down. True when the folder exists at
-/// the end; the empty path gives false. Removes one trailing backslash from `Path`.
+/// Makes a folder and those missing above it. True if the folder exists afterwards; false for the
+/// empty path. Removes one trailing backslash from `Path`.
 bool MakeFolderPath(Files& files, std::string& Path);
 
 }  // namespace panelkit::modGauges

@@ -14,8 +14,8 @@ namespace panelkit {
 
 namespace {
 
-// libmspack hands a file's name on to System::open unread. Ours is the address of an open file, so
-// that it works on the very file that was listed and on one that has no name yet.
+// libmspack passes a file's name on to System::open without reading it. We pass the address of an
+// open file as the name, so that it works on the very file that was listed.
 const char* NameOf(const OpenFile& file) {
   return reinterpret_cast<const char*>(&file);
 }
@@ -23,7 +23,7 @@ const char* NameOf(const OpenFile& file) {
 // NOLINTBEGIN(*-owning-memory, *-no-malloc, *-static-cast-downcast, cert-dcl50-cpp): libmspack's
 // interface is one of C.
 
-// libmspack's remarks in plain English; each comes with a result that says the same.
+// Drops libmspack's messages: the result of the call tells the same.
 void Ignore(mspack_file*, const char*, ...) {}
 
 }  // namespace
@@ -35,7 +35,7 @@ struct CabinetExtractor::Stream : mspack_file {
 
   static Stream& Of(mspack_file* stream) { return *static_cast<Stream*>(stream); }
 
-  // Repeats `step` until all is done, it meets the end (0) or fails. Gives the bytes done, or -1.
+  // Repeats `step` (a pread or pwrite) up to `bytes` or the end of the file. Bytes done, or -1.
   template <typename Step>
   int Repeat(int bytes, Step step) {
     int done = 0;
@@ -97,8 +97,8 @@ CabinetExtractor::System::System() : mspack_system{} {
   tell = [](mspack_file* stream) { return Stream::Of(stream).position; };
   message = &Ignore;
   alloc = [](mspack_system* self, std::size_t bytes) {
-    // Cleared: damaged data may point at a part of the window that nothing was unpacked to yet, and
-    // what lay in our memory would end up in the file.
+    // Zeroed, since damaged data may refer to a part of the window that nothing was unpacked to
+    // yet: uninitialised memory would end up in the file.
     void* memory = std::calloc(1, bytes);
     if (memory == nullptr) static_cast<System*>(self)->failure = ENOMEM;
     return memory;
@@ -142,7 +142,7 @@ std::uint32_t CabinetExtractor::Append(std::unique_ptr<OpenFile> next) {
   appended_.push_back(std::move(next));
   const auto [cabinet, error] = Open(*appended_.back());
   if (cabinet == nullptr) return error;
-  // The index grows along a set, which also keeps a ring of cabinets from going on for ever.
+  // The index increases along a set; to check it also ends a ring of cabinets.
   if (cabinet->set_id != last_->set_id || cabinet->set_index != last_->set_index + 1 ||
       decompressor_->append(decompressor_.get(), last_, cabinet) != MSPACK_ERR_OK) {
     decompressor_->close(decompressor_.get(), cabinet);
@@ -167,7 +167,7 @@ std::uint32_t CabinetExtractor::ErrorOf(int result) const {
     case MSPACK_ERR_WRITE:
       return Win32ErrorOf(system_.failure, ERROR_WRITE_FAULT);
     default:
-      // Without a failed call behind it, it is the cabinet's content: too short, out of range, ...
+      // If no system call failed, the cabinet's content is at fault: too short, out of range, ...
       return system_.failure == 0 ? ERROR_INVALID_DATA
                                   : Win32ErrorOf(system_.failure, ERROR_READ_FAULT);
   }

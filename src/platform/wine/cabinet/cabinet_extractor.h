@@ -1,4 +1,4 @@
-// Unpacking entries, by libmspack.
+// Unpacks the entries of a cabinet, by libmspack.
 #pragma once
 
 #include <mspack.h>
@@ -13,13 +13,13 @@
 
 namespace panelkit {
 
-/// Unpacks entries of one cabinet, or of a set that begins with it. Unpacking entries in their
-/// order costs each folder's data once. After a failure the state of the compressed data is
-/// unknown: the decoder has to be given up.
+/// Unpacks entries of one cabinet, or of a set of which it is the first. Entries unpacked in their
+/// order cost each folder's data once. After a failed Extract the extractor is of no further use,
+/// since its position in the compressed data is unknown.
 class CabinetExtractor {
  public:
-  /// Reads from `cabinet`, which outlives the decoder. A cabinet that libmspack refuses gives no
-  /// entry.
+  /// Reads from `cabinet`, which outlives the extractor. If libmspack refuses the cabinet, each
+  /// Extract gives the reason.
   explicit CabinetExtractor(const OpenFile& cabinet);
   ~CabinetExtractor();
   CabinetExtractor(const CabinetExtractor&) = delete;
@@ -30,17 +30,17 @@ class CabinetExtractor {
   /// a code of winerror.h: 13 for damage, 23 for a wrong checksum, 112 for a full disk, ...
   std::uint32_t Extract(std::size_t index, std::uint32_t size, const OpenFile& output);
 
-  /// The name, as stored, of the cabinet that follows the last one added; empty where none does.
+  /// The name, as stored, of the cabinet that follows the last one of the set; empty if none does.
   std::string NextCabinet() const;
 
-  /// Adds the cabinet that follows. 0, or 13 where it does not fit.
+  /// Adds the cabinet that follows. 0, or 13 if it is no continuation of the last one.
   std::uint32_t Append(std::unique_ptr<OpenFile> next);
 
  private:
-  // What libmspack calls for everything outside of itself.
+  // The file and memory functions that libmspack calls.
   struct System : mspack_system {
     System();
-    int failure = 0;  // The errno of the last call that failed.
+    int failure = 0;  // errno of the last call that failed.
   };
   struct Stream;
   struct Destroy {
@@ -50,8 +50,8 @@ class CabinetExtractor {
   };
 
   struct Opened {
-    mscabd_cabinet* cabinet;  // Null where it is refused,
-    std::uint32_t error;      // then with the reason.
+    mscabd_cabinet* cabinet;  // Null if it is refused.
+    std::uint32_t error;      // Why it is refused (a code of winerror.h), else 0.
   };
 
   Opened Open(const OpenFile& cabinet);

@@ -7,10 +7,8 @@
 #include <system_error>
 
 #include "platform/wine/cabinet/cabinet_extractor.h"
+#include "platform/wine/cabinet/cabinet_files.h"
 #include "platform/wine/cabinet/header_reader.h"
-#include "platform/wine/cabinet/open_cabinet.h"
-#include "platform/wine/cabinet/target_file.h"
-#include "platform/wine/cabinet/target_names.h"
 #include "platform/wine/cabinet/win32_error.h"
 #include "platform/wine/utf8.h"
 
@@ -18,8 +16,8 @@ namespace panelkit {
 
 namespace {
 
-// One walk. libmspack works only between two notifications and never around one, so an exception
-// out of MsgHandler passes through our own frames alone.
+// One walk. No call of libmspack is in progress during a notification, so an exception out of
+// MsgHandler unwinds our own frames alone.
 class Walk {
  public:
   Walk(const PathResolver& paths, const Text& text, const std::string& cabinet_path,
@@ -31,7 +29,7 @@ class Walk {
         context_(context),
         cabinet_(OpenCabinet(paths, cabinet_path)) {}
 
-  // Gives 0 or the walk's error.
+  // 0 or the walk's error (a code of winerror.h).
   std::uint32_t Run() {
     if (cabinet_.error != 0) return cabinet_.error;
     HeaderReader entries(*cabinet_.file);
@@ -60,20 +58,20 @@ class Walk {
     return handler_(context_, notification, reinterpret_cast<std::uintptr_t>(record), 0);
   }
 
-  // A name whose flag promises UTF-8 that it is not is taken for one of the code page, so that
-  // nothing of it is lost.
+  // A name that is flagged as UTF-8 but no valid UTF-8 is read by the code page instead, which
+  // loses none of its bytes.
   std::string NameOf(const StoredEntry& entry) const {
     const bool is_utf8 = (entry.attributes & kNameIsUtf8) != 0 && utf8::IsValid(entry.name);
     return is_utf8 ? entry.name : text_.FromAnsi(entry.name);
   }
 
-  // Gives 0 to go on, else what stops the walk.
+  // 0 to go on, else the error that stops the walk.
   std::uint32_t Extract(std::size_t index, const StoredEntry& entry, const std::string& name,
                         const std::string& target) {
     const std::uint32_t error = Write(index, entry, name, target);
     if (stopped_by_ != 0) return stopped_by_;
-    // What a failure leaves in libmspack would shift the entries that follow in the same folder.
-    if (error != 0) decoder_.reset();
+    // After a failure libmspack's position in the folder is wrong for the entries that follow.
+    if (error != 0) extractor_.reset();
     const FILEPATHS outcome{.Target = target.c_str(), .Win32Error = error};
     return Notify(SPFILENOTIFY_FILEEXTRACTED, &outcome);
   }
@@ -82,25 +80,25 @@ class Walk {
                       const std::string& target) {
     if (!PathResolver::IsPossible(target)) return ERROR_INVALID_NAME;
     if (LeadsThroughLink(target, name)) return ERROR_ACCESS_DENIED;
-    const std::optional<std::string> native = target_names_.Find(target);
+    const std::optional<std::string> native = target_paths_.Find(target);
     if (!native) return ERROR_PATH_NOT_FOUND;
 
-    if (!decoder_) StartDecoder();
+    if (!extractor_) StartExtractor();
     if (goes_on_ && (entry.folder == kContinuedToNext || entry.folder == last_folder_)) {
       if (!rest_error_) rest_error_ = AddRestOfSet();
-      // An entry that does not itself go on may do without the rest.
+      // An entry that ends in this cabinet does not need the rest of the set.
       const bool needed = stopped_by_ != 0 || entry.folder == kContinuedToNext;
       if (needed && *rest_error_ != 0) return *rest_error_;
     }
     TargetFile file(*native, (entry.attributes & kReadOnly) != 0);
     if (file.Error() != 0) return file.Error();
-    if (const auto error = decoder_->Extract(index, entry.size, file.File())) return error;
+    if (const auto error = extractor_->Extract(index, entry.size, file.File())) return error;
     file.SetTime(entry.date, entry.time);
     return file.Commit();
   }
 
-  // Whether one of the folders that the entry's name brings along is a link: the folders before
-  // them were chosen by the caller, these by whoever made the cabinet.
+  // Whether one of the folders in the entry's name is a link. The caller chose the output folder,
+  // links included; these folders were chosen by whoever made the cabinet.
   bool LeadsThroughLink(const std::string& target, const std::string& name) const {
     if (!target.ends_with("\\" + name)) return false;
     for (std::size_t at = target.size() - name.size();
@@ -112,16 +110,16 @@ class Walk {
     return false;
   }
 
-  void StartDecoder() {
-    decoder_.emplace(*cabinet_.file);
-    goes_on_ = !decoder_->NextCabinet().empty() && ReadContinuation(*cabinet_.file).begins;
+  void StartExtractor() {
+    extractor_.emplace(*cabinet_.file);
+    goes_on_ = !extractor_->NextCabinet().empty() && ReadContinuation(*cabinet_.file).begins;
     rest_error_.reset();
   }
 
   // Adds the cabinets that hold the rest of the last folder.
   std::uint32_t AddRestOfSet() {
     for (bool goes_on = true; goes_on;) {
-      const std::string name = text_.FromAnsi(decoder_->NextCabinet());
+      const std::string name = text_.FromAnsi(extractor_->NextCabinet());
       if (name.empty()) return ERROR_INVALID_DATA;
       stopped_by_ = Notify(SPFILENOTIFY_NEEDNEWCABINET, nullptr);
       if (stopped_by_ != 0) return stopped_by_;
@@ -131,23 +129,23 @@ class Walk {
       const Continuation continuation = ReadContinuation(*next.file);
       if (continuation.error != 0) return continuation.error;
       goes_on = continuation.runs_on;
-      if (const auto error = decoder_->Append(std::move(next.file))) return error;
+      if (const auto error = extractor_->Append(std::move(next.file))) return error;
     }
     return ERROR_SUCCESS;
   }
 
   const PathResolver& paths_;
   const Text& text_;
-  const std::string folder_;  // Of the cabinet, with its separator.
+  const std::string folder_;  // The cabinet's, with the separator at its end.
   CabinetMsgHandler handler_;
   std::uint32_t context_;
   OpenedCabinet cabinet_;
-  TargetNames target_names_{paths_};
+  TargetPaths target_paths_{paths_};
   int last_folder_ = 0;
-  std::optional<CabinetExtractor> decoder_;  // From the first extraction on.
-  bool goes_on_ = false;                     // Whether the last folder goes on in the next cabinet.
-  std::optional<std::uint32_t> rest_error_;  // How adding the rest of the set ended.
-  std::uint32_t stopped_by_ = 0;             // The answer that refused a further cabinet.
+  std::optional<CabinetExtractor> extractor_;  // Made for the first extraction.
+  bool goes_on_ = false;                       // The last folder goes on in the next cabinet.
+  std::optional<std::uint32_t> rest_error_;    // Result of AddRestOfSet, which runs once.
+  std::uint32_t stopped_by_ = 0;               // Answer other than 0 to a further cabinet.
 };
 
 }  // namespace

@@ -1,4 +1,4 @@
-// SetupIterateCabinetA on Linux.
+// The cabinet service on Linux.
 #pragma once
 
 #include <string>
@@ -11,19 +11,21 @@ namespace panelkit {
 
 /// Walks cabinets on the disks of a Wine prefix.
 ///
-/// A walk reports the entries that begin in the cabinet; one that is continued from the previous
-/// cabinet of a set belongs to that one's walk. Only headers are read for it, so content that is
-/// damaged or cut off shows at extraction, and a cabinet behind another file's content
-/// (self-extractors) is no cabinet.
+/// Listing: a walk reports the entries that begin in the cabinet; those continued from the previous
+/// cabinet of a set belong to that one's walk. It reads only headers, so damaged content shows at
+/// extraction alone. A cabinet inside another file (a self-extracting program) is no cabinet. An
+/// entry's name is UTF-8 if its attributes say so, else text of the prefix's code page.
 ///
-/// Extraction unpacks to a file of its own and renames that to FullTargetName when it is whole:
-/// after a failure nothing new stands there. The file takes the entry's time stamp, as local time,
-/// and its read-only attribute. It never goes through a link in place of one of the entry's own
-/// folders (5), and replaces a link at its own place. An entry that goes on in the next cabinet,
-/// and one packed together with it, asks SPFILENOTIFY_NEEDNEWCABINET with both parameters 0 for
-/// each further cabinet and then looks for it beside the walked one; where it is missing, code 2.
-/// An answer other than 0 to that stops the walk as one to SPFILENOTIFY_FILEEXTRACTED does. An
-/// entry packed together with one that began in the previous cabinet cannot be unpacked (13).
+/// Extraction: an entry is unpacked to a temporary file that is renamed to FullTargetName when it
+/// is whole, so a failure leaves what stood there. The file gets the entry's time stamp, as local
+/// time, and its read-only attribute. A link in place of a folder of the entry's name is an error
+/// (5); a link in place of the file is replaced.
+///
+/// Sets: an entry that goes on in the next cabinet, or is packed together with one that does, sends
+/// SPFILENOTIFY_NEEDNEWCABINET with both parameters 0 once for each further cabinet, which must lie
+/// in the walked one's folder (2 if it does not). An answer other than 0 stops the walk and becomes
+/// its error. An entry packed together with one continued from the previous cabinet cannot be
+/// unpacked (13).
 class WineCabinetWalk : public CabinetWalk {
  public:
   /// Both outlive the service.

@@ -38,7 +38,7 @@ HeaderReader::HeaderReader(const OpenFile& cabinet) : cabinet_(cabinet) {
   }
   folders_ = Short(header, 26);
   entries_left_ = Short(header, 28);
-  // The entries' offset leads past reserved areas, neighbours' names and the table of folders.
+  // The entries' offset skips reserved areas, neighbours' names and the table of folders.
   MoveTo(Number(header, 16, 4));
 }
 
@@ -56,8 +56,8 @@ std::optional<StoredEntry> HeaderReader::Next() {
                     .time = Short(bytes, 12),
                     .attributes = Short(bytes, 14)};
   if (entry.folder < kContinuedFromPrevious && entry.folder >= folders_) return Damaged();
-  // It lies in the first folder and in the last. libmspack relies on that being one: its append
-  // would go on to use what it has freed.
+  // Such an entry lies in both the first and the last folder, which must be the same one:
+  // libmspack's append would use freed memory otherwise.
   if (entry.folder == kContinuedFromPreviousToNext && folders_ != 1) return Damaged();
   position_ += kEntrySize + name_length + 1;
   --entries_left_;

@@ -1,4 +1,4 @@
-// The entries of a cabinet file, read from its headers alone.
+// Reads the entries of a cabinet file from its headers, never its content.
 #pragma once
 
 #include <cstddef>
@@ -31,18 +31,18 @@ inline constexpr std::uint16_t kContinuedFromPrevious = 0xFFFD;
 inline constexpr std::uint16_t kContinuedToNext = 0xFFFE;
 inline constexpr std::uint16_t kContinuedFromPreviousToNext = 0xFFFF;
 
-/// Reads one entry after the other and never the entries' content. It checks only what it uses, so
-/// that a damaged cabinet gives the entries that stand before the damage.
+/// Reads one entry after the other. It checks only what it uses, so that a damaged cabinet gives
+/// the entries before the damage.
 class HeaderReader {
  public:
   /// Reads from `cabinet`, which outlives the reader.
   explicit HeaderReader(const OpenFile& cabinet);
 
-  /// The next entry; nothing behind the last one or where the cabinet is damaged or unreadable.
+  /// The next entry; nullopt after the last one, or if the cabinet is damaged or unreadable.
   std::optional<StoredEntry> Next();
 
-  /// Once Next gave nothing: 0 for a sound end, 13 for damage or no cabinet, else why reading
-  /// failed (a code of winerror.h).
+  /// After Next gave nullopt: 0 if that was the last entry, 13 for damage or no cabinet, else why
+  /// reading failed (a code of winerror.h).
   std::uint32_t Error() const { return error_; }
 
   /// How many folders (runs of compressed data) the cabinet has.
@@ -54,22 +54,22 @@ class HeaderReader {
   std::nullopt_t Damaged();
 
   const OpenFile& cabinet_;
-  std::string window_;           // A piece of the file,
-  std::uint64_t window_at_ = 0;  // its offset,
-  std::size_t position_ = 0;     // and where in it the reader is.
+  std::string window_;           // The part of the file that is in memory.
+  std::uint64_t window_at_ = 0;  // Offset of that part in the file.
+  std::size_t position_ = 0;     // Offset of the next entry in that part.
   std::uint16_t folders_ = 0;
   std::uint16_t entries_left_ = 0;
   std::uint32_t error_ = 0;
 };
 
-/// How the entries of a cabinet are tied to the next one of its set.
+/// Whether entries of a cabinet go on in the next one of its set.
 struct Continuation {
-  bool begins = false;      ///< An entry begins here and goes on there.
-  bool runs_on = false;     ///< An entry that began before goes on there.
-  std::uint32_t error = 0;  ///< HeaderReader::Error behind the last entry.
+  bool begins = false;      ///< An entry begins in this cabinet and goes on in the next.
+  bool runs_on = false;     ///< An entry from the previous cabinet goes on in the next.
+  std::uint32_t error = 0;  ///< HeaderReader::Error after the last entry.
 };
 
-/// Reads all entries of the cabinet.
+/// Reads the headers of all entries.
 Continuation ReadContinuation(const OpenFile& cabinet);
 
 }  // namespace panelkit

@@ -23,8 +23,7 @@ inline constexpr std::uint32_t ERROR_BUFFER_OVERFLOW = 111;
 inline constexpr std::uint32_t ERROR_DISK_FULL = 112;
 inline constexpr std::uint32_t ERROR_INVALID_NAME = 123;
 
-/// The code that says what the value of errno says; `otherwise` for one that has no code of its
-/// own. Never 0.
+/// The code for a value of errno; `otherwise`, which is not 0, for a value without one.
 std::uint32_t Win32ErrorOf(int error, std::uint32_t otherwise);
 
 }  // namespace panelkit
