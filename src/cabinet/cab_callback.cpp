@@ -36,9 +36,9 @@ std::uint32_t CABFile::Dispatch(std::uint32_t Context, std::uint32_t Notificatio
       return EntryFound(Context, RecordAt<FILE_IN_CABINET_INFO>(Param1));
     case SPFILENOTIFY_FILEEXTRACTED:
       return EntryExtracted(RecordAt<const FILEPATHS>(Param1));
+    case SPFILENOTIFY_NEEDNEWCABINET:  // 0: the next cabinet has no path of its own.
     default:
-      return 0;  // To SPFILENOTIFY_NEEDNEWCABINET it means: go on, the next cabinet has no new
-                 // path.
+      return 0;
   }
 }
 

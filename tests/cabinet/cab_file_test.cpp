@@ -1,4 +1,4 @@
-// CABFile over a scripted service and over real cabinets: what it answers, tells and leaves behind.
+// CABFile over a scripted service and over real cabinets: its answers, events and results.
 #include "cabinet/cab_file.h"
 
 #include <doctest/doctest.h>
@@ -13,31 +13,31 @@
 namespace panelkit::test {
 namespace {
 
-// A cabinet service that says what it is told to, and writes down the answers.
+// A cabinet service with scripted entries and errors, which logs the answers.
 class ScriptedWalk : public CabinetWalk {
  public:
   std::vector<std::string> entries = {"a\\Dial.xml", "DIAL.XML", "b\\dial.bmp"};
-  std::uint32_t error = 0;  // What each extraction reports, and the walk at its end.
+  std::uint32_t error = 0;  // Of each extraction and of the walk.
   std::string log;
 
   std::uint32_t SetupIterateCabinetA(const std::string& /*CabinetFile*/,
                                      CabinetMsgHandler MsgHandler, std::uint32_t Context) override {
-    const auto tell = [&](std::uint32_t notification, const void* record) {
+    const auto notify = [&](std::uint32_t notification, const void* record) {
       const std::uint32_t answer =
           MsgHandler(Context, notification, reinterpret_cast<std::uintptr_t>(record), 0);
       log += std::to_string(answer) + ' ';
       return answer;
     };
-    tell(0x10, nullptr);
+    notify(0x10, nullptr);
     for (const std::string& name : entries) {
       FILE_IN_CABINET_INFO info{name.c_str(), 1234, 0x2C21, 0x6000, {}};
-      const std::uint32_t answer = tell(SPFILENOTIFY_FILEINCABINET, &info);
+      const std::uint32_t answer = notify(SPFILENOTIFY_FILEINCABINET, &info);
       if (answer == FILEOP_ABORT) return 1;
       if (answer == FILEOP_SKIP) continue;
       const FILEPATHS paths{info.FullTargetName.c_str(), error};
-      if (tell(SPFILENOTIFY_FILEEXTRACTED, &paths) != 0) return 0;
+      if (notify(SPFILENOTIFY_FILEEXTRACTED, &paths) != 0) return 0;
     }
-    tell(SPFILENOTIFY_NEEDNEWCABINET, nullptr);
+    notify(SPFILENOTIFY_NEEDNEWCABINET, nullptr);
     return error == 0 ? 1 : 0;
   }
   std::int32_t GetLastError() const override { return static_cast<std::int32_t>(error); }
@@ -64,8 +64,8 @@ struct Fixture {
     cab->AfterExtract = [this](const std::string& path) { walk.log += path + ": "; };
   }
 
-  // The answers of the last walk, each behind the event that came before it.
-  std::string Told() { return Replaced(std::exchange(walk.log, ""), simulator.AppFolder(), "APP"); }
+  // The answers since the last call, each after the event that came before it.
+  std::string Log() { return Replaced(std::exchange(walk.log, ""), simulator.AppFolder(), "APP"); }
 };
 
 std::string ErrorOf(const auto& operation) {
@@ -81,20 +81,20 @@ TEST_CASE_FIXTURE(Fixture, "GetInfo reports entries and adds a row for each xml 
   modGauges::InstalledGauges.Reset();
   modGauges::CurrentCabinet = "sample";
   CHECK(cab->GetInfo());
-  CHECK(Told() ==
+  CHECK(Log() ==
         "0 Dial.xml,37257.500000,1234,a\\: 2 DIAL.XML,37257.500000,1234,: 2 "
         "dial.bmp,37257.500000,1234,b\\: 2 0 ");
   CHECK(modGauges::InstalledGauges.UpperBound() == 1);
   CHECK(modGauges::InstalledGauges.Row(0).key == "sample!Dial");
   CHECK(modGauges::CurrentCabFile == cab);
   CHECK(cab->GetInfo("A\\DIAL.xml"));
-  CHECK(Told() == "0 Dial.xml,37257.500000,1234,a\\: 0 ");
+  CHECK(Log() == "0 Dial.xml,37257.500000,1234,a\\: 0 ");
   CHECK(cab->GetInfo("dial.bmp"));
-  CHECK(Told() == "0 2 2 2 0 ");
+  CHECK(Log() == "0 2 2 2 0 ");
 
   CHECK(cab->FileCount() == 3);
   CHECK(cab->FileCount() == 3);
-  CHECK(Told() == "0 2 2 2 0 0 2 2 2 0 ");
+  CHECK(Log() == "0 2 2 2 0 0 2 2 2 0 ");
 }
 
 TEST_CASE_FIXTURE(Fixture, "GetXML lists entries, or the first of a file name") {
@@ -117,21 +117,21 @@ TEST_CASE_FIXTURE(Fixture, "Extract announces, aims and reports each entry") {
   Put(simulator.App() / "file", "in the way");
   walk.entries = {"a\\b.gau", "file\\x\\y", "..\\up.gau", "C:\\d.gau"};
   CHECK(cab->Extract());
-  CHECK(Told() == "0 a\\b.gau: 1 APP\\a\\b.gau: 0 file\\x\\y: 2 ..\\up.gau: 2 C:\\d.gau: 2 0 ");
+  CHECK(Log() == "0 a\\b.gau: 1 APP\\a\\b.gau: 0 file\\x\\y: 2 ..\\up.gau: 2 C:\\d.gau: 2 0 ");
   CHECK(cab->Extract("A\\B.GAU", out + "\\deep"));
-  CHECK(Told() == "0 a\\b.gau: 1 APP\\out\\deep\\a\\b.gau: 0 2 2 2 0 ");
+  CHECK(Log() == "0 a\\b.gau: 1 APP\\out\\deep\\a\\b.gau: 0 2 2 2 0 ");
   CHECK(std::filesystem::is_directory(simulator.App() / "out" / "deep" / "a"));
   CHECK(cab->Extract("b.gau"));
-  CHECK(Told() == "0 2 2 2 2 0 ");
+  CHECK(Log() == "0 2 2 2 2 0 ");
 
   cancelled = "c.gau";
   walk.entries = {"c.gau", "..\\up.gau"};
   CHECK(cab->Extract("", out + "\\", "same"));
-  CHECK(Told() == "0 c.gau: 2 ..\\up.gau: 1 APP\\out\\same: 0 0 ");
+  CHECK(Log() == "0 c.gau: 2 ..\\up.gau: 1 APP\\out\\same: 0 0 ");
   walk.error = 112;
   CHECK(ErrorOf([&] { cab->Extract("", "", "x"); }) ==
         "112 CabFile: There is not enough space on the disk.");
-  CHECK(Told() == "0 c.gau: 2 ..\\up.gau: 1 112 ");
+  CHECK(Log() == "0 c.gau: 2 ..\\up.gau: 1 112 ");
 
   std::string nothing;
   CHECK_FALSE(modGauges::MakeFolderPath(simulator.Services().files, nothing));
@@ -184,14 +184,14 @@ TEST_CASE_FIXTURE(Fixture, "an error inside a walk comes out with the callback's
   CHECK(table.Overflowed());
   CHECK(table.Row(32767).key == "full!two");
   CHECK_FALSE(table.Exists(text, "full!two"));
-  Told();
+  Log();
   cab->ListEntries();
-  CHECK(Told() ==
+  CHECK(Log() ==
         "0 one.xml,37257.500000,1234,: 2 two.xml,37257.500000,1234,: 2 "
         "three.xml,37257.500000,1234,: 2 0 ");
 }
 
-// Where links cannot be made the second entry lands in a plain folder.
+// On a system without links the second entry lands in a plain folder.
 TEST_CASE("a real cabinet is extracted with its folders, but not through a link") {
   Simulator simulator;
   Put(simulator.App() / "real.cab",

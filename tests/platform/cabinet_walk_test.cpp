@@ -1,4 +1,4 @@
-// What the cabinet walk of every machine promises.
+// The promises of every machine's cabinet service.
 #include <stdexcept>
 
 #include "platform/cabinet_walks.h"
@@ -7,10 +7,10 @@ namespace panelkit::test {
 namespace {
 
 const std::string kCabinet = MakeCabinet({{"a\\H\xF6he.xml", "12345"}, {"b.bmp", "6"}});
-const std::string kFirst = Told("a\\Höhe.xml", 5);
-const std::string kSecond = Told("b.bmp", 1);
+const std::string kFirst = EntryLine("a\\Höhe.xml", 5);
+const std::string kSecond = EntryLine("b.bmp", 1);
 
-TEST_CASE_FIXTURE(CabinetWalks, "A walk tells every entry in order, and does as it is answered") {
+TEST_CASE_FIXTURE(CabinetWalks, "A walk reports every entry in order and acts on the answers") {
   CHECK(WalkBytes(kCabinet) == kFirst + kSecond + "ok");
   // Windows' service takes no name that the code page lacks, but the file's short name.
   rename(folder / "x.cab", folder / "計器.cab");
@@ -27,13 +27,13 @@ TEST_CASE_FIXTURE(CabinetWalks, "A walk tells every entry in order, and does as 
   answers.to_entry = [](auto&) { return FILEOP_ABORT; };
   CHECK(WalkBytes(kCabinet, answers) == kFirst + "ok");
 
-  int told = 0;
-  answers.to_entry = [&told](auto&) -> std::uint32_t {
-    ++told;
+  int reported = 0;
+  answers.to_entry = [&reported](auto&) -> std::uint32_t {
+    ++reported;
     throw std::runtime_error("out of the walk");
   };
   CHECK_THROWS_WITH(WalkBytes(kCabinet, answers), "out of the walk");
-  CHECK(told == 1);
+  CHECK(reported == 1);
 }
 
 TEST_CASE_FIXTURE(CabinetWalks, "A file that cannot be walked fails with a reason") {

@@ -1,4 +1,4 @@
-// Cabinets in a temporary folder, and what is said in walks over them.
+// Cabinets in a temporary folder, and logs of the walks over them.
 #pragma once
 
 #include <doctest/doctest.h>
@@ -17,8 +17,8 @@ struct Answers {
   std::function<std::uint32_t(std::uint32_t)> to_outcome = [](auto error) { return error; };
 };
 
-/// What a walk's log says of an entry with the cabinet writer's own stamp.
-inline std::string Told(const std::string& name, std::size_t size) {
+/// The line of a walk's log for an entry with the cabinet writer's default stamp.
+inline std::string EntryLine(const std::string& name, std::size_t size) {
   return name + ' ' + std::to_string(size) + " 11297 24576\n";
 }
 
@@ -27,8 +27,8 @@ class CabinetWalks : public Disk {
  public:
   CabinetWalks() { create_directory(folder / "out"); }
 
-  /// Answers that extract each entry to the name `target` on the disk, with the entry's name for a
-  /// "*" at its end.
+  /// Answers that extract each entry to the path `target` on the disk, in which a "*" at the end
+  /// stands for the entry's name.
   Answers ExtractTo(const std::string& target) const {
     return {.to_entry = [path = At(target)](FILE_IN_CABINET_INFO& info) {
       std::string& full = info.FullTargetName = path;
@@ -37,7 +37,7 @@ class CabinetWalks : public Disk {
     }};
   }
 
-  /// The whole conversation of one walk, a line a notification, then "ok" or "error" and its code:
+  /// The log of one walk, a line for each notification, then "ok" or "error" and its code:
   /// "a.xml 5 11297 24576" (size, date, time), "next?", "out\a.xml 0" (the outcome).
   std::string Walk(const std::string& cabinet, const Answers& answers = {}) {
     now = {&answers, At(""), ""};

@@ -14,9 +14,9 @@ std::string Number(std::uint64_t value, int bytes) {
   return out;
 }
 
-// Adds a folder's blocks to `data` and gives their number. `before` and `after` bytes of the
-// content lie in the neighbours: a block that goes on in the next cabinet has unpacked size 0, its
-// last piece the size of the whole block.
+// Adds a folder's blocks to `data` and returns their number. The first `before` and the last
+// `after` bytes of the content lie in the neighbours: a block that goes on in the next cabinet has
+// unpacked size 0, its last piece the size of the whole block.
 std::size_t AddBlocks(std::string& data, const std::string& content, std::size_t before,
                       std::size_t after, const CabinetOptions& options) {
   const std::size_t end = content.size() - after;

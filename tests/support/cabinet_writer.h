@@ -1,4 +1,4 @@
-// Cabinets for tests, written field by field ([MS-CAB]) so that each header option can be had.
+// Writes cabinets for tests, with any field of the headers as the test wants it ([MS-CAB]).
 #pragma once
 
 #include <cstdint>
@@ -7,14 +7,15 @@
 
 namespace panelkit::test {
 
-/// iFolder of entries that go on in a neighbour; their content is in the first or the last folder.
+/// iFolder of entries continued from or in a neighbour; their content is in the first or last
+/// folder.
 inline constexpr std::uint16_t kFromPrevious = 0xFFFD;
 inline constexpr std::uint16_t kToNext = 0xFFFE;
 inline constexpr std::uint16_t kFromPreviousToNext = 0xFFFF;
 
 /// One entry and its content.
 struct CabinetEntry {
-  std::string name = {};  ///< Stored as it is.
+  std::string name = {};  ///< Bytes as stored.
   std::string content = {};
   std::uint16_t attributes = 0x20;
   std::uint16_t date = 0x2C21;  ///< 1 January 2002.
@@ -32,7 +33,7 @@ struct CabinetOptions {
   std::size_t bytes_in_next = 0;      ///< How much of the last folder's content lies there.
 };
 
-/// The bytes of a sound cabinet, neither compressed nor with checksums.
+/// The bytes of a valid cabinet, without compression or checksums.
 std::string MakeCabinet(const std::vector<CabinetEntry>& entries,
                         const CabinetOptions& options = {});
 

@@ -1,4 +1,4 @@
-// Walks over split, damaged and refused cabinets, in which Wine's and Windows' own services differ.
+// Walks over split, damaged and refused cabinets, where the services of other systems differ.
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -14,8 +14,8 @@ namespace {
 namespace fs = std::filesystem;
 
 const std::vector<CabinetEntry> kTwoEntries = {{"dial.xml", "<dial/>"}, {"a\\dial.bmp", "BM"}};
-const std::string kFirstLine = Told("dial.xml", 7);
-const std::string kTwoLines = kFirstLine + Told("a\\dial.bmp", 2);
+const std::string kFirstLine = EntryLine("dial.xml", 7);
+const std::string kTwoLines = kFirstLine + EntryLine("a\\dial.bmp", 2);
 
 std::string Pattern(std::size_t size) {
   std::string pattern;
@@ -28,12 +28,13 @@ void Run(const Disk& disk, const std::string& line) {
   REQUIRE(std::system(("cd '" + disk.folder.Path().native() + "' && " + line).c_str()) == 0);
 }
 
-TEST_CASE_FIXTURE(CabinetWalks, "Each entry is told as stored, whatever else the headers hold") {
+TEST_CASE_FIXTURE(CabinetWalks,
+                  "Each entry is reported as stored, whatever else the headers hold") {
   CHECK(WalkBytes(MakeCabinet({{"\xE9t\xE9/x", "1", 0x27, 0xFF9F, 0xBF7D}, {}, {"y"}})) ==
         "été/x 1 65439 49021\nerror 13");
   const std::string flagged = MakeCabinet({{"été漢", "12", 0xA0}, {"\xE9", "", 0xA0}});
   CHECK(WalkBytes(flagged, ExtractTo("out\\*")) ==
-        Told("été漢", 2) + "out\\été漢 0\n" + Told("é", 0) + "out\\é 0\nok");
+        EntryLine("été漢", 2) + "out\\été漢 0\n" + EntryLine("é", 0) + "out\\é 0\nok");
   CHECK(Tree(folder / "out") == "é\nété漢\n");
   const CabinetOptions all{.folders = 300, .reserve = 255, .previous = "1.cab", .next = "3.cab"};
   CHECK(WalkBytes(MakeCabinet(kTwoEntries, all)) == kTwoLines + "ok");
@@ -41,7 +42,7 @@ TEST_CASE_FIXTURE(CabinetWalks, "Each entry is told as stored, whatever else the
   std::string told;
   for (int i = 0; i < 1000; ++i) {
     many.push_back({std::string(i % 255 + 1, 'n'), Pattern(i)});
-    told += Told(many.back().name, i);
+    told += EntryLine(many.back().name, i);
   }
   CHECK(WalkBytes(MakeCabinet(many)) == told + "ok");
 }
@@ -65,7 +66,7 @@ TEST_CASE_FIXTURE(CabinetWalks, "A damaged cabinet gives the entries before the 
   }
 }
 
-TEST_CASE_FIXTURE(CabinetWalks, "A pipe, and a cabinet that is closed to us, are not walked") {
+TEST_CASE_FIXTURE(CabinetWalks, "A pipe and an unreadable cabinet are not walked") {
   Run(*this, "mkfifo fifo.cab && touch closed.cab && chmod 0 closed.cab && chmod a+rx .");
   CHECK(Walk("fifo.cab") == "error 13");
   // Permission bits do not bind the administrator, under whom tests may run.
@@ -156,7 +157,7 @@ TEST_CASE_FIXTURE(CabinetWalks, "A set of cabinets is followed to what an entry 
   const std::string second = part(kFromPreviousToNext, middle);
   const Answers extract = ExtractTo("out\\*");
 
-  const std::string told = Told("split", 40000);
+  const std::string told = EntryLine("split", 40000);
   Put(folder / "x.cab", part(kToNext, {.next = "Second.cab", .bytes_in_next = 30000}));
   CHECK(Walk("x.cab") == told + "ok");
   CHECK(Walk("x.cab", extract) == told + "next?\nout\\split 2\nerror 2");
