@@ -22,7 +22,7 @@ std::vector<std::string> SplitAtBackslashes(const std::string& path) {
   return parts;
 }
 
-// The path of the parts 0 to `last`; "\" if these are one empty part.
+// The path of the first `last` + 1 of them; "\" if these are one empty text.
 std::string JoinParts(const std::vector<std::string>& parts, std::size_t last) {
   std::string text;
   for (std::size_t i = 0; i <= last; ++i) text += "\\" + parts[i];
