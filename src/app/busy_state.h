@@ -5,8 +5,8 @@
 
 namespace panelkit {
 
-/// While it lives, only File and Exit Program can be picked: a command that gives the event loop
-/// its turns must not be entered twice. The menus come back at its end, however the command ends.
+/// While it lives, only File and Exit Program can be picked: a command that processes pending
+/// events must not start another. Its destructor enables the menus, however the command ended.
 class BusyState {
  public:
   explicit BusyState(Form& form);

@@ -7,14 +7,15 @@
 
 namespace panelkit {
 
-/// A small window that names the program. One object serves the whole run; its window is not
-/// loaded, shown, or hidden.
+/// A small window that names the program. One object serves the whole run; its window is made at
+/// the first Show, hidden by the button, and destroyed when the user closes it.
 class frmAbout {
  public:
+  /// `toolkit` must outlive the object.
   explicit frmAbout(Toolkit& toolkit) : toolkit_(toolkit) {}
 
-  /// Shows the window, neither modal nor owned. One that is not loaded is loaded and centred first;
-  /// a hidden one comes back where it last stood.
+  /// Shows the window, neither modal nor owned: centred if it has just been made, else where it
+  /// last stood.
   void Show();
 
  private:

@@ -1,11 +1,13 @@
 #include "app/frm_gauges.h"
 
 #include <exception>
+#include <new>
 #include <utility>
 
 #include "app/gauges_window.h"
 #include "pages/page_text.h"
 #include "pages/site_addresses.h"
+#include "pages/status_text.h"
 #include "simulator/simulator_location.h"
 
 namespace panelkit {
@@ -18,10 +20,10 @@ frmGauges::frmGauges(Toolkit& toolkit, const Machine& machine, std::string simul
       loop_(toolkit.Loop()),
       WebBrowser1(form_->BrowserNamed("WebBrowser1")),
       lblFilePath(form_->LabelNamed("lblFilePath")),
-      lblStatus(form_->LabelNamed("lblStatus")),
       ProgressBar1(form_->ProgressBarNamed("ProgressBar1")),
       List1(machine.text),
-      about_(toolkit) {
+      about_(toolkit),
+      status_(form_->LabelNamed("lblStatus")) {
   WireEvents();
 }
 
@@ -37,20 +39,26 @@ void frmGauges::WireEvents() {
   OnClick("menAboutFS", &frmGauges::menAboutFS_Click);
   form_->OnClick("menExit", [this] { menExit_Click(); });
   form_->OnClose([this] { menExit_Click(); });
+  WebBrowser1.OnLinkNotOpened([this] { status_.Warn(kLinkNotOpenedText); });
 }
 
 void frmGauges::OnClick(std::string_view item, Handler handler) {
   form_->OnClick(item, [this, handler] { RunAlone(handler); });
 }
 
-// Keeps every other handler out, also where the menus are not disabled: a pick of the brake item
-// gives the event loop its turns without entering the Busy state.
+// Keeps every other handler out, also while the menus are enabled: a pick of the brake item
+// processes pending events without entering the Busy state.
 void frmGauges::RunAlone(Handler handler) {
   if (std::exchange(at_work_, true)) return;
+  status_.Begin();
+  report_.reset();
+  moved_ = {};
   try {
     (this->*handler)();
-  } catch (const std::exception&) {
-    Complain("The command could not be finished.");
+  } catch (const std::bad_alloc&) {
+    status_.Complain(UnfinishedText("there is not enough memory"));
+  } catch (const std::exception& failure) {
+    status_.Complain(UnfinishedText(failure.what()));
   }
   at_work_ = false;
 }
@@ -70,7 +78,6 @@ void frmGauges::menExit_Click() {
 }
 
 void frmGauges::menMain_Click() {
-  BeginCommand();
   LoadWelcome();
   ProgressBar1.SetValue(0);
 }
@@ -100,17 +107,7 @@ void frmGauges::ShowNoSimulator() {
     form_->MenuNamed(item).SetEnabled(false);
   }
   ReportHtml = NoSimulatorPage(machine_.files.AppFolder());
-  ShowPage(PageFile());
-}
-
-void frmGauges::BeginCommand() {
-  complaint_.clear();
-  report_.reset();
-}
-
-void frmGauges::Complain(std::string complaint) {
-  complaint_ = std::move(complaint);
-  lblStatus.SetCaption(complaint_);
+  TellOf(ShowPage(PageFile()));
 }
 
 }  // namespace panelkit

@@ -7,22 +7,26 @@
 
 #include "app/frm_about.h"
 #include "app/sorted_list.h"
+#include "app/status_line.h"
+#include "brake/brake_setting.h"
 #include "cabinet/cab_file.h"
+#include "gauges/gauge_mover.h"
 #include "gauges/gauge_report.h"
 #include "gauges/name_list.h"
 #include "gauges/spare_selection.h"
+#include "pages/page_file.h"
 #include "platform/machine.h"
 #include "platform/toolkit.h"
 
 namespace panelkit {
 
-/// The program. A face gives it a window and an event loop, a machine the simulator's files.
-/// Handlers run one at a time: while one is at work, a click on anything but Exit Program is
-/// dropped.
+/// The program. A window toolkit gives it a window and an event loop, a machine the simulator's
+/// files. Handlers run one at a time: while one is at work, a click on anything but Exit Program is
+/// dropped. What a handler could not do, it tells on the status line; none throws.
 class frmGauges {
  public:
-  /// Makes the window, not shown yet, and wires its events. Toolkit and services must outlive the
-  /// form. A `simulator` folder stands in for the registry's answer.
+  /// Makes the window, not shown yet, and connects its events. Toolkit and services must outlive
+  /// the form. A `simulator` folder, if not empty, stands in for the registry's answer.
   frmGauges(Toolkit& toolkit, const Machine& machine, std::string simulator = {});
 
   /// Runs Form_Load, then shows the window.
@@ -41,7 +45,7 @@ class frmGauges {
   void menVisit_Click();
   void menAboutFS_Click();
 
-  /// The simulator's folder: empty where none is installed, "Not Found" where its entry is damaged.
+  /// The simulator's folder: empty if none is installed, "Not Found" if its entry is damaged.
   std::string GetFSPath() const;
 
   /// Runs over all aircraft in the mode of ListAllGauges and CollectRequiredOnly: rebuilds
@@ -57,15 +61,15 @@ class frmGauges {
   /// Cuts `Gauge` before its first "!" and adds it to MissingGauges.
   void AddToMissing(std::string& Gauge);
 
-  /// Shows the welcome page. False where it cannot be written; lblStatus says so then.
-  bool LoadWelcome();
+  /// Shows the welcome page.
+  void LoadWelcome();
 
-  /// Shows the page that asks the user to wait. False as above.
-  bool LoadWorking();
+  /// Shows the page that asks the user to wait. One that cannot be written is no loss.
+  void LoadWorking();
 
   /// Sets the caption of menBrake by the simulator's configuration, adding the setting, after a
-  /// backup, where it is missing. Without a simulator: disables the commands and shows the page
-  /// that says so.
+  /// backup, if it is missing. Without a simulator: disables the commands and shows the page that
+  /// says so.
   void SetupBrakes();
 
   /// Writes `b` (1: messages are shown, 0: hidden) into the setting. A configuration that cannot be
@@ -73,17 +77,26 @@ class frmGauges {
   void SetBrakes(int b);
 
   /// Scans for the gauges that no panel names, as Clean Gauges does before it moves anything.
-  /// Nothing where a needed gauge could be lost; lblStatus says why then.
+  /// nullopt if a needed gauge could be lost; the status line says why.
   std::optional<SpareSelection> FindSpare();
 
   /// What the caption of menBrake, the program's only memory of it, says of the brake messages.
   bool BrakeMessagesAreShown() const;
 
-  /// What went wrong in the last command, in one sentence; empty when nothing did.
-  const std::string& Complaint() const { return complaint_; }
+  /// What the last look at fs2002.cfg, or the last edit of it, came to.
+  const BrakeOutcome& Brakes() const { return brakes_; }
+
+  /// What the last command has to tell.
+  const StatusLine& Status() const { return status_; }
 
   /// What the last report command found; nullptr if it made no report.
   const GaugeReport* Report() const { return report_ ? &*report_ : nullptr; }
+
+  /// Aircraft whose panel was there but could not be read in the last scan.
+  const std::vector<std::string>& Unreadable() const { return unreadable_; }
+
+  /// What became of the files that the last Clean Gauges was to move.
+  const MoveOutcome& Moved() const { return moved_; }
 
   std::string PageFile() const;
   std::string BrakePageFile() const;
@@ -92,6 +105,8 @@ class frmGauges {
   NameList MissingGauges;      ///< File parts: missing ones or, collecting only, required ones.
   bool ListAllGauges = false;  ///< List gauges that are present, too.
   bool CollectRequiredOnly = false;  ///< Write no lines, collect every entry.
+  bool Careful = false;              ///< Clean moves nothing if a panel could not be read.
+  StopRequest Stop;                  ///< Ends Clean's moving of files early, without a report.
   std::shared_ptr<CABFile> cab;      ///< The last cabinet listed.
 
  private:
@@ -102,15 +117,16 @@ class frmGauges {
   void RunAlone(Handler handler);
   void MakeReport(bool list_all_gauges);
   std::vector<std::string> Sorted(const std::vector<std::string>& names);
-  bool ShowPage(const std::string& PagePath);
+  PagePlace ShowPage(const std::string& PagePath);
+  void TellOf(const PagePlace& place);
   void ShowNoSimulator();
+  void ShowReport();
   void ArchiveSpare(const SpareSelection& spare);
+  std::string WhyNothingMoves() const;
+  bool TablesAreFull() const;
   void AddCabinetRows(const std::string& FSPath);
-  void BackUp(const std::string& config);
   void SetBrakeCaption(bool shown);
-  void BeginCommand();
-  void Complain(std::string complaint);
-  void EndCommand();
+  void TellOfBrakes();
 
   Toolkit& toolkit_;
   Machine machine_;
@@ -119,14 +135,16 @@ class frmGauges {
   EventLoop& loop_;
   WebBrowser& WebBrowser1;
   Label& lblFilePath;
-  Label& lblStatus;
   ProgressBar& ProgressBar1;
   SortedList List1;
   frmAbout about_;
   bool aircraft_listed_ = true;
   bool at_work_ = false;
-  std::string complaint_;
+  StatusLine status_;  // lblStatus.
   std::optional<GaugeReport> report_;
+  std::vector<std::string> unreadable_;
+  MoveOutcome moved_;
+  BrakeOutcome brakes_;
 };
 
 }  // namespace panelkit

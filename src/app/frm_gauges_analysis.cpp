@@ -27,15 +27,16 @@ void frmGauges::EnumerateGauges() {
   const std::string FSPath = GetFSPath();
   GaugeReport& report = report_.emplace();
   report.kind = KindOf(ListAllGauges, CollectRequiredOnly);
+  unreadable_.clear();
   MissingGauges.Reset();
   CreateGaugeArray(FSPath);
   lblFilePath.SetCaption("Flight Simulator: " + FSPath);
   const auto on_aircraft = [&](const std::string& aircraft) {
-    lblStatus.SetCaption("Scanning " + aircraft);
+    status_.ShowProgress("Scanning " + aircraft);
     const std::size_t listed = report.panels.size();
     PanelReport panel(aircraft, machine_.text, modGauges::InstalledGauges, MissingGauges, report);
     const FileFault fault = panels.Read(FSPath, aircraft, panel);
-    if (fault != FileFault::None) report.unreadable.push_back(aircraft);
+    if (fault != FileFault::None) unreadable_.push_back(aircraft);
     ReportHtml += PanelLines(std::span(report.panels).subspan(listed), machine_.text);
   };
   aircraft_listed_ = WalkAircraft(machine_.files, loop_, ProgressBar1, FSPath, on_aircraft);

@@ -2,9 +2,9 @@
 #include "app/busy_state.h"
 #include "app/frm_gauges.h"
 #include "cabinet/mod_gauges.h"
-#include "gauges/gauge_mover.h"
 #include "pages/page_text.h"
 #include "pages/report_page.h"
+#include "pages/status_text.h"
 
 namespace panelkit {
 
@@ -17,8 +17,7 @@ void frmGauges::menShow_Click() {
 }
 
 void frmGauges::MakeReport(bool list_all_gauges) {
-  BeginCommand();
-  if (!LoadWorking()) return;
+  LoadWorking();
   {
     const BusyState busy(*form_);
     ListAllGauges = list_all_gauges;
@@ -28,14 +27,23 @@ void frmGauges::MakeReport(bool list_all_gauges) {
     EnumerateGauges();
     report_->names = Sorted(MissingGauges.Names());
     ReportHtml += SummaryLines(*report_);
-    ShowPage(PageFile());
+    ShowReport();
   }
-  EndCommand();
+  status_.End();
+}
+
+// An empty report must not read as "nothing is missing", nor a cut one as a whole one.
+void frmGauges::ShowReport() {
+  if (!aircraft_listed_) {
+    status_.Complain("No aircraft were found: " + NoAircraftText(machine_.files, GetFSPath()) +
+                     ".");
+  }
+  if (TablesAreFull()) status_.Complain(kReportNotWholeText);
+  TellOf(ShowPage(PageFile()));
 }
 
 void frmGauges::menRemove_Click() {
-  BeginCommand();
-  if (!LoadWorking()) return;
+  LoadWorking();
   {
     const BusyState busy(*form_);
     const auto spare = FindSpare();
@@ -46,18 +54,7 @@ void frmGauges::menRemove_Click() {
       LoadWelcome();
     }
   }
-  EndCommand();
-}
-
-void frmGauges::ArchiveSpare(const SpareSelection& spare) {
-  report_->folders = FoldersOf(GetFSPath(), machine_.files.AppFolder());
-  const MoveOutcome outcome = ArchiveGauges(machine_.files, report_->folders, spare.SpareFiles);
-  report_->removed_files = static_cast<int>(spare.SpareFiles.size());
-  report_->names = Sorted(spare.keys);
-  ReportHtml += SummaryLines(*report_);
-  if (ShowPage(PageFile()) && !outcome.stayed.empty()) {
-    Complain("Done - files that stayed in Gauges: " + std::to_string(outcome.stayed.size()));
-  }
+  status_.End();
 }
 
 std::optional<SpareSelection> frmGauges::FindSpare() {
@@ -65,15 +62,40 @@ std::optional<SpareSelection> frmGauges::FindSpare() {
   CollectRequiredOnly = true;
   ReportHtml = PagePrelude;
   EnumerateGauges();
-  if (!aircraft_listed_) {
-    Complain("Nothing was moved: the Aircraft folder cannot be read.");
-    return std::nullopt;
-  }
-  if (modGauges::InstalledGauges.Overflowed() || MissingGauges.Overflowed()) {
-    Complain("Nothing was moved: there are more than 32,767 gauges.");
+  const std::string hindrance = WhyNothingMoves();
+  if (!hindrance.empty()) {
+    status_.Complain("Nothing was moved: " + hindrance + ".");
     return std::nullopt;
   }
   return SelectSpare(modGauges::InstalledGauges, MissingGauges.Names(), machine_.text);
+}
+
+// Whatever keeps a required gauge from being known would cost that gauge.
+std::string frmGauges::WhyNothingMoves() const {
+  if (!aircraft_listed_) return NoAircraftText(machine_.files, GetFSPath());
+  if (TablesAreFull()) return "there are more than 32,767 gauges";
+  if (!Careful || unreadable_.empty()) return {};
+  return "panels that could not be read: " + std::to_string(unreadable_.size());
+}
+
+bool frmGauges::TablesAreFull() const {
+  return modGauges::InstalledGauges.Overflowed() || MissingGauges.Overflowed();
+}
+
+void frmGauges::ArchiveSpare(const SpareSelection& spare) {
+  report_->folders = FoldersOf(GetFSPath(), machine_.files.AppFolder());
+  moved_ = ArchiveGauges(machine_.files, report_->folders, spare.SpareFiles, Stop);
+  if (!moved_.left.empty()) return;
+  report_->removed_files = static_cast<int>(spare.SpareFiles.size());
+  report_->names = Sorted(spare.keys);
+  ReportHtml += SummaryLines(*report_);
+  TellOf(ShowPage(PageFile()));
+  const std::string done = CleanDoneText(moved_.stayed.size(), unreadable_.size());
+  if (!moved_.stayed.empty()) {
+    status_.Complain(done);
+  } else if (!unreadable_.empty()) {
+    status_.Warn(done);
+  }
 }
 
 std::vector<std::string> frmGauges::Sorted(const std::vector<std::string>& names) {
@@ -85,10 +107,6 @@ std::vector<std::string> frmGauges::Sorted(const std::vector<std::string>& names
     sorted.push_back(List1.Text());
   }
   return sorted;
-}
-
-void frmGauges::EndCommand() {
-  lblStatus.SetCaption(complaint_.empty() ? "Done" : complaint_);
 }
 
 }  // namespace panelkit

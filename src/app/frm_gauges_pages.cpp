@@ -1,6 +1,7 @@
 // frmGauges: how pages reach the pane.
 #include "app/frm_gauges.h"
 #include "pages/page_text.h"
+#include "pages/status_text.h"
 
 namespace panelkit {
 
@@ -12,25 +13,31 @@ std::string frmGauges::BrakePageFile() const {
   return machine_.files.AppFolder() + "\\BRAKES.HTM";
 }
 
-bool frmGauges::LoadWelcome() {
+void frmGauges::LoadWelcome() {
   ReportHtml = WelcomePage(machine_.files.AppFolder());
-  return ShowPage(PageFile());
+  TellOf(ShowPage(PageFile()));
 }
 
-bool frmGauges::LoadWorking() {
+void frmGauges::LoadWorking() {
   ReportHtml = WorkingPage();
-  return ShowPage(PageFile());
+  ShowPage(PageFile());
 }
 
-bool frmGauges::ShowPage(const std::string& PagePath) {
+PagePlace frmGauges::ShowPage(const std::string& PagePath) {
   const std::string bytes = machine_.text.ToAnsi(ReportHtml) + "\r\n";
-  if (machine_.files.Replace(PagePath, bytes, Durability::Buffered) != FileFault::None) {
-    Complain(PagePath.substr(PagePath.rfind('\\') + 1) +
-             " could not be written in the program's folder.");
-    return false;
+  PagePlace place = WritePage(machine_.files, PagePath, bytes);
+  if (place.path.empty()) {
+    WebBrowser1.ShowFromMemory(bytes);
+  } else {
+    WebBrowser1.Navigate(place.path);
   }
-  WebBrowser1.Navigate(PagePath);
-  return true;
+  return place;
+}
+
+void frmGauges::TellOf(const PagePlace& place) {
+  if (place.fault == FileFault::None) return;
+  status_.Warn(place.path.empty() ? PageUnwrittenText(place.wanted, place.fault)
+                                  : PageElsewhereText(place.path));
 }
 
 }  // namespace panelkit

@@ -1,7 +1,7 @@
 // The main window as data: its controls, with places in twips, and its menu.
 //
-// List1, which belongs to the window too, is missing here on purpose: it lies below the visible
-// area and only sorts names (shell/sorted_list.h).
+// List1 is not among the controls: it lies below the visible area and only sorts names
+// (app/sorted_list.h).
 #pragma once
 
 #include <array>

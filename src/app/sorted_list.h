@@ -1,4 +1,4 @@
-// The program's sorting device.
+// Case-insensitive sort; stands in for List1.
 #pragma once
 
 #include <string>
@@ -9,8 +9,8 @@
 
 namespace panelkit {
 
-/// The list box List1 as the commands use it: a list that keeps its items in ascending order of
-/// their upper-cased text, ties in the order of adding. It is never shown.
+/// The operations of the list box List1 that the commands use. Items stand in ascending order of
+/// their upper-cased text; items that differ only in case stay apart, in the order of adding.
 class SortedList {
  public:
   explicit SortedList(const Text& text) : text_(text) {}
@@ -22,7 +22,7 @@ class SortedList {
   /// Selects a position from 0 to ListCount() - 1.
   void SetListIndex(int position) { selected_ = position; }
 
-  /// The selected item.
+  /// The selected item; throws std::out_of_range if none is.
   const std::string& Text();
 
  private:

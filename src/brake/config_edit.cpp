@@ -8,12 +8,12 @@ namespace {
 constexpr std::string_view kLineEnd = "\r\n";
 
 // Writes the file anew; `edit` appends what stands for one line, without the last line's end.
-std::string Rewritten(std::string_view config, const LineTurn& turn,
+std::string Rewritten(std::string_view config, const BetweenLines& between_lines,
                       const std::function<void(std::string_view line, std::string& text)>& edit) {
   std::string text;
   LineReader lines(config);
   while (!lines.AtEnd()) {
-    turn();
+    between_lines();
     edit(lines.Next(), text);
     text += kLineEnd;
   }
@@ -35,29 +35,30 @@ bool IsShown(std::string_view line) {
 
 }  // namespace
 
-std::optional<bool> BrakeMessagesShown(std::string_view config, const LineTurn& turn) {
+std::optional<bool> BrakeMessagesShown(std::string_view config, const BetweenLines& between_lines) {
   LineReader lines(config);
   while (!lines.AtEnd()) {
-    turn();
+    between_lines();
     const std::string_view line = lines.Next();
     if (ContainsIgnoringCase(line, BrakeKey)) return IsShown(line);
   }
   return std::nullopt;
 }
 
-std::string AsRead(std::string_view config, const LineTurn& turn) {
-  return Rewritten(config, turn, [](std::string_view line, std::string& text) { text += line; });
+std::string AsRead(std::string_view config, const BetweenLines& between_lines) {
+  return Rewritten(config, between_lines,
+                   [](std::string_view line, std::string& text) { text += line; });
 }
 
-std::string WithSettingAdded(std::string_view config, const LineTurn& turn) {
-  return Rewritten(config, turn, [](std::string_view line, std::string& text) {
+std::string WithSettingAdded(std::string_view config, const BetweenLines& between_lines) {
+  return Rewritten(config, between_lines, [](std::string_view line, std::string& text) {
     text += line;
     if (ContainsIgnoringCase(line, "sysclock")) text.append(kLineEnd).append(Setting(1));
   });
 }
 
-std::string WithSettingSet(std::string_view config, int b, const LineTurn& turn) {
-  return Rewritten(config, turn, [b](std::string_view line, std::string& text) {
+std::string WithSettingSet(std::string_view config, int b, const BetweenLines& between_lines) {
+  return Rewritten(config, between_lines, [b](std::string_view line, std::string& text) {
     if (ContainsIgnoringCase(line, BrakeKey)) {
       text += Setting(b);
     } else {

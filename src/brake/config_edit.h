@@ -14,19 +14,19 @@ namespace panelkit {
 inline constexpr std::string_view BrakeKey = "show_brake_message";
 
 /// Called before each line is read, so that a long file does not stop the window.
-using LineTurn = std::function<void()>;
+using BetweenLines = std::function<void()>;
 
-/// Whether the messages are shown, by the first line that holds BrakeKey: hidden only where the
-/// character behind the line's first "=" is a digit other than 1. Nothing where no line holds it.
-std::optional<bool> BrakeMessagesShown(std::string_view config, const LineTurn& turn);
+/// Whether the messages are shown, by the first line that holds BrakeKey: hidden only if the
+/// character behind the line's first "=" is a digit other than 1. nullopt if no line holds it.
+std::optional<bool> BrakeMessagesShown(std::string_view config, const BetweenLines& between_lines);
 
 /// The file's lines as they were read, for the backup.
-std::string AsRead(std::string_view config, const LineTurn& turn);
+std::string AsRead(std::string_view config, const BetweenLines& between_lines);
 
 /// The file with "show_brake_message=1" behind each line that contains "SYSCLOCK", case ignored.
-std::string WithSettingAdded(std::string_view config, const LineTurn& turn);
+std::string WithSettingAdded(std::string_view config, const BetweenLines& between_lines);
 
 /// The file with each line that holds BrakeKey replaced by "show_brake_message=" and `b`.
-std::string WithSettingSet(std::string_view config, int b, const LineTurn& turn);
+std::string WithSettingSet(std::string_view config, int b, const BetweenLines& between_lines);
 
 }  // namespace panelkit

@@ -1,44 +1,44 @@
 // brake, brake on, brake off.
-#include "app/frm_gauges.h"
-#include "app/gauges_window.h"
-#include "brake/config_edit.h"
+#include "console/command_results.h"
 #include "console/console_commands.h"
-#include "console/exit_status.h"
-#include "platform/headless/headless_toolkit.h"
-#include "platform/headless/quiet_loop.h"
+#include "console/console_program.h"
+#include "pages/status_text.h"
 #include "platform/terminal.h"
 
 namespace panelkit {
+
+BrakeResult Brake(LocalMachine& machine, const CommandLine& line, const std::string& simulator) {
+  ConsoleProgram program(machine.Services(), simulator);
+  frmGauges& form = program.Form();
+  BrakeResult result;
+  form.SetupBrakes();
+  AddNotes(form.Status(), result.notes);
+  const bool is_switch = !line.brake.empty();
+  const bool wanted = line.brake == "on";
+  if (is_switch && !result.notes.failed && form.BrakeMessagesAreShown() != wanted) {
+    program.Click("menBrake");
+    AddNotes(form.Status(), result.notes);
+  }
+  result.shown = form.Brakes().shown;
+  if (!result.shown && result.notes.sentences.empty()) {
+    result.notes.sentences.emplace_back(kNoPlaceForSettingText);
+  }
+  if (is_switch && result.shown != wanted) result.notes.failed = true;
+  return result;
+}
 
 int BrakeCommand(LocalMachine& machine, const CommandLine& line) {
   const std::string simulator = SimulatorFor(machine, line);
   if (simulator.empty()) {
     return Complain("No simulator is registered (" + machine.Origin() + ").");
   }
-  const Machine services = machine.Services();
-  const std::string config = simulator + "\\fs2002.cfg";
-  if (!services.files.Read(config).bytes) return Complain(config + " is not there or cannot be read.");
-
-  QuietLoop loop;
-  HeadlessToolkit toolkit(loop);
-  frmGauges program(toolkit, services, simulator);
-  program.SetupBrakes();
-  const bool wanted = line.brake.empty() ? program.BrakeMessagesAreShown() : line.brake == "on";
-  if (program.BrakeMessagesAreShown() != wanted) {
-    toolkit.FormTitled(kGaugesWindow.title)->Click("menBrake");
+  const BrakeResult result = Brake(machine, line, simulator);
+  if (result.shown || !result.notes.failed) {
+    // Without the setting the simulator shows the messages.
+    terminal::WriteOut(result.shown.value_or(true) ? "on: the red brake messages are shown\n"
+                                                   : "off: the red brake messages are hidden\n");
   }
-  if (!line.brake.empty()) {
-    const auto bytes = services.files.Read(config).bytes;
-    const auto shown = bytes ? BrakeMessagesShown(*bytes, [] {}) : std::nullopt;
-    if (shown != wanted) {
-      return Complain(config + " does not hold the setting: it cannot be written, or has no " +
-                      "SYSCLOCK line to put the setting behind.");
-    }
-  }
-  if (!program.Complaint().empty()) return Complain(program.Complaint());
-  terminal::WriteOut(wanted ? "on: the red brake messages are shown\n"
-                            : "off: the red brake messages are hidden\n");
-  return kExitDone;
+  return Tell(result.notes) ? kExitDone : kExitError;
 }
 
 }  // namespace panelkit

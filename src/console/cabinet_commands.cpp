@@ -3,7 +3,6 @@
 
 #include "cabinet/cab_file.h"
 #include "console/console_commands.h"
-#include "console/exit_status.h"
 #include "platform/terminal.h"
 
 namespace panelkit {

@@ -3,16 +3,29 @@
 #include <CLI/CLI.hpp>
 #include <sstream>
 
-#include "console/exit_status.h"
+#include "console/console_commands.h"
 
 namespace panelkit {
 namespace {
 
-// Adds a command that only has to be noted.
+// The options of the program itself, which each command takes, and shows in its help, too.
+void AddCommonOptions(CLI::App& app, CommandLine& line) {
+  app.add_option("--simulator", line.simulator, "The simulator's folder, instead of the registry's")
+      ->type_name("DIR")
+      ->group("Common options");
+  app.add_option_function<std::string>(
+         "--format", [&line](const std::string& format) { line.html = format == "html"; },
+         "How a report is printed: text or html")
+      ->check(CLI::IsMember({"text", "html"}))
+      ->group("Common options");
+}
+
+// Adds a command whose name is all that has to be noted.
 CLI::App* AddCommand(CLI::App& app, const std::string& name, const std::string& description,
                      CommandLine& line, ConsoleCommand command) {
   CLI::App* added = app.add_subcommand(name, description);
   added->callback([&line, command] { line.command = command; });
+  AddCommonOptions(*added, line);
   return added;
 }
 
@@ -45,9 +58,11 @@ void AddCommands(CLI::App& app, CommandLine& line) {
              ConsoleCommand::Probe);
   AddCommand(app, "show", "Show All Gauges: report every gauge of every panel", line,
              ConsoleCommand::Show);
-  AddCommand(app, "clean", "Clean Gauges: move gauges that no panel names to SpareGauges", line,
-             ConsoleCommand::Clean)
-      ->add_flag("--dry-run", line.dry_run, "Say what would move, and move nothing");
+  CLI::App* clean =
+      AddCommand(app, "clean", "Clean Gauges: move gauges that no panel names to SpareGauges", line,
+                 ConsoleCommand::Clean);
+  clean->add_flag("--dry-run", line.dry_run, "Say what would move, and move nothing");
+  clean->add_flag("--careful", line.careful, "Move nothing if a panel could not be read");
   AddCommand(app, "restore", "Bring gauges back from SpareGauges", line, ConsoleCommand::Restore)
       ->add_option("NAME", line.gauges, "Only these gauges; * and ? may stand in a name");
   AddCommand(app, "brake", "Say whether the red brake messages are shown, or switch them", line,
@@ -65,13 +80,8 @@ std::variant<CommandLine, CommandLineAnswer> ParseCommandLine(
   CLI::App app("Compares the gauges that FS2002 panels name with those that are installed.",
                "panelkit-console");
   app.set_version_flag("--version", "panelkit-console " PANELKIT_VERSION);
-  app.add_option("--simulator", line.simulator, "The simulator's folder, instead of the registry's")
-      ->type_name("DIR");
-  std::string format = "text";
-  app.add_option("--format", format, "How a report is printed: text or html")
-      ->check(CLI::IsMember({"text", "html"}));
+  AddCommonOptions(app, line);
   app.require_subcommand(1);
-  app.fallthrough();  // Options of the program may stand behind the command, too.
   app.footer("Exit status: 0 nothing is missing, or done; 1 gauges are missing; 2 an error.");
   AddCommands(app, line);
   try {
@@ -84,7 +94,6 @@ std::variant<CommandLine, CommandLineAnswer> ParseCommandLine(
     const int code = app.exit(error, output, complaint);
     return CommandLineAnswer{output.str(), complaint.str(), code == 0 ? kExitDone : kExitError};
   }
-  line.html = format == "html";
   return line;
 }
 

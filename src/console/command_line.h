@@ -26,6 +26,7 @@ struct CommandLine {
   std::string simulator;
   bool html = false;
   bool dry_run = false;             ///< Clean.
+  bool careful = false;             ///< Clean.
   std::vector<std::string> gauges;  ///< Restore.
   std::string brake;                ///< Brake: "on", "off" or empty.
   std::string cabinet;              ///< The cab commands.
@@ -34,14 +35,15 @@ struct CommandLine {
   std::string output_file;
 };
 
-/// The end of a program that has nothing to run: help was asked for, or the line makes no sense.
+/// What to print, and the exit status, if there is no command to run: help was asked for, or the
+/// command line is wrong.
 struct CommandLineAnswer {
   std::string output;
   std::string complaint;
   int exit_status = 0;
 };
 
-/// Takes the command line apart; `arguments` begins with the program's name.
+/// Parses the command line; `arguments` starts with the program's name.
 std::variant<CommandLine, CommandLineAnswer> ParseCommandLine(
     const std::vector<std::string>& arguments);
 

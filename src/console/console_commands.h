@@ -1,13 +1,20 @@
-// The commands of the console companion. Each runs the program's own handlers on a face without a
-// window, prints to the terminal, and gives an exit status of exit_status.h.
+// The commands of the console companion. Each runs the program's own handlers without a window,
+// prints to the terminal, and gives an exit status.
 #pragma once
 
 #include <string>
+#include <vector>
 
+#include "app/status_line.h"
 #include "console/command_line.h"
+#include "console/command_results.h"
 #include "platform/local_machine.h"
 
 namespace panelkit {
+
+inline constexpr int kExitDone = 0;           ///< Nothing is missing, or the command is done.
+inline constexpr int kExitGaugesMissing = 1;  ///< The report names missing gauges.
+inline constexpr int kExitError = 2;  ///< Something could not be done; standard error says what.
 
 /// Runs one command to its end.
 int RunConsoleCommand(LocalMachine& machine, const CommandLine& line);
@@ -16,11 +23,35 @@ int RunConsoleCommand(LocalMachine& machine, const CommandLine& line);
 /// the registry's answer.
 std::string SimulatorFor(LocalMachine& machine, const CommandLine& line);
 
+/// Why the simulator's folder is of no use; empty if it is of use.
+std::string FolderComplaint(LocalMachine& machine, const std::string& simulator);
+
+/// The same for the report commands, to which a folder that the registry names is of use also if it
+/// is not there: they make their empty report of it and say why, as in the window.
+std::string ReportComplaint(LocalMachine& machine, const CommandLine& line,
+                            const std::string& simulator);
+
+/// Says on standard error that Ctrl-C ended the command, and what that means. Gives
+/// terminal::kExitInterrupted.
+int ComplainOfInterrupt(const std::string& sentence);
+
 /// Says on standard error what went wrong, after the program's name. Gives kExitError.
 int Complain(const std::string& sentence);
 
+/// Adds what the program's status line has to tell.
+void AddNotes(const StatusLine& status, Notes& notes);
+
+/// Says each sentence on standard error. Whether the command could do what it was asked.
+bool Tell(const Notes& notes);
+
+/// Prints a heading and below it each name, indented. Nothing if there are no names, unless
+/// `also_empty`.
+void PrintNames(const std::string& heading, const std::vector<std::string>& names,
+                bool also_empty = false);
+
 // The groups of commands, one file each.
 int ReportCommand(LocalMachine& machine, const CommandLine& line);
+int CleanCommand(LocalMachine& machine, const CommandLine& line);
 int RestoreCommand(LocalMachine& machine, const CommandLine& line);
 int BrakeCommand(LocalMachine& machine, const CommandLine& line);
 int CabinetCommand(LocalMachine& machine, const CommandLine& line);

@@ -3,7 +3,6 @@
 #include <string>
 
 #include "console/console_commands.h"
-#include "console/exit_status.h"
 #include "platform/terminal.h"
 #include "simulator/simulator_location.h"
 

@@ -32,9 +32,14 @@ bool MoveFile(Files& files, const std::string& source, const std::string& folder
   return files.Delete(source);
 }
 
-bool HasGaugeEnding(const std::string& name) {
+bool HasGaugeEnding(std::string_view name) {
+  name.remove_prefix(name.size() - std::min<std::size_t>(name.size(), 4));
   return std::any_of(kGaugeEndings.begin(), kGaugeEndings.end(),
                      [&](const char* ending) { return ContainsIgnoringCase(name, ending); });
+}
+
+bool IsAmong(const std::vector<std::string>& names, const std::string& name) {
+  return std::find(names.begin(), names.end(), name) != names.end();
 }
 
 // The archived files of one name, spelt as in the archive: with the extension typed, or each gauge
@@ -57,6 +62,7 @@ std::vector<std::string> ArchivedNames(const Files& files, const std::string& sp
 
 void Restore(Files& files, const GaugeFolders& folders, const std::string& name,
              RestoreOutcome& outcome) {
+  if (IsAmong(outcome.restored, name)) return;  // From an archive that is preferred.
   if (files.Exists(folders.gauges + "\\" + name)) {
     outcome.already_there.push_back(name);
   } else if (MoveFile(files, folders.spare + "\\" + name, folders.gauges, name)) {
@@ -80,7 +86,7 @@ std::string SpareFileName(const Files& files, const std::string& gauges, const s
 }
 
 MoveOutcome ArchiveGauges(Files& files, const GaugeFolders& folders,
-                          const std::vector<std::string>& SpareFiles) {
+                          const std::vector<std::string>& SpareFiles, const StopRequest& stop) {
   if (!files.Exists(folders.spare)) files.MakeFolder(folders.spare);
   // An archive that is the Gauges folder itself, by a link, would have each file copied onto itself
   // and then deleted.
@@ -90,6 +96,10 @@ MoveOutcome ArchiveGauges(Files& files, const GaugeFolders& folders,
   for (const std::string& entry : SpareFiles) {
     const std::string name = SpareFileName(files, folders.gauges, entry);
     if (name.empty()) continue;
+    if (!outcome.left.empty() || (stop && stop())) {
+      outcome.left.push_back(name);
+      continue;
+    }
     const bool moved =
         is_apart && MoveFile(files, folders.gauges + "\\" + name, folders.spare, name);
     (moved ? outcome.moved : outcome.stayed).push_back(name);
@@ -97,15 +107,21 @@ MoveOutcome ArchiveGauges(Files& files, const GaugeFolders& folders,
   return outcome;
 }
 
-RestoreOutcome RestoreGauges(Files& files, const GaugeFolders& folders,
-                             const std::vector<std::string>& names) {
+RestoreOutcome RestoreGauges(Files& files, const std::vector<GaugeFolders>& folders,
+                             const std::vector<std::string>& names, const StopRequest& stop) {
   RestoreOutcome outcome;
-  if (files.IsSame(folders.gauges, folders.spare)) return outcome;
-  RemoveHalfMoved(files, folders);
   for (const std::string& typed : names) {
-    const auto archived = ArchivedNames(files, folders.spare, typed);
-    if (archived.empty() && typed != kEveryGauge) outcome.failed.push_back(typed);
-    for (const std::string& name : archived) Restore(files, folders, name, outcome);
+    bool is_archived = false;
+    for (const GaugeFolders& pair : folders) {
+      if (files.IsSame(pair.gauges, pair.spare)) continue;
+      RemoveHalfMoved(files, pair);
+      for (const std::string& name : ArchivedNames(files, pair.spare, typed)) {
+        is_archived = true;
+        outcome.stopped = outcome.stopped || (stop && stop());
+        if (!outcome.stopped) Restore(files, pair, name, outcome);
+      }
+    }
+    if (!is_archived && typed != kEveryGauge) outcome.failed.push_back(typed);
   }
   return outcome;
 }

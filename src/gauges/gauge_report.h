@@ -51,9 +51,6 @@ struct GaugeReport {
   int removed_files = 0;
   GaugeFolders folders;
 
-  /// Aircraft whose panel is there but could not be read, by folder name.
-  std::vector<std::string> unreadable;
-
   /// Holds the texts that entries and titles view.
   std::unique_ptr<TextStore> texts = std::make_unique<TextStore>();
 };

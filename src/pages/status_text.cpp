@@ -1,6 +1,14 @@
 #include "pages/status_text.h"
 
 namespace panelkit {
+namespace {
+
+// A file that is to be written may be absent; its folder may not.
+std::string WriteFaultText(FileFault fault) {
+  return fault == FileFault::Absent ? "its folder is not there" : std::string(FaultText(fault));
+}
+
+}  // namespace
 
 std::string_view FaultText(FileFault fault) {
   switch (fault) {
@@ -24,6 +32,40 @@ std::string_view FaultText(FileFault fault) {
       break;
   }
   return "the system refused it";
+}
+
+std::string ConfigUnchangedText(FileFault fault) {
+  return "fs2002.cfg was not changed: " + std::string(FaultText(fault)) + ".";
+}
+
+std::string NoBackupText(FileFault fault) {
+  return "fs2002.cfg was changed without a backup: " + WriteFaultText(fault) + ".";
+}
+
+std::string PageElsewhereText(const std::string& path) {
+  return "The page is in " + path + ".";
+}
+
+std::string PageUnwrittenText(const std::string& path, FileFault fault) {
+  return path.substr(path.rfind('\\') + 1) + " could not be written: " + WriteFaultText(fault) +
+         ".";
+}
+
+std::string NoAircraftText(const Files& files, const std::string& FSPath) {
+  if (!files.IsFolder(FSPath)) return "the folder " + FSPath + " is not there";
+  if (!files.Exists(FSPath + "\\Aircraft")) return FSPath + " has no Aircraft folder";
+  return "the Aircraft folder cannot be read";
+}
+
+std::string UnfinishedText(const std::string& reason) {
+  return "The command could not be finished: " + reason + ".";
+}
+
+std::string CleanDoneText(std::size_t stayed, std::size_t unreadable) {
+  std::string text = "Done";
+  if (stayed > 0) text += " - files that stayed in Gauges: " + std::to_string(stayed);
+  if (unreadable > 0) text += " - panels that could not be read: " + std::to_string(unreadable);
+  return text;
 }
 
 }  // namespace panelkit

@@ -1,6 +1,7 @@
 // The sentences of the status line, which standard error of the console companion shares.
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "platform/files.h"
@@ -10,5 +11,35 @@ namespace panelkit {
 /// Why a file could not be read or written, as the end of a sentence: "it is read-only". Empty for
 /// FileFault::None.
 std::string_view FaultText(FileFault fault);
+
+/// fs2002.cfg could not be read or written, and is as it was.
+std::string ConfigUnchangedText(FileFault fault);
+
+/// fs2002.cfg was edited for a setting that was missing although there is no backup.
+std::string NoBackupText(FileFault fault);
+
+/// The page file `path` stands in for one that could not be written.
+std::string PageElsewhereText(const std::string& path);
+
+/// The page file `path` could be written nowhere.
+std::string PageUnwrittenText(const std::string& path, FileFault fault);
+
+/// Why the simulator's folder `FSPath` has given no aircraft, as the end of a sentence: "the folder
+/// C:\FS is not there".
+std::string NoAircraftText(const Files& files, const std::string& FSPath);
+
+/// The end of a Clean Gauges run: "Done", with the number of files that stayed in Gauges and of
+/// panels that could not be read, as far as there are any.
+std::string CleanDoneText(std::size_t stayed, std::size_t unreadable);
+
+/// A command ended half way, for the reason given.
+std::string UnfinishedText(const std::string& reason);
+
+inline constexpr const char* kNoPlaceForSettingText =
+    "fs2002.cfg has no SYSCLOCK line to put the setting behind.";
+inline constexpr const char* kReportNotWholeText =
+    "There are more than 32,767 gauges: the report is not whole.";
+inline constexpr const char* kLinkNotOpenedText =
+    "The link could not be opened: no web browser was found.";
 
 }  // namespace panelkit

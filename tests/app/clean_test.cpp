@@ -46,10 +46,16 @@ TEST_CASE_FIXTURE(
   simulator.AddGauge("twin.gau");
   Files& files = simulator.Services().files;
   const GaugeFolders folders = FoldersOf(simulator.FSPath(), simulator.AppFolder());
-  const auto outcome = RestoreGauges(files, folders, {"XABCY", "twin.gau", "none", "..\\x"});
-  CHECK(outcome.restored == std::vector<std::string>{"xabcy.gau"});
+  // A second archive, of a run whose program folder was another one.
+  const GaugeFolders older = FoldersOf(simulator.FSPath(), simulator.FSPath() + "\\older");
+  Put(simulator.Fs() / "older" / "SpareGauges" / "Old.gauge_pack.cab", "only here");
+  Put(simulator.Fs() / "older" / "SpareGauges" / "xabcy.gau", "the oldest copy");
+  const std::vector<std::string> names{"XABCY", "twin.gau", "none", "..\\x", "Old.gauge_pack"};
+  const auto outcome = RestoreGauges(files, {folders, older}, names, {});
+  CHECK(outcome.restored == std::vector<std::string>{"xabcy.gau", "Old.gauge_pack.cab"});
   CHECK(outcome.already_there == std::vector<std::string>{"twin.gau"});
   CHECK(outcome.failed == std::vector<std::string>{"none", "..\\x"});
+  CHECK(Get(gauges / "xabcy.gau") == "the newer one");
   CHECK(Tree(spare) == "ABC.gau\nspare.cab\ntwin.cab\ntwin.gau\n");
 }
 
@@ -69,26 +75,74 @@ TEST_CASE_FIXTURE(Program,
             "\\SpareGauges\\\nRemoved Files:\n    a\n    B\n");
 }
 
-TEST_CASE_FIXTURE(Program, "Clean moves nothing when a needed gauge could be lost") {
-  const std::string too_many = "Nothing was moved: there are more than 32,767 gauges.";
+TEST_CASE_FIXTURE(Program, "a file that is gone by then counts, and a stop leaves the others") {
+  for (const char* file : {"a.gau", "b.gau", "c.gau"}) simulator.AddGauge(file);
+  simulator.AddAircraft("Alpha", "x\n");
+  loop.on_turn = [&] {
+    if (Status() == "Scanning Alpha") fs::remove(simulator.Fs() / "Gauges" / "a.gau");
+  };
+  int asked = 0;
+  form.Stop = [&] { return ++asked > 1; };
+  Click("menRemove");
+  CHECK(form.Moved().moved == std::vector<std::string>{"b.gau"});
+  CHECK(form.Moved().left == std::vector<std::string>{"c.gau"});
+  form.Stop = {};
   simulator.AddGauge("a.gau");
+  Click("menRemove");
+  CHECK(Status() == "Done");
+  CHECK(
+      ReportText(*form.Report(), simulator.Services().text).starts_with("2 FILES, CONTAINING 2 "));
+  CHECK(Tree(simulator.App() / "SpareGauges") == "b.gau\nc.gau\n");
+}
+
+TEST_CASE_FIXTURE(Program, "a scan that is not whole is told, and then Clean moves nothing") {
+  const std::string too_many = "Nothing was moved: there are more than 32,767 gauges.";
+  const std::string not_whole = "There are more than 32,767 gauges: the report is not whole.";
+  simulator.AddGauge("a.gau");
+  const auto expect = [&](const std::string& after_probe, const std::string& after_clean) {
+    Click("menProbe");
+    CHECK(Status() == after_probe);
+    Click("menRemove");
+    CHECK(Status() == after_clean);
+    CHECK(Tree(simulator.Fs() / "Gauges").starts_with("a.gau\n"));
+  };
   const auto cabinet = simulator.Fs() / "Gauges" / "many.cab";
   Put(cabinet, MakeCabinet(std::vector<CabinetEntry>(32767, {"dial.xml"})));
-  Click("menRemove");
-  CHECK(Status() == too_many);
+  expect(not_whole, too_many);
   fs::remove(cabinet);
   std::string panel = "[Window Titles]\nWindow00=W\n\n";
   for (int i = 0; i <= 32767; ++i) panel += "gauge=g" + std::to_string(i) + ",1\n";
   simulator.AddAircraft("Alpha", panel);
-  Click("menProbe");
-  CHECK(Status() == "Done");
-  Click("menRemove");
-  CHECK(Status() == too_many);
+  expect(not_whole, too_many);
+  simulator.AddAircraft("Alpha", "x\n");
+  fs::create_directories(simulator.Fs() / "Aircraft" / "Beta" / "Panel" / "panel.cfg");
+  form.Careful = true;
+  expect("Done", "Nothing was moved: panels that could not be read: 1.");
+  CHECK(form.Unreadable() == std::vector<std::string>{"Beta"});
   fs::remove_all(simulator.Fs() / "Aircraft");
-  Click("menRemove");
-  CHECK(Status() == "Nothing was moved: the Aircraft folder cannot be read.");
+  const std::string no_aircraft = simulator.FSPath() + " has no Aircraft folder.";
+  expect("No aircraft were found: " + no_aircraft, "Nothing was moved: " + no_aircraft);
   CHECK(simulator.Page() == simulator.Golden("welcome.htm"));
   CHECK(Tree(simulator.App()) == "GAUGES.HTM\n");
+
+  fs::create_directories(simulator.Fs() / "Aircraft" / "Beta" / "Panel" / "panel.cfg");
+  form.Careful = false;
+  Click("menRemove");
+  CHECK(Status() == "Done - panels that could not be read: 1");
+  CHECK(Tree(simulator.Fs()).empty());
+  simulator.registry.applications = {{"Flight Simulator", TextValue("C:\\gone")}};
+  Click("menShow");
+  CHECK(Status() == "No aircraft were found: the folder C:\\gone is not there.");
+}
+
+TEST_CASE_FIXTURE(Program, "Probe after Show lists the missing gauges alone") {
+  simulator.AddAircraft("Alpha", "[Window Titles]\nWindow00=W\n\ngauge=here,1\ngauge=gone,1\n");
+  simulator.AddGauge("here.gau");
+  for (const auto& [item, lists_all] : {std::pair{"menShow", true}, {"menProbe", false}}) {
+    Click(item);
+    CHECK((simulator.Page().find("; here<br>") != std::string::npos) == lists_all);
+    CHECK(simulator.Page().find("; gone *** MISSING ***<br>") != std::string::npos);
+  }
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <stdexcept>
 
 #include "app/about_window.h"
+#include "app/gauges_window.h"
 #include "pages/site_addresses.h"
 #include "support/simulator.h"
 
@@ -28,12 +29,29 @@ TEST_CASE_FIXTURE(Program, "with a simulator the window starts ready, on the wel
   CHECK(simulator.Page() == simulator.Golden("welcome.htm"));
   const std::string& shown = Window().BrowserNamed("WebBrowser1").Address();
   CHECK(shown == simulator.AppFolder() + "\\GAUGES.HTM");
-  for (const auto& [item, address] : {std::pair{"menKeybd", KeyboardPageUrl},
-                                      {"menVirtual", AirlineDirectoryUrl},
-                                      {"menVisit", SiteUrl}}) {
+  for (const auto& [item, path] :
+       {std::pair{"menKeybd", "/members/panelkitcom/home/FS2002kbcmds.htm"},
+        {"menVirtual", "/Top/Recreation/Aviation/Simulation/Virtual_Airlines/"},
+        {"menVisit", PANELKIT_SITE_HOST}}) {
     Click(item);
-    CHECK(shown == address);
+    CHECK(shown.starts_with("http"));
+    CHECK(shown.ends_with(path));
   }
+}
+
+TEST_CASE_FIXTURE(Program, "the window starts with its fixed texts and access keys") {
+  std::string captions;
+  for (const MenuDescription& item : kGaugesMenu) {
+    captions += Window().MenuNamed(item.name).Caption() + (item.parent.empty() ? "|" : "; ");
+  }
+  CHECK(captions ==
+        "&File|E&xit Program; &Main Page|&Probe For Missing Gauges|&Show All Gauges|&Clean Gauges|"
+        "&Other Cool Stuff|FS2002 &Keyboard Commands; &Parking Brake Annunciator OFF; "
+        "List of &Virtual Airlines; &Help|&Visit Panelkit Web Site; &About Panelkit; ");
+  CHECK(Window().LabelNamed("lblFilePath").Caption() ==
+        "Panelkit - Version 1.10  Dec 15, 2002              Come to " + std::string(SiteUrl) +
+            " if you are looking for gauges");
+  CHECK(Status() == "Made with care for everyone who builds and flies panels");
 }
 
 TEST_CASE_FIXTURE(Program, "a command greys all but File while it runs and takes no second pick") {
@@ -55,26 +73,43 @@ TEST_CASE_FIXTURE(Program, "a command greys all but File while it runs and takes
   CHECK(toolkit.FormTitled(kAboutWindow.title) == nullptr);
 }
 
-TEST_CASE_FIXTURE(Program, "a command that fails half way gives the menus back and says so") {
+TEST_CASE_FIXTURE(Program, "what went wrong is told until the next command, with the menus back") {
   simulator.AddGauge("spare.gau");
-  loop.on_turn = [] { throw std::runtime_error("out of memory, say"); };
+  const std::string at_first = Status();
+  loop.on_turn = [] { throw std::runtime_error("the disk has gone"); };
   Click("menRemove");
   CHECK(Greyed().empty());
-  CHECK(Status() == "The command could not be finished.");
+  CHECK(Status() == "The command could not be finished: the disk has gone.");
+  Click("menMain");
+  CHECK(Status() == at_first);
+  loop.on_turn = {};
   Click("menProbe");
+  CHECK(Status() == "Done");
+  Window().BrowserNamed("WebBrowser1").FailToOpenLink();
+  CHECK(Status() == "The link could not be opened: no web browser was found.");
+  Click("menKeybd");
   CHECK(Status() == "Done");
 }
 
-TEST_CASE_FIXTURE(
-    Program, "a program folder that cannot be written gives the menus back and a plain sentence") {
+TEST_CASE_FIXTURE(Program,
+                  "a page that cannot be written in the program's folder is put elsewhere") {
   simulator.AddGauge("spare.gau");
+  Files& files = simulator.Services().files;
+  const std::string elsewhere = files.UserFolder() + "\\GAUGES.HTM";
   std::filesystem::create_directories(simulator.App() / "GAUGES.HTM");
-  for (const char* item : {"menProbe", "menRemove", "menMain"}) {
+  Click("menRemove");
+  CHECK(Status() == "The page is in " + elsewhere + ".");
+  CHECK(Window().BrowserNamed("WebBrowser1").Address() == elsewhere);
+  CHECK(files.Read(elsewhere).bytes == simulator.Services().text.ToAnsi(form.ReportHtml) + "\r\n");
+  CHECK(Tree(simulator.Fs()).empty());
+
+  REQUIRE(files.Delete(elsewhere));
+  REQUIRE(files.MakeFolder(elsewhere) == kFolderCreated);
+  for (const char* item : {"menProbe", "menMain"}) {
     Click(item);
     CHECK(Greyed().empty());
-    CHECK(Status() == "GAUGES.HTM could not be written in the program's folder.");
+    CHECK(Status().starts_with("GAUGES.HTM could not be written: "));
   }
-  CHECK(Tree(simulator.Fs()) == "Gauges/spare.gau\n");
 }
 
 TEST_CASE_FIXTURE(

@@ -13,6 +13,7 @@ const std::string kOn = "&Turn Parking Brake Annunciator ON";
 // The program on a simulator with this configuration, started.
 struct Started : Program {
   std::filesystem::path config = simulator.Fs() / "FS2002.CFG";
+  std::string first_status = Status();
 
   explicit Started(const std::string& bytes) {
     Put(config, bytes);
@@ -61,29 +62,60 @@ TEST_CASE("the setting is found, added, and switched by a pick") {
     const bool edited = row.config != row.after_start;
     CHECK(std::filesystem::exists(backup.parent_path()) == edited);
     if (edited) CHECK(Get(backup) == AsRead(row.config, [] {}));
+    CHECK(brakes.Status() == brakes.first_status);
 
     brakes.Click("menBrake");
+    const bool has_setting = row.after_pick.find("=") != std::string::npos;
+    CHECK(brakes.Status() == (has_setting
+                                  ? brakes.first_status
+                                  : "fs2002.cfg has no SYSCLOCK line to put the setting behind."));
     CHECK(brakes.Caption() == (row.caption == kOff ? kOn : kOff));
     CHECK(Get(brakes.config) == row.after_pick);
     CHECK(Tree(brakes.simulator.Fs()) == "FS2002.CFG\n");
   }
 }
 
-TEST_CASE("a configuration that cannot be read is not made up, a read-only one stays as it is") {
+TEST_CASE("each start without the setting and without a place for it backs up and adds a line") {
+  Started brakes("a\r\n");
+  const std::string after_start = Get(brakes.config);
+  brakes.form.Form_Load();
+  CHECK(Get(brakes.config) == "a\r\n\r\n\r\n");
+  CHECK(Get(brakes.simulator.App() / "Backups" / "FS2002.cfg") == after_start + "\r\n");
+}
+
+TEST_CASE("an edit that could not be made is told, and the file stays as it was") {
+  using std::filesystem::perms;
   Started brakes("show_brake_message=1\r\n");
   std::filesystem::remove(brakes.config);
+  const auto expect = [&](const std::string& status, const std::string& caption) {
+    CHECK(brakes.Status() == status);
+    CHECK(brakes.Caption() == caption);
+  };
   brakes.form.Form_Load();
-  CHECK(brakes.Caption() == kOff);
+  expect("fs2002.cfg was not changed: it is not there.", kOff);
   brakes.Click("menBrake");
-  CHECK(brakes.Caption() == kOn);
+  expect("fs2002.cfg was not changed: it is not there.", kOn);
   CHECK(Tree(brakes.simulator.Fs()).empty());
   CHECK(Tree(brakes.simulator.App()) == "BRAKES.HTM\nGAUGES.HTM\n");
 
   Put(brakes.config, "show_brake_message=0\r\n");
-  std::filesystem::permissions(brakes.config, std::filesystem::perms::owner_read);
+  std::filesystem::permissions(brakes.config, perms::owner_read);
   brakes.Click("menBrake");
+  CHECK(brakes.Status().starts_with("fs2002.cfg was not changed: "));
   CHECK(brakes.Caption() == kOff);
   CHECK(Get(brakes.config) == "show_brake_message=0\r\n");
+  CHECK(brakes.form.Brakes().shown == false);
+
+  // The setting is added without a backup, if need be.
+  std::filesystem::permissions(brakes.config, perms::owner_all);
+  Put(brakes.config, "SYSCLOCK=1\r\n");
+  Put(brakes.simulator.App() / "Backups", "no folder");
+  brakes.Click("menMain");
+  brakes.form.Form_Load();
+  CHECK(brakes.Status().starts_with("fs2002.cfg was changed without a backup: "));
+  CHECK(Get(brakes.config) == "SYSCLOCK=1\r\nshow_brake_message=1\r\n\r\n");
+  brakes.Click("menBrake");
+  expect(brakes.first_status, kOn);
 }
 
 TEST_CASE("while a pick rewrites the file no other command starts") {

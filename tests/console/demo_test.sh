@@ -12,12 +12,39 @@ wrote() {
     "$golden/$2" | diff -a - "$app/$1" || fail "$1 is not $2"
 }
 
-# A program folder that an ordinary user cannot write to.
+# An ordinary user who may write neither to the program's folder nor to a home, or to a home alone.
 chmod 555 "$app"
 as_user=("${ordinary[@]}")
-expect 2 probe
-complains "GAUGES.HTM could not be written in the program's folder."
+expect 1 probe
+diff -a "$golden/demo-probe.txt" "$work/out" || fail 'the report without a page'
+complains 'GAUGES.HTM could not be written: '
+[ "$(wc -l <"$work/err")" = 1 ] || fail "more than one warning: $(cat "$work/err")"
+[ ${#ordinary[@]} = 0 ] || chown 65534:65534 "$fs" "$fs/fs2002.cfg"
+expect 0 brake off
+complains 'BRAKES.HTM could not be written: '
+grep -qx 'off: the red brake messages are hidden' "$work/out" || fail "brake: $(cat "$work/out")"
+chmod 777 "$HOME"
+expect 1 probe
+[ ! -s "$work/err" ] || fail "a page in the home is no fault: $(cat "$work/err")"
+expect 0 where
+own=$(sed -n 's/^  own files: \(.*\) (your own folder.*/\1/p' "$work/out")
+[ -f "$own/GAUGES.HTM" ] && [ "${own#"$HOME"/}" != "$own" ] || fail "where: $(cat "$work/out")"
 holds "$app" panelkit-console
+chmod 0 "$fs/Aircraft"
+expect 2 probe
+complains 'No aircraft were found: the Aircraft folder cannot be read.'
+chmod 755 "$fs/Aircraft"
+chmod 0 "$fs/Aircraft/$(ls "$fs/Aircraft" | head -1)/Panel/panel.cfg"
+expect 2 clean --careful
+complains 'Nothing was moved: panels that could not be read: 1.'
+expect 0 clean --dry-run
+complains "The panel of $(ls "$fs/Aircraft" | head -1) could not be read."
+mv "$fs" "$fs.away"
+expect 2 show
+grep -q '^There are 0 Required Files:$' "$work/out" || fail 'no empty report of a folder that is gone'
+complains 'is not there.'
+[ "$(wc -l <"$work/err")" = 1 ] || fail "said more than once: $(cat "$work/err")"
+as_user=()
 fresh
 cd "$fs" || exit
 
@@ -40,6 +67,14 @@ expect 0 clean
 wrote GAUGES.HTM demo-clean.htm
 diff <(ls "$spare" | sed 's/^/    /') <(tail -n +2 "$work/plan") || fail 'moved otherwise'
 expect 2 restore No_Such_Gauge
+if strace -o /dev/null true; then
+  # Ctrl-C while the first gauge comes back: that one is finished, and the others are left.
+  strace -qq -o /dev/null -e inject=rename,renameat2:signal=INT:when=1 "$app/panelkit-console" restore \
+    >"$work/out" 2>"$work/err"
+  [ $? = 130 ] || fail "Ctrl-C in restore: $(cat "$work/err")"
+  complains 'Interrupted.'
+  [ "$(grep -c '^    ' "$work/out")" = 1 ] || fail "restored after Ctrl-C: $(cat "$work/out")"
+fi
 expect 0 restore
 mv "$gauges/sunbeam_autopilot.cab" "$gauges/Sunbeam_Autopilot.cab"
 diff -r "$source/demo" "$WINEPREFIX" || fail 'restore did not bring everything back'
@@ -52,7 +87,8 @@ grep -aqx $'show_brake_message=0\r' "$fs/fs2002.cfg" || fail 'the setting was no
 wrote BRAKES.HTM brake.htm
 chmod 444 "$fs/fs2002.cfg"
 expect 2 brake on
-complains 'cannot be written'
+complains 'fs2002.cfg was not changed: '
+grep -qx 'off: the red brake messages are hidden' "$work/out" || fail 'told a state that is not so'
 grep -aqx $'show_brake_message=0\r' "$fs/fs2002.cfg" || fail 'a read-only file was changed'
 
 # Cabinets.
@@ -84,4 +120,12 @@ expect 2 probe --simulator "$work/nowhere"
 complains 'is not there'
 WINEPREFIX=$work/none expect 2 probe
 complains 'No simulator is registered'
+expect 2 probe --simulator /etc
+complains 'has no Aircraft folder.'
+expect 2 cab frobnicate
+expect 0 clean --help
+grep -q -- '--simulator' "$work/out" || fail 'clean --help does not show the common options'
+expect 0 --version
+"$app/panelkit-console" show 2>"$work/err" | head -1 >"$work/out"
+[ ! -s "$work/err" ] || fail "a closed pipe: $(cat "$work/err")"
 [ $failures = 0 ]

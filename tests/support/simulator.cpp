@@ -14,6 +14,7 @@ Simulator::Simulator() {
   fs::create_directories(App());
   fs::create_directories(Fs() / "Aircraft");
   fs::create_directories(Fs() / "Gauges");
+  KeepUserFilesIn(root_ / "user");
   machine_ = OpenMachineAt(root_ / "prefix", App());
   registry.applications = {{"Microsoft Flight Simulator 2002", TextValue(FSPath())}};
 }

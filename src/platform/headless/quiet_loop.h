@@ -1,4 +1,4 @@
-// The event loop of a program that nobody clicks.
+// The event loop of a program without a window.
 #pragma once
 
 #include <cstdlib>
@@ -7,6 +7,7 @@
 
 namespace panelkit {
 
+/// There are no events; End ends the process.
 class QuietLoop : public EventLoop {
  public:
   void ProcessPending() override {}

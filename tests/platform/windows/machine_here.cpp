@@ -15,6 +15,8 @@ std::unique_ptr<LocalMachine> OpenMachineAt(const std::filesystem::path&,
   return windows::OpenWindows(Utf8(app));
 }
 
+void KeepUserFilesIn(const std::filesystem::path&) {}  // Windows knows the user's folder by itself.
+
 std::unique_ptr<Text> TextOf(unsigned code_page) {
   return std::make_unique<windows::WindowsText>(code_page);
 }

@@ -12,6 +12,10 @@ std::unique_ptr<LocalMachine> OpenMachineAt(const std::filesystem::path& root,
   return std::make_unique<WineMachine>(WinePrefix{root, "test"}, OwnFoldersOf(app));
 }
 
+void KeepUserFilesIn(const std::filesystem::path& folder) {
+  setenv("XDG_DATA_HOME", folder.c_str(), 1);
+}
+
 std::unique_ptr<Text> TextOf(unsigned code_page) {
   return std::make_unique<WineText>(code_page);
 }
