@@ -1,6 +1,9 @@
 // The program with its window.
 #include <exception>
+#include <memory>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "app/frm_gauges.h"
 #include "platform/local_machine.h"
@@ -12,6 +15,16 @@ namespace panelkit {
 namespace {
 
 constexpr int kCannotRun = 2;
+
+constexpr std::string_view kHelp =
+    "Usage: panelkit\n"
+    "Opens the window of Panelkit, which finds the missing gauges of Flight Simulator 2002's\n"
+    "aircraft panels.\n"
+    "\n"
+    "  --help     Shows this text.\n"
+    "  --version  Shows the version.\n"
+    "\n"
+    "panelkit-console does the same work without a window.\n";
 
 int Refuse(const std::string& sentence) {
   terminal::WriteError("panelkit: " + sentence + "\n");
@@ -31,14 +44,23 @@ int RunWithWindow() {
   RunEventLoop(*toolkit);
 }
 
+int Answer(const std::vector<std::string>& arguments) {
+  std::string_view answer;
+  if (arguments[1] == "--help") answer = kHelp;
+  if (arguments[1] == "--version") answer = "panelkit " PANELKIT_VERSION "\n";
+  if (answer.empty() || arguments.size() > 2) {
+    return Refuse("takes no arguments but --help and --version (panelkit-console does)");
+  }
+  return terminal::WriteOut(answer) ? 0 : kCannotRun;
+}
+
 }  // namespace
 }  // namespace panelkit
 
-int main(int argc, char**) {
+int main(int argc, char** argv) {
   using namespace panelkit;
-  if (argc > 1) return Refuse("takes no arguments (panelkit-console does)");
   try {
-    return RunWithWindow();
+    return argc > 1 ? Answer(terminal::Arguments(argc, argv)) : RunWithWindow();
   } catch (const std::exception& failure) {
     return Refuse(std::string("the program cannot go on: ") + failure.what());
   }

@@ -1,9 +1,25 @@
 #include "platform/gtk/gtk_browser.h"
 
+#include "platform/gtk/gtk_event_loop.h"
+#include "platform/gtk/pane_keys.h"
 #include "platform/gtk/pane_menu.h"
 
 namespace panelkit {
 namespace {
+
+/// Preconnecting opens a connection for a mere hint in a page, which no content security policy
+/// forbids; looking names up in advance tells the hint to a name server.
+void TurnOffHints(WebKitSettings* settings) {
+  WebKitFeatureList* features = webkit_settings_get_all_features();
+  for (gsize i = 0; i < webkit_feature_list_get_length(features); ++i) {
+    WebKitFeature* feature = webkit_feature_list_get(features, i);
+    const std::string_view name = webkit_feature_get_identifier(feature);
+    if (name == "LinkPreconnect" || name == "LinkDNSPrefetch") {
+      webkit_settings_set_feature_enabled(settings, feature, FALSE);
+    }
+  }
+  webkit_feature_list_unref(features);
+}
 
 WebKitSettings* PaneSettings(const LocalMachine& machine) {
   WebKitSettings* settings = webkit_settings_new();
@@ -12,10 +28,10 @@ WebKitSettings* PaneSettings(const LocalMachine& machine) {
   webkit_settings_set_hardware_acceleration_policy(settings,
                                                    WEBKIT_HARDWARE_ACCELERATION_POLICY_NEVER);
   webkit_settings_set_enable_webgl(settings, FALSE);
-  webkit_settings_set_enable_javascript(settings, FALSE);
   webkit_settings_set_enable_fullscreen(settings, FALSE);
-  // A page kept in memory would come back without asking whether its scripts may run.
+  // "Back" reads the page file anew.
   webkit_settings_set_enable_page_cache(settings, FALSE);
+  TurnOffHints(settings);
   return settings;
 }
 
@@ -30,26 +46,25 @@ WebKitWebContext* PaneContext() {
   return context;
 }
 
-const char* UriOf(WebKitNavigationAction* action) {
+const char* AddressOf(WebKitNavigationAction* action) {
   return webkit_uri_request_get_uri(webkit_navigation_action_get_request(action));
 }
 
-void OpenInUsersBrowser(const char* uri) {
-  const ObjectPtr<GdkAppLaunchContext> context(
-      gdk_display_get_app_launch_context(gdk_display_get_default()));
-  g_app_info_launch_default_for_uri_async(uri, G_APP_LAUNCH_CONTEXT(context.get()), nullptr,
-                                          nullptr, nullptr);
+/// WebKit does not count "Open Link" and the buttons for Back and Forward as clicks of the user's,
+/// but without scripts no page file can do the same by itself.
+Cause CauseOf(WebKitNavigationAction* action) {
+  const WebKitNavigationType type = webkit_navigation_action_get_navigation_type(action);
+  const bool by_user = webkit_navigation_action_is_user_gesture(action) ||
+                       webkit_navigation_action_is_redirect(action) ||
+                       type == WEBKIT_NAVIGATION_TYPE_LINK_CLICKED ||
+                       type == WEBKIT_NAVIGATION_TYPE_BACK_FORWARD;
+  return by_user ? Cause::User : Cause::Page;
 }
 
-/// A link that asks for a window of its own goes to the user's browser, if the user has clicked it.
-void DecideNewWindow(WebKitNavigationPolicyDecision* decision) {
-  WebKitNavigationAction* action =
-      webkit_navigation_policy_decision_get_navigation_action(decision);
-  const char* uri = UriOf(action);
-  if (webkit_navigation_action_is_user_gesture(action) && IsWebAddress(uri)) {
-    OpenInUsersBrowser(uri);
-  }
-  webkit_policy_decision_ignore(WEBKIT_POLICY_DECISION(decision));
+/// Whether a load has failed rather than given way to another one or to a refusal.
+bool IsFailure(const GError* error) {
+  return error->domain != WEBKIT_POLICY_ERROR &&
+         !g_error_matches(error, WEBKIT_NETWORK_ERROR, WEBKIT_NETWORK_ERROR_CANCELLED);
 }
 
 /// Pages ask for Tahoma; where it is missing, the form's other fonts stand in for it.
@@ -60,7 +75,7 @@ WebKitUserContentManager* PageFonts() {
       "@font-face { font-family: tahoma; font-weight: bold;"
       "  src: local('Tahoma Bold'), local('Liberation Sans Bold'), local('Arial Bold'),"
       "       local('DejaVu Sans Bold'); }";
-  const char* const pages[] = {"file:///*", nullptr};
+  const char* const pages[] = {"panelkit://*/*", nullptr};
   WebKitUserStyleSheet* fonts = webkit_user_style_sheet_new(
       sheet, WEBKIT_USER_CONTENT_INJECT_TOP_FRAME, WEBKIT_USER_STYLE_LEVEL_AUTHOR, pages, nullptr);
   WebKitUserContentManager* content = webkit_user_content_manager_new();
@@ -69,18 +84,41 @@ WebKitUserContentManager* PageFonts() {
   return content;
 }
 
-}  // namespace
-
-GtkBrowser::GtkBrowser(const LocalMachine& machine) : machine_(machine), context_(PaneContext()) {
+WebKitWebView* NewWebView(WebKitWebContext* context, const LocalMachine& machine) {
   const ObjectPtr<WebKitSettings> settings(PaneSettings(machine));
   const ObjectPtr<WebKitUserContentManager> content(PageFonts());
-  view_ = KeepObject(WEBKIT_WEB_VIEW(g_object_new(WEBKIT_TYPE_WEB_VIEW, "web-context",
-                                                  context_.get(), "settings", settings.get(),
-                                                  "user-content-manager", content.get(), nullptr)));
+  return WEBKIT_WEB_VIEW(g_object_new(WEBKIT_TYPE_WEB_VIEW, "web-context", context, "settings",
+                                      settings.get(), "user-content-manager", content.get(),
+                                      nullptr));
+}
+
+void Decide(WebKitPolicyDecision* decision, bool allowed) {
+  if (allowed) {
+    webkit_policy_decision_use(decision);
+  } else {
+    webkit_policy_decision_ignore(decision);
+  }
+}
+
+}  // namespace
+
+GtkBrowser::GtkBrowser(const LocalMachine& machine)
+    : machine_(machine),
+      context_(PaneContext()),
+      pages_(context_.get(), machine.Charset()),
+      policy_(pages_),
+      view_(KeepObject(NewWebView(context_.get(), machine))),
+      find_bar_(view_.get()),
+      pane_(KeepObject(gtk_box_new(GTK_ORIENTATION_VERTICAL, 0))) {
   g_signal_connect(view_.get(), "decide-policy", G_CALLBACK(DecidePolicy), this);
+  g_signal_connect(view_.get(), "create", G_CALLBACK(NewWindow), this);
   g_signal_connect(view_.get(), "load-changed", G_CALLBACK(LoadChanged), this);
   g_signal_connect(view_.get(), "load-failed", G_CALLBACK(LoadFailed), this);
-  AttachPaneMenu(view_.get());
+  g_signal_connect(view_.get(), "web-process-terminated", G_CALLBACK(ProcessEnded), this);
+  gtk_box_pack_start(GTK_BOX(pane_.get()), GTK_WIDGET(view_.get()), TRUE, TRUE, 0);
+  gtk_box_pack_start(GTK_BOX(pane_.get()), find_bar_.Widget(), FALSE, FALSE, 0);
+  AttachPaneMenu(view_.get(), policy_);
+  AttachPaneKeys(pane_.get(), view_.get(), find_bar_);
 }
 
 GtkBrowser::~GtkBrowser() {
@@ -88,76 +126,95 @@ GtkBrowser::~GtkBrowser() {
 }
 
 void GtkBrowser::Navigate(const std::string& address) {
-  if (IsWebAddress(address.c_str())) {
-    webkit_web_view_load_uri(view_.get(), address.c_str());
-    return;
-  }
-  const std::string file = machine_.NativePath(address);
-  const TextPtr uri(g_filename_to_uri(file.c_str(), nullptr, nullptr));
-  if (uri == nullptr) return;
-  rules_.Admit(file);
-  webkit_web_view_load_uri(view_.get(), uri.get());
+  Load(IsWebAddress(address) ? address : pages_.AddressOf(machine_.NativePath(address)));
 }
 
-// Scripts go off as soon as a page file is asked for and on only when a web page answers, so that
-// no page file that still stands in the meantime, or stays because the web page never comes, can
-// run any.
-void GtkBrowser::SetScripts(bool on) {
-  webkit_settings_set_enable_javascript(webkit_web_view_get_settings(view_.get()), on);
+void GtkBrowser::ShowFromMemory(const std::string& page) {
+  Load(pages_.AddressOfBytes(page));
+}
+
+void GtkBrowser::Load(const std::string& address) {
+  const ObjectPtr<WebKitURIRequest> request(webkit_uri_request_new(address.c_str()));
+  policy_.Expect(webkit_uri_request_get_uri(request.get()));
+  webkit_web_view_load_request(view_.get(), request.get());
+}
+
+void GtkBrowser::OpenInUsersBrowser(const char* address) {
+  struct Start {
+    std::weak_ptr<const void> pane;
+    std::function<void()> failed;
+  };
+  const ObjectPtr<GdkAppLaunchContext> context(
+      gdk_display_get_app_launch_context(gdk_display_get_default()));
+  g_app_info_launch_default_for_uri_async(
+      address, G_APP_LAUNCH_CONTEXT(context.get()), nullptr,
+      [](GObject*, GAsyncResult* result, gpointer data) {
+        const std::unique_ptr<Start> start(static_cast<Start*>(data));
+        if (g_app_info_launch_default_for_uri_finish(result, nullptr) || !start->failed) return;
+        PostToLoop(start->pane, start->failed);
+      },
+      new Start{alive_, link_not_opened_});
 }
 
 gboolean GtkBrowser::DecidePolicy(WebKitWebView*, WebKitPolicyDecision* decision,
-                                  WebKitPolicyDecisionType type, gpointer self) {
-  auto* browser = static_cast<GtkBrowser*>(self);
+                                  WebKitPolicyDecisionType type, GtkBrowser* self) {
   switch (type) {
     case WEBKIT_POLICY_DECISION_TYPE_NAVIGATION_ACTION:
-      browser->DecideNavigation(WEBKIT_NAVIGATION_POLICY_DECISION(decision));
+      self->DecideNavigation(WEBKIT_NAVIGATION_POLICY_DECISION(decision));
       break;
-    case WEBKIT_POLICY_DECISION_TYPE_NEW_WINDOW_ACTION:
-      DecideNewWindow(WEBKIT_NAVIGATION_POLICY_DECISION(decision));
+    case WEBKIT_POLICY_DECISION_TYPE_NEW_WINDOW_ACTION:  // What is allowed gets to NewWindow.
+      Decide(decision, webkit_navigation_action_is_user_gesture(
+                           webkit_navigation_policy_decision_get_navigation_action(
+                               WEBKIT_NAVIGATION_POLICY_DECISION(decision))));
       break;
     case WEBKIT_POLICY_DECISION_TYPE_RESPONSE:
-      browser->DecideResponse(WEBKIT_RESPONSE_POLICY_DECISION(decision));
+      Decide(decision, webkit_response_policy_decision_is_mime_type_supported(
+                           WEBKIT_RESPONSE_POLICY_DECISION(decision)));
       break;
   }
   return TRUE;
 }
 
 void GtkBrowser::DecideNavigation(WebKitNavigationPolicyDecision* decision) {
-  const Address kind =
-      rules_.KindOf(UriOf(webkit_navigation_policy_decision_get_navigation_action(decision)));
-  if (kind == Address::Refused) {
-    webkit_policy_decision_ignore(WEBKIT_POLICY_DECISION(decision));
-    return;
-  }
-  if (kind == Address::PageFile) SetScripts(false);
-  webkit_policy_decision_use(WEBKIT_POLICY_DECISION(decision));
+  WebKitNavigationAction* action =
+      webkit_navigation_policy_decision_get_navigation_action(decision);
+  Decide(WEBKIT_POLICY_DECISION(decision), policy_.Allows(AddressOf(action), CauseOf(action)));
 }
 
-void GtkBrowser::DecideResponse(WebKitResponsePolicyDecision* decision) {
-  const Address kind = rules_.KindOf(
-      webkit_uri_request_get_uri(webkit_response_policy_decision_get_request(decision)));
-  const bool main_page = webkit_response_policy_decision_is_main_frame_main_resource(decision);
-  if (!webkit_response_policy_decision_is_mime_type_supported(decision)) {
-    webkit_policy_decision_ignore(WEBKIT_POLICY_DECISION(decision));
-    return;
-  }
-  if (main_page) SetScripts(kind == Address::Web);
-  webkit_policy_decision_use(WEBKIT_POLICY_DECISION(decision));
+/// What asks for a window of its own goes to the user's browser.
+GtkWidget* GtkBrowser::NewWindow(WebKitWebView*, WebKitNavigationAction* action, GtkBrowser* self) {
+  const char* address = AddressOf(action);
+  if (IsWebAddress(address)) self->OpenInUsersBrowser(address);
+  return nullptr;
 }
 
-void GtkBrowser::LoadChanged(WebKitWebView* view, WebKitLoadEvent event, gpointer self) {
-  if (event != WEBKIT_LOAD_COMMITTED) return;
-  auto* browser = static_cast<GtkBrowser*>(self);
-  browser->web_page_stands_ = browser->rules_.KindOf(webkit_web_view_get_uri(view)) == Address::Web;
-  browser->SetScripts(browser->web_page_stands_);
+void GtkBrowser::LoadChanged(WebKitWebView* view, WebKitLoadEvent event, GtkBrowser* self) {
+  if (event == WEBKIT_LOAD_COMMITTED) self->policy_.Shown(webkit_web_view_get_uri(view));
 }
 
-gboolean GtkBrowser::LoadFailed(WebKitWebView*, WebKitLoadEvent, const char*, GError*,
-                                gpointer self) {
-  auto* browser = static_cast<GtkBrowser*>(self);
-  if (!browser->web_page_stands_) browser->SetScripts(false);
-  return FALSE;
+gboolean GtkBrowser::LoadFailed(WebKitWebView*, WebKitLoadEvent, const char* address, GError* error,
+                                GtkBrowser* self) {
+  if (IsFailure(error)) self->ShowFailure(address, error->message);
+  return TRUE;
+}
+
+void GtkBrowser::ProcessEnded(WebKitWebView* view, WebKitWebProcessTerminationReason,
+                              GtkBrowser* self) {
+  self->ShowFailure(webkit_web_view_get_uri(view), "The page has broken its viewer.");
+}
+
+void GtkBrowser::ShowFailure(const char* address, const char* reason) {
+  const auto escaped = [](const char* text) {
+    const TextPtr markup(g_markup_escape_text(text, -1));
+    return std::string(markup.get());
+  };
+  const std::string back = escaped(pages_.Last().c_str());
+  const std::string page =
+      "<body style='font: 13px tahoma, sans-serif; margin: 3em'>"
+      "<p><b>This page could not be shown</b><p>" +
+      escaped(address) + "<p>" + escaped(reason) + "<p><a href='" + back +
+      "'>Back to Panelkit's own page</a>";
+  webkit_web_view_load_alternate_html(view_.get(), page.c_str(), address, back.c_str());
 }
 
 }  // namespace panelkit

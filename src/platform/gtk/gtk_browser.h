@@ -1,15 +1,18 @@
-// The browser pane: WebKitGTK with scripts off for page files.
+// The browser pane: WebKitGTK, with page files shut off from everything else.
 #pragma once
 
 #include <webkit2/webkit2.h>
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <utility>
 
 #include "platform/browser.h"
+#include "platform/gtk/find_bar.h"
 #include "platform/gtk/gtk_pointers.h"
 #include "platform/gtk/navigation_policy.h"
+#include "platform/gtk/page_files.h"
 #include "platform/local_machine.h"
 
 namespace panelkit {
@@ -23,29 +26,40 @@ class GtkBrowser final : public WebBrowser {
   GtkBrowser& operator=(const GtkBrowser&) = delete;
 
   void Navigate(const std::string& address) override;
+  void ShowFromMemory(const std::string& page) override;
   void OnLinkNotOpened(std::function<void()> handler) override {
     link_not_opened_ = std::move(handler);
   }
 
-  GtkWidget* Widget() const { return GTK_WIDGET(view_.get()); }
+  GtkWidget* Widget() const { return pane_.get(); }
 
  private:
-  void SetScripts(bool on);
+  void Load(const std::string& address);
+  void OpenInUsersBrowser(const char* address);
   void DecideNavigation(WebKitNavigationPolicyDecision* decision);
-  void DecideResponse(WebKitResponsePolicyDecision* decision);
+  void ShowFailure(const char* address, const char* reason);
 
   static gboolean DecidePolicy(WebKitWebView* view, WebKitPolicyDecision* decision,
-                               WebKitPolicyDecisionType type, gpointer self);
-  static void LoadChanged(WebKitWebView* view, WebKitLoadEvent event, gpointer self);
-  static gboolean LoadFailed(WebKitWebView* view, WebKitLoadEvent event, const char* uri,
-                             GError* error, gpointer self);
+                               WebKitPolicyDecisionType type, GtkBrowser* self);
+  static GtkWidget* NewWindow(WebKitWebView* view, WebKitNavigationAction* action,
+                              GtkBrowser* self);
+  static void LoadChanged(WebKitWebView* view, WebKitLoadEvent event, GtkBrowser* self);
+  static gboolean LoadFailed(WebKitWebView* view, WebKitLoadEvent event, const char* address,
+                             GError* error, GtkBrowser* self);
+  static void ProcessEnded(WebKitWebView* view, WebKitWebProcessTerminationReason reason,
+                           GtkBrowser* self);
 
   const LocalMachine& machine_;
-  NavigationPolicy rules_;
   ObjectPtr<WebKitWebContext> context_;
+  PageFiles pages_;
+  NavigationPolicy policy_;
   ObjectPtr<WebKitWebView> view_;
+  FindBar find_bar_;
+  ObjectPtr<GtkWidget> pane_;  ///< Holds the view and the find bar.
   std::function<void()> link_not_opened_;
-  bool web_page_stands_ = false;  ///< What the pane shows came from the web.
+
+  /// Watched by starts of the user's browser that are still under way when the pane ends.
+  std::shared_ptr<const void> alive_ = std::make_shared<int>();
 };
 
 }  // namespace panelkit

@@ -4,7 +4,7 @@
 #include <cmath>
 #include <cstdint>
 
-#include "platform/gtk/access_keys.h"
+#include "platform/gtk/gtk_menu.h"
 #include "platform/gtk/gtk_pointers.h"
 
 namespace panelkit {

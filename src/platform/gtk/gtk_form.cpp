@@ -13,8 +13,11 @@ namespace panelkit {
 GtkForm::GtkForm(const FormDescription& description, const ScreenScale& scale,
                  const LocalMachine& machine)
     : scale_(scale),
+      border_(description.border),
+      help_menu_(description.help_menu),
       menu_(description.menu, [this](const std::string& name) { Clicked(name); }),
       window_(GTK_WINDOW(gtk_window_new(GTK_WINDOW_TOPLEVEL))),
+      view_port_(GTK_SCROLLED_WINDOW(gtk_scrolled_window_new(nullptr, nullptr))),
       client_area_(GTK_FIXED(gtk_fixed_new())) {
   PrepareWindow(description);
   // Assistive programs, and the Tab key where places do not decide, follow the order of adding.
@@ -26,6 +29,7 @@ GtkForm::GtkForm(const FormDescription& description, const ScreenScale& scale,
   GtkWidget* content = gtk_bin_get_child(GTK_BIN(window_));
   gtk_widget_show_all(content);
   gtk_widget_set_visible(menu_.Widget(), !description.menu.empty());
+  FitScreen();
 }
 
 GtkForm::~GtkForm() {
@@ -34,25 +38,47 @@ GtkForm::~GtkForm() {
 }
 
 void GtkForm::PrepareWindow(const FormDescription& description) {
-  const bool tool_window = description.border == Border::FixedToolWindow;
   ApplyStyle(GTK_WIDGET(window_));
   gtk_window_set_title(window_, std::string(description.title).c_str());
   gtk_window_set_resizable(window_, FALSE);
   gtk_window_set_skip_taskbar_hint(window_, TRUE);
-  gtk_window_set_type_hint(
-      window_, tool_window ? GDK_WINDOW_TYPE_HINT_UTILITY : GDK_WINDOW_TYPE_HINT_DIALOG);
+  gtk_window_set_type_hint(window_, border_ == Border::FixedToolWindow
+                                        ? GDK_WINDOW_TYPE_HINT_UTILITY
+                                        : GDK_WINDOW_TYPE_HINT_DIALOG);
   g_signal_connect(window_, "delete-event", G_CALLBACK(CloseRequested), this);
+  g_signal_connect(window_, "key-press-event", G_CALLBACK(KeyPressed), this);
   GtkWidget* content = gtk_box_new(GTK_ORIENTATION_VERTICAL, 0);
   gtk_container_add(GTK_CONTAINER(window_), content);
   gtk_box_pack_start(GTK_BOX(content), menu_.Widget(), FALSE, FALSE, 0);
   gtk_widget_set_size_request(GTK_WIDGET(client_area_), scale_.ToPixels(description.width),
                               scale_.ToPixels(description.height));
-  gtk_box_pack_start(GTK_BOX(content), GTK_WIDGET(client_area_), FALSE, FALSE, 0);
+  gtk_scrolled_window_set_policy(view_port_, GTK_POLICY_NEVER, GTK_POLICY_NEVER);
+  gtk_container_add(GTK_CONTAINER(view_port_), GTK_WIDGET(client_area_));
+  gtk_box_pack_start(GTK_BOX(content), GTK_WIDGET(view_port_), FALSE, FALSE, 0);
   gtk_widget_realize(GTK_WIDGET(window_));
   GdkWindow* gdk_window = gtk_widget_get_window(GTK_WIDGET(window_));
   gdk_window_set_functions(gdk_window, static_cast<GdkWMFunction>(GDK_FUNC_MOVE | GDK_FUNC_CLOSE));
   gdk_window_set_decorations(gdk_window, static_cast<GdkWMDecoration>(
                                              GDK_DECOR_BORDER | GDK_DECOR_TITLE | GDK_DECOR_MENU));
+}
+
+// Places are fixed, so on a screen that is too small for them the client area is scrolled.
+void GtkForm::FitScreen() {
+  constexpr int kFrame = 80;  // More than any frame and panel take, so that one look is enough.
+  const GdkRectangle room = WorkArea();
+  GtkRequisition size = {};
+  gtk_widget_get_preferred_size(GTK_WIDGET(window_), &size, nullptr);
+  if (size.width + kFrame <= room.width && size.height + kFrame <= room.height) return;
+  const GdkRectangle framed = FramedSize(window_);
+  const int too_wide = std::max(0, framed.width - room.width);
+  const int too_high = std::max(0, framed.height - room.height);
+  if (too_wide == 0 && too_high == 0) return;
+  GtkRequisition area = {};
+  gtk_widget_get_preferred_size(GTK_WIDGET(client_area_), &area, nullptr);
+  gtk_scrolled_window_set_overlay_scrolling(view_port_, FALSE);
+  gtk_scrolled_window_set_policy(view_port_, GTK_POLICY_AUTOMATIC, GTK_POLICY_AUTOMATIC);
+  gtk_widget_set_size_request(GTK_WIDGET(view_port_), area.width - too_wide,
+                              area.height - too_high);
 }
 
 void GtkForm::AddControl(const ControlDescription& control, const LocalMachine& machine) {
@@ -116,6 +142,19 @@ gboolean GtkForm::CloseRequested(GtkWidget*, GdkEvent*, gpointer self) {
   form->Hide();
   if (form->close_) PostToLoop(form->alive_, form->close_);
   return TRUE;
+}
+
+gboolean GtkForm::KeyPressed(GtkWidget* window, const GdkEventKey* key, gpointer self) {
+  auto* form = static_cast<GtkForm*>(self);
+  if ((key->state & gtk_accelerator_get_default_mod_mask()) != 0) return FALSE;
+  if (key->keyval == GDK_KEY_F1 && !form->help_menu_.empty()) {
+    form->menu_.Open(form->help_menu_);
+    return TRUE;
+  }
+  if (key->keyval == GDK_KEY_Escape && form->border_ == Border::FixedToolWindow) {
+    return CloseRequested(window, nullptr, self);
+  }
+  return FALSE;
 }
 
 void GtkForm::Show() {

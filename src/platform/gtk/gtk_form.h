@@ -48,13 +48,18 @@ class GtkForm final : public Form {
   void AddControl(const ControlDescription& control, const LocalMachine& machine);
   GtkWidget* NewControl(const ControlDescription& control, const LocalMachine& machine);
   void Clicked(const std::string& name);
+  void FitScreen();
   static gboolean CloseRequested(GtkWidget* window, GdkEvent* event, gpointer self);
+  static gboolean KeyPressed(GtkWidget* window, const GdkEventKey* key, gpointer self);
 
   ScreenScale scale_;
   ByName<std::function<void()>> clicks_;
   std::function<void()> close_;
+  Border border_;
+  std::string help_menu_;
   GtkFormMenu menu_;
   GtkWindow* window_;
+  GtkScrolledWindow* view_port_;  ///< Shows the client area, whole if the screen is large enough.
   GtkFixed* client_area_;
   ByName<GtkLabelControl> labels_;
   ByName<GtkProgressBarControl> bars_;

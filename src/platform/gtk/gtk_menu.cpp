@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "platform/gtk/access_keys.h"
 #include "platform/gtk/gtk_style.h"
 
 namespace panelkit {
@@ -21,6 +20,24 @@ gboolean ActAtOnce(GtkWidget* item, GdkEvent*, gpointer bar) {
 }
 
 }  // namespace
+
+std::string MnemonicOf(std::string_view caption) {
+  std::string mnemonic;
+  for (std::size_t i = 0; i < caption.size(); ++i) {
+    const char c = caption[i];
+    if (c == '_') {
+      mnemonic += "__";
+    } else if (c != '&') {
+      mnemonic += c;
+    } else if (i + 1 < caption.size() && caption[i + 1] == '&') {
+      mnemonic += '&';
+      ++i;
+    } else {
+      mnemonic += '_';
+    }
+  }
+  return mnemonic;
+}
 
 GtkMenuEntry::GtkMenuEntry(std::string_view caption)
     : caption_(caption),
@@ -46,6 +63,11 @@ GtkFormMenu::GtkFormMenu(std::span<const MenuDescription> menu, Clicked clicked)
 
 GtkMenuEntry& GtkFormMenu::Named(std::string_view name) {
   return EntryNamed(items_, name);
+}
+
+void GtkFormMenu::Open(std::string_view name) {
+  GtkWidget* item = GTK_WIDGET(Named(name).Widget());
+  if (gtk_widget_is_sensitive(item)) gtk_widget_mnemonic_activate(item, FALSE);
 }
 
 void GtkFormMenu::Add(const MenuDescription& description) {

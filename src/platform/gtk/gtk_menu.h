@@ -1,4 +1,4 @@
-// A form's menu bar.
+// A form's menu bar, and access keys.
 #pragma once
 
 #include <gtk/gtk.h>
@@ -6,10 +6,15 @@
 #include <functional>
 #include <span>
 #include <string>
+#include <string_view>
 
 #include "platform/form.h"
 
 namespace panelkit {
+
+/// `caption` as GTK writes it: "&" before the access key becomes "_", "&&" a plain "&", and each
+/// underscore is doubled so that it stays one.
+std::string MnemonicOf(std::string_view caption);
 
 class GtkMenuEntry final : public MenuItem {
  public:
@@ -37,6 +42,9 @@ class GtkFormMenu {
 
   /// The item `name`, or std::out_of_range.
   GtkMenuEntry& Named(std::string_view name);
+
+  /// Opens the menu of the bar's item `name`, as its access key does, unless it is greyed.
+  void Open(std::string_view name);
 
   /// Owned by the window that it is put into.
   GtkWidget* Widget() const { return bar_; }

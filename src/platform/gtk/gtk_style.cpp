@@ -1,6 +1,7 @@
 #include "platform/gtk/gtk_style.h"
 
 #include <locale>
+#include <memory>
 #include <sstream>
 #include <string>
 
@@ -11,6 +12,27 @@ namespace {
 
 constexpr const char* kStyleClass = "panelkit";
 
+/// A family name as a style sheet has it.
+std::string Quoted(std::string family) {
+  std::erase_if(family, [](char c) { return c == '\'' || c == '\\' || c == '\n'; });
+  return "'" + family + "'";
+}
+
+/// The fonts of the forms, best first. What the user has picked by name goes before those that the
+/// forms were drawn with; the desktop's "Sans" is no pick.
+std::string Families() {
+  const std::string drawn_with = "Tahoma, 'Liberation Sans', Arial, 'Nimbus Sans', sans-serif";
+  char* setting = nullptr;
+  g_object_get(gtk_settings_get_default(), "gtk-font-name", &setting, nullptr);
+  const TextPtr owner(setting);
+  const std::unique_ptr<PangoFontDescription, void (*)(PangoFontDescription*)> font(
+      pango_font_description_from_string(setting != nullptr ? setting : ""),
+      pango_font_description_free);
+  const char* family = pango_font_description_get_family(font.get());
+  if (family == nullptr || g_ascii_strcasecmp(family, "Sans") == 0) return drawn_with;
+  return Quoted(family) + ", " + drawn_with;
+}
+
 /// Lengths are pixels, not points, so that text keeps its proportion to the fixed places of the
 /// controls when the user changes the text size while the program runs.
 std::string StyleSheet(const ScreenScale& scale) {
@@ -18,7 +40,7 @@ std::string StyleSheet(const ScreenScale& scale) {
   css.imbue(std::locale::classic());
   const double unit = scale.Factor();
   css << ".panelkit, .panelkit * {"
-      << " font-family: Tahoma, 'Liberation Sans', Arial, 'Nimbus Sans', sans-serif;"
+      << " font-family: " << Families() << ";"
       << " font-size: " << scale.FontPixels(kFormFontPoints) << "px;"
       << " font-weight: normal; }\n"
       << ".panelkit menubar { padding: 0; margin: 0; }\n"
@@ -34,14 +56,27 @@ std::string StyleSheet(const ScreenScale& scale) {
   return css.str();
 }
 
+struct Style {
+  ScreenScale scale;
+  ObjectPtr<GtkCssProvider> provider;
+};
+
+void LoadStyle(const Style* style) {
+  gtk_css_provider_load_from_data(style->provider.get(), StyleSheet(style->scale).c_str(), -1,
+                                  nullptr);
+}
+
 }  // namespace
 
 void InstallStyle(const ScreenScale& scale) {
-  const ObjectPtr<GtkCssProvider> provider(gtk_css_provider_new());
-  gtk_css_provider_load_from_data(provider.get(), StyleSheet(scale).c_str(), -1, nullptr);
+  auto* style = new Style{scale, ObjectPtr<GtkCssProvider>(gtk_css_provider_new())};
   gtk_style_context_add_provider_for_screen(gdk_screen_get_default(),
-                                            GTK_STYLE_PROVIDER(provider.get()),
+                                            GTK_STYLE_PROVIDER(style->provider.get()),
                                             GTK_STYLE_PROVIDER_PRIORITY_APPLICATION);
+  LoadStyle(style);
+  g_signal_connect_data(
+      gtk_settings_get_default(), "notify::gtk-font-name", G_CALLBACK(LoadStyle), style,
+      [](gpointer data, GClosure*) { delete static_cast<Style*>(data); }, G_CONNECT_SWAPPED);
 }
 
 void ApplyStyle(GtkWidget* widget) {

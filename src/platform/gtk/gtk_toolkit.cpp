@@ -8,6 +8,10 @@
 #include "platform/gtk/gtk_style.h"
 #include "platform/gtk/window_frame.h"
 
+/// Makes the pictures that the executable holds known; by glib-compile-resources. A library's
+/// object file that registers itself would be left out of the executable.
+extern "C" void panelkit_register_resource();
+
 namespace panelkit {
 namespace {
 
@@ -34,6 +38,7 @@ std::unique_ptr<GtkToolkit> GtkToolkit::Open(const LocalMachine& machine) {
 
 GtkToolkit::GtkToolkit(const LocalMachine& machine)
     : machine_(machine), scale_(ScreenScale::OfDefaultScreen()) {
+  panelkit_register_resource();
   InstallStyle(scale_);
   SetIcon();
 }

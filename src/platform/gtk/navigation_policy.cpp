@@ -2,39 +2,32 @@
 
 #include <glib.h>
 
-#include <string>
-
-#include "platform/gtk/gtk_pointers.h"
-
 namespace panelkit {
 namespace {
 
-bool StartsWith(const char* text, const char* start) {
-  return g_ascii_strncasecmp(text, start, std::char_traits<char>::length(start)) == 0;
+bool HasScheme(std::string_view address, std::string_view scheme) {
+  return address.size() > scheme.size() && address[scheme.size()] == ':' &&
+         g_ascii_strncasecmp(address.data(), scheme.data(), scheme.size()) == 0;
+}
+
+/// Whether `address` brings its own content, as frames of web pages do.
+bool IsInline(std::string_view address) {
+  return HasScheme(address, "about") || HasScheme(address, "blob") || HasScheme(address, "data");
 }
 
 }  // namespace
 
-void NavigationPolicy::Admit(const std::filesystem::path& file) {
-  pages_.insert(file.lexically_normal());
+bool NavigationPolicy::Allows(std::string_view address, Cause cause) {
+  const auto expected = expected_.find(address);
+  const bool on_request = cause == Cause::User || expected != expected_.end();
+  if (expected != expected_.end()) expected_.erase(expected);
+  if (pages_.Has(address)) return on_request;
+  if (IsWebAddress(shown_)) return IsWebAddress(address) || IsInline(address);
+  return on_request && IsWebAddress(address);
 }
 
-Address NavigationPolicy::KindOf(const char* uri) const {
-  if (uri == nullptr) return Address::Refused;
-  if (IsWebAddress(uri)) return Address::Web;
-  if (StartsWith(uri, "about:")) return Address::Blank;
-  const std::string_view whole = uri;
-  const std::string bare(whole.substr(0, whole.find_first_of("?#")));
-  char* host = nullptr;
-  const TextPtr file(g_filename_from_uri(bare.c_str(), &host, nullptr));
-  const TextPtr host_owner(host);
-  if (file == nullptr || host != nullptr) return Address::Refused;
-  const auto path = std::filesystem::path(file.get()).lexically_normal();
-  return pages_.contains(path) ? Address::PageFile : Address::Refused;
-}
-
-bool IsWebAddress(const char* text) {
-  return StartsWith(text, "http://") || StartsWith(text, "https://");
+bool IsWebAddress(std::string_view text) {
+  return HasScheme(text, "http") || HasScheme(text, "https");
 }
 
 }  // namespace panelkit

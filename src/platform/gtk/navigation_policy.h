@@ -1,33 +1,49 @@
-// Which addresses the pane may load, and what each one is.
+// The navigation policy of the pane: which addresses it may load, and on whose word.
 #pragma once
 
-#include <filesystem>
+#include <functional>
 #include <set>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "platform/gtk/page_files.h"
 
 namespace panelkit {
 
-enum class Address {
-  PageFile,  ///< A file that the program itself has shown.
-  Web,       ///< http or https.
-  Blank,     ///< about:blank and the like: no content of its own.
-  Refused,
+/// On whose word a page is left.
+enum class Cause {
+  User,  ///< A click or key of the user's, and where the server then redirects to.
+  Page,  ///< The page by itself: a refresh, a frame, a script.
 };
 
-/// Page files carry text of downloaded aircraft as it came, so a link in one could name any file
-/// of the user's: no file loads but those that the program asked for.
+/// A page file is left only on the program's or the user's word, since a downloaded aircraft may
+/// have written into it. A page of the web may do what such pages do.
 class NavigationPolicy {
  public:
-  /// Lets `file`, a native absolute path, load from now on.
-  void Admit(const std::filesystem::path& file);
+  /// `pages` must outlive the policy.
+  explicit NavigationPolicy(const PageFiles& pages) : pages_(pages) {}
 
-  /// What `uri` is; null is refused.
-  Address KindOf(const char* uri) const;
+  /// The program is about to load `address`, written as WebKit does (a host's root with its slash):
+  /// one load of it is allowed, also where another one comes before it.
+  void Expect(std::string address) { expected_.insert(std::move(address)); }
+
+  /// The user is about to load the shown page again.
+  void ExpectReload() { Expect(shown_); }
+
+  /// Whether `address` may be loaded now.
+  bool Allows(std::string_view address, Cause cause);
+
+  /// The pane shows `address` from now on.
+  void Shown(std::string address) { shown_ = std::move(address); }
 
  private:
-  std::set<std::filesystem::path> pages_;
+  const PageFiles& pages_;
+  std::multiset<std::string, std::less<>> expected_;
+  std::string shown_;
 };
 
 /// Whether a text is an http or https address, in any case.
-bool IsWebAddress(const char* text);
+bool IsWebAddress(std::string_view text);
 
 }  // namespace panelkit

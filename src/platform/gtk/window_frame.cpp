@@ -11,7 +11,7 @@ namespace {
 constexpr gint64 kLongestWait = 200000;  // Microseconds that a window manager gets to answer.
 constexpr gulong kPollPause = 2000;      // Microseconds.
 
-/// Reads _NET_FRAME_EXTENTS: four cardinals, left, right, top, bottom. False where it is not set.
+/// Reads _NET_FRAME_EXTENTS: four cardinals, left, right, top, bottom. False if it is not set.
 bool ReadExtents(GdkWindow* window, GtkBorder& extents) {
   GdkDisplay* display = gdk_window_get_display(window);
   Atom type = None;
@@ -55,6 +55,12 @@ GtkBorder AskForExtents(GdkWindow* window) {
   return extents;
 }
 
+GdkMonitor* FirstMonitor() {
+  GdkDisplay* display = gdk_display_get_default();
+  GdkMonitor* monitor = gdk_display_get_primary_monitor(display);
+  return monitor != nullptr ? monitor : gdk_display_get_monitor(display, 0);
+}
+
 }  // namespace
 
 GdkRectangle FramedSize(GtkWindow* window) {
@@ -85,11 +91,14 @@ void Present(GtkWindow* window) {
 }
 
 GdkRectangle PrimaryMonitor() {
-  GdkDisplay* display = gdk_display_get_default();
-  GdkMonitor* monitor = gdk_display_get_primary_monitor(display);
-  if (monitor == nullptr) monitor = gdk_display_get_monitor(display, 0);
   GdkRectangle place = {};
-  if (monitor != nullptr) gdk_monitor_get_geometry(monitor, &place);
+  if (GdkMonitor* monitor = FirstMonitor()) gdk_monitor_get_geometry(monitor, &place);
+  return place;
+}
+
+GdkRectangle WorkArea() {
+  GdkRectangle place = {};
+  if (GdkMonitor* monitor = FirstMonitor()) gdk_monitor_get_workarea(monitor, &place);
   return place;
 }
 

@@ -15,6 +15,9 @@ void Present(GtkWindow* window);
 /// The monitor that counts as the screen, in pixels.
 GdkRectangle PrimaryMonitor();
 
+/// The part of that monitor which the desktop leaves to windows, in pixels.
+GdkRectangle WorkArea();
+
 /// Whether windows can be put at a place of our choice.
 bool WindowsCanBePlaced();
 

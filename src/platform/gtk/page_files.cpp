@@ -1,0 +1,123 @@
+#include "platform/gtk/page_files.h"
+
+#include <libsoup/soup.h>
+
+#include <optional>
+#include <utility>
+#include <vector>
+
+#include "platform/browser.h"
+#include "platform/gtk/gtk_pointers.h"
+
+namespace panelkit {
+namespace {
+
+constexpr const char* kScheme = "panelkit";
+constexpr std::string_view kPages = "panelkit://pages/";
+
+/// No script, no frame, no form, no other address; a base element changes nothing; no page of the
+/// web can hold the page in a frame.
+constexpr const char* kPolicy =
+    "default-src 'none'; img-src panelkit:; style-src 'unsafe-inline'; base-uri 'none'; "
+    "form-action 'none'; frame-ancestors 'none'";
+
+std::optional<std::string> ReadFile(const std::filesystem::path& file) {
+  char* bytes = nullptr;
+  gsize size = 0;
+  if (!g_file_get_contents(file.c_str(), &bytes, &size, nullptr)) return std::nullopt;
+  const TextPtr owner(bytes);
+  return std::string(bytes, size);
+}
+
+/// Where pictures lie that are not beside the page file: with the program, or in the data folder
+/// of the prefix that the program is installed in.
+std::vector<std::filesystem::path> ProgramFolders() {
+  const TextPtr program(g_file_read_link("/proc/self/exe", nullptr));
+  if (program == nullptr) return {};
+  const auto folder = std::filesystem::path(program.get()).parent_path();
+  return {folder, folder.parent_path() / "share" / "panelkit"};
+}
+
+void Reply(WebKitURISchemeRequest* request, const std::string& bytes, const std::string& type) {
+  const ObjectPtr<GInputStream> stream(g_memory_input_stream_new_from_data(
+      g_memdup2(bytes.data(), bytes.size()), static_cast<gssize>(bytes.size()), g_free));
+  const ObjectPtr<WebKitURISchemeResponse> response(
+      webkit_uri_scheme_response_new(stream.get(), static_cast<gint64>(bytes.size())));
+  webkit_uri_scheme_response_set_content_type(response.get(), type.c_str());
+  SoupMessageHeaders* headers = soup_message_headers_new(SOUP_MESSAGE_HEADERS_RESPONSE);
+  soup_message_headers_append(headers, "Content-Security-Policy", kPolicy);
+  soup_message_headers_append(headers, "X-DNS-Prefetch-Control", "off");
+  soup_message_headers_append(headers, "Cache-Control", "no-store");
+  webkit_uri_scheme_response_set_http_headers(response.get(), headers);  // Takes the reference.
+  webkit_uri_scheme_request_finish_with_response(request, response.get());
+}
+
+/// Without the query and the fragment.
+std::string_view BareAddress(std::string_view address) {
+  return address.substr(0, address.find_first_of("?#"));
+}
+
+}  // namespace
+
+PageFiles::PageFiles(WebKitWebContext* context, std::string charset)
+    : charset_(std::move(charset)) {
+  webkit_web_context_register_uri_scheme(
+      context, kScheme,
+      [](WebKitURISchemeRequest* request, gpointer self) {
+        static_cast<const PageFiles*>(self)->Answer(request);
+      },
+      this, nullptr);
+  webkit_security_manager_register_uri_scheme_as_display_isolated(
+      webkit_web_context_get_security_manager(context), kScheme);
+}
+
+std::string PageFiles::AddressOf(const std::filesystem::path& file) {
+  return Keep(file.filename(), {file, {}});
+}
+
+std::string PageFiles::AddressOfBytes(const std::string& page) {
+  return Keep("unwritten.htm", {{}, page});
+}
+
+std::string PageFiles::Keep(const std::string& name, Page page) {
+  const TextPtr escaped(g_uri_escape_string(name.c_str(), nullptr, FALSE));
+  last_ = std::string(kPages) + escaped.get();
+  pages_.insert_or_assign(last_, std::move(page));
+  return last_;
+}
+
+bool PageFiles::Has(std::string_view address) const {
+  return pages_.contains(BareAddress(address));
+}
+
+std::optional<std::string> PageFiles::Picture(std::string_view name) const {
+  std::vector<std::filesystem::path> folders = ProgramFolders();
+  const auto shown = pages_.find(last_);
+  if (shown != pages_.end() && !shown->second.file.empty()) {
+    folders.insert(folders.begin(), shown->second.file.parent_path());
+  }
+  for (const auto& folder : folders) {
+    if (auto bytes = ReadFile(folder / name)) return bytes;
+  }
+  return std::nullopt;
+}
+
+void PageFiles::Answer(WebKitURISchemeRequest* request) const {
+  const std::string_view address = BareAddress(webkit_uri_scheme_request_get_uri(request));
+  const auto found = pages_.find(address);
+  if (found != pages_.end()) {
+    const auto& [file, bytes] = found->second;
+    const std::string type = "text/html; charset=" + charset_;
+    if (const auto page = file.empty() ? bytes : ReadFile(file)) return Reply(request, *page, type);
+  }
+  for (const std::string_view name : kPagePictures) {
+    if (address != std::string(kPages).append(name)) continue;
+    if (const auto picture = Picture(name)) return Reply(request, *picture, "image/gif");
+  }
+  const std::unique_ptr<GError, void (*)(GError*)> missing(
+      g_error_new_literal(G_FILE_ERROR, G_FILE_ERROR_NOENT, "The file cannot be read."),
+      g_error_free);
+  webkit_uri_scheme_request_finish_error(request, missing.get());
+}
+
+}  // namespace panelkit

@@ -1,0 +1,15 @@
+// The keys of the browser pane.
+#pragma once
+
+#include <webkit2/webkit2.h>
+
+#include "platform/gtk/find_bar.h"
+
+namespace panelkit {
+
+/// Gives `pane`, which holds `view` and `find_bar`, the keys that browsers have beside WebKit's
+/// own: Ctrl+F, F3, Ctrl+P, Ctrl with + - 0, Alt with Left and Right. View and bar must outlive the
+/// pane.
+void AttachPaneKeys(GtkWidget* pane, WebKitWebView* view, FindBar& find_bar);
+
+}  // namespace panelkit
