@@ -27,17 +27,19 @@ FindBar::FindBar(WebKitWebView* view)
       outcome_(gtk_label_new(nullptr)) {
   const auto next = +[](FindBar* self) { self->Next(); };
   const auto previous = +[](FindBar* self) { self->Previous(); };
+  const auto close =
+      +[](FindBar* self) { gtk_search_bar_set_search_mode(GTK_SEARCH_BAR(self->Widget()), FALSE); };
   GtkWidget* row = gtk_box_new(GTK_ORIENTATION_HORIZONTAL, kGap);
   gtk_entry_set_placeholder_text(GTK_ENTRY(entry_), "Find on this page");
   atk_object_set_name(gtk_widget_get_accessible(entry_), "Find on this page");
   for (GtkWidget* widget :
        {entry_, SymbolButton("go-up-symbolic", "Previous match", G_CALLBACK(previous), this),
-        SymbolButton("go-down-symbolic", "Next match", G_CALLBACK(next), this), outcome_}) {
+        SymbolButton("go-down-symbolic", "Next match", G_CALLBACK(next), this),
+        SymbolButton("window-close-symbolic", "Close", G_CALLBACK(close), this), outcome_}) {
     gtk_box_pack_start(GTK_BOX(row), widget, FALSE, FALSE, 0);
   }
   gtk_container_add(GTK_CONTAINER(bar_.get()), row);
   auto* bar = GTK_SEARCH_BAR(bar_.get());
-  gtk_search_bar_set_show_close_button(bar, TRUE);
   gtk_search_bar_connect_entry(bar, GTK_ENTRY(entry_));  // Escape closes the bar.
   g_signal_connect_swapped(bar, "notify::search-mode-enabled",
                            G_CALLBACK(+[](FindBar* self) { self->Closed(); }), this);

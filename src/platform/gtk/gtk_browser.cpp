@@ -117,8 +117,9 @@ GtkBrowser::GtkBrowser(const LocalMachine& machine)
   g_signal_connect(view_.get(), "web-process-terminated", G_CALLBACK(ProcessEnded), this);
   gtk_box_pack_start(GTK_BOX(pane_.get()), GTK_WIDGET(view_.get()), TRUE, TRUE, 0);
   gtk_box_pack_start(GTK_BOX(pane_.get()), find_bar_.Widget(), FALSE, FALSE, 0);
+  atk_object_set_role(gtk_widget_get_accessible(pane_.get()), ATK_ROLE_PANEL);
   AttachPaneMenu(view_.get(), policy_);
-  AttachPaneKeys(pane_.get(), view_.get(), find_bar_);
+  AttachPaneKeys(view_.get(), find_bar_);
 }
 
 GtkBrowser::~GtkBrowser() {

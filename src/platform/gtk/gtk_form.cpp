@@ -17,7 +17,6 @@ GtkForm::GtkForm(const FormDescription& description, const ScreenScale& scale,
       help_menu_(description.help_menu),
       menu_(description.menu, [this](const std::string& name) { Clicked(name); }),
       window_(GTK_WINDOW(gtk_window_new(GTK_WINDOW_TOPLEVEL))),
-      view_port_(GTK_SCROLLED_WINDOW(gtk_scrolled_window_new(nullptr, nullptr))),
       client_area_(GTK_FIXED(gtk_fixed_new())) {
   PrepareWindow(description);
   // Assistive programs, and the Tab key where places do not decide, follow the order of adding.
@@ -52,9 +51,7 @@ void GtkForm::PrepareWindow(const FormDescription& description) {
   gtk_box_pack_start(GTK_BOX(content), menu_.Widget(), FALSE, FALSE, 0);
   gtk_widget_set_size_request(GTK_WIDGET(client_area_), scale_.ToPixels(description.width),
                               scale_.ToPixels(description.height));
-  gtk_scrolled_window_set_policy(view_port_, GTK_POLICY_NEVER, GTK_POLICY_NEVER);
-  gtk_container_add(GTK_CONTAINER(view_port_), GTK_WIDGET(client_area_));
-  gtk_box_pack_start(GTK_BOX(content), GTK_WIDGET(view_port_), FALSE, FALSE, 0);
+  gtk_box_pack_start(GTK_BOX(content), GTK_WIDGET(client_area_), FALSE, FALSE, 0);
   gtk_widget_realize(GTK_WIDGET(window_));
   GdkWindow* gdk_window = gtk_widget_get_window(GTK_WIDGET(window_));
   gdk_window_set_functions(gdk_window, static_cast<GdkWMFunction>(GDK_FUNC_MOVE | GDK_FUNC_CLOSE));
@@ -75,10 +72,15 @@ void GtkForm::FitScreen() {
   if (too_wide == 0 && too_high == 0) return;
   GtkRequisition area = {};
   gtk_widget_get_preferred_size(GTK_WIDGET(client_area_), &area, nullptr);
-  gtk_scrolled_window_set_overlay_scrolling(view_port_, FALSE);
-  gtk_scrolled_window_set_policy(view_port_, GTK_POLICY_AUTOMATIC, GTK_POLICY_AUTOMATIC);
-  gtk_widget_set_size_request(GTK_WIDGET(view_port_), area.width - too_wide,
-                              area.height - too_high);
+  GtkWidget* scrolled = gtk_scrolled_window_new(nullptr, nullptr);
+  gtk_scrolled_window_set_overlay_scrolling(GTK_SCROLLED_WINDOW(scrolled), FALSE);
+  gtk_widget_set_size_request(scrolled, area.width - too_wide, area.height - too_high);
+  GtkWidget* content = gtk_bin_get_child(GTK_BIN(window_));
+  const auto kept = KeepObject(client_area_);
+  gtk_container_remove(GTK_CONTAINER(content), GTK_WIDGET(client_area_));
+  gtk_container_add(GTK_CONTAINER(scrolled), GTK_WIDGET(client_area_));
+  gtk_box_pack_start(GTK_BOX(content), scrolled, FALSE, FALSE, 0);
+  gtk_widget_show_all(scrolled);
 }
 
 void GtkForm::AddControl(const ControlDescription& control, const LocalMachine& machine) {

@@ -59,7 +59,6 @@ class GtkForm final : public Form {
   std::string help_menu_;
   GtkFormMenu menu_;
   GtkWindow* window_;
-  GtkScrolledWindow* view_port_;  ///< Shows the client area, whole if the screen is large enough.
   GtkFixed* client_area_;
   ByName<GtkLabelControl> labels_;
   ByName<GtkProgressBarControl> bars_;

@@ -60,7 +60,8 @@ bool FindKey(guint key, bool shift, const Pane& pane) {
   return true;
 }
 
-/// Keys arrive here when neither the page nor the find bar's text has a use for them.
+/// Runs before WebKit asks the page, which takes a while: letters that are typed right after Ctrl+F
+/// belong to the find bar.
 gboolean KeyPressed(GtkWidget*, const GdkEventKey* event, gpointer data) {
   const Pane& pane = *static_cast<const Pane*>(data);
   const guint key = gdk_keyval_to_lower(event->keyval);
@@ -80,10 +81,12 @@ gboolean KeyPressed(GtkWidget*, const GdkEventKey* event, gpointer data) {
 
 }  // namespace
 
-void AttachPaneKeys(GtkWidget* pane, WebKitWebView* view, FindBar& find_bar) {
-  g_signal_connect_data(
-      pane, "key-press-event", G_CALLBACK(KeyPressed), new Pane{view, find_bar},
-      [](gpointer data, GClosure*) { delete static_cast<Pane*>(data); }, GConnectFlags{});
+void AttachPaneKeys(WebKitWebView* view, FindBar& find_bar) {
+  for (GtkWidget* widget : {GTK_WIDGET(view), find_bar.Widget()}) {
+    g_signal_connect_data(
+        widget, "key-press-event", G_CALLBACK(KeyPressed), new Pane{view, find_bar},
+        [](gpointer data, GClosure*) { delete static_cast<Pane*>(data); }, GConnectFlags{});
+  }
 }
 
 }  // namespace panelkit

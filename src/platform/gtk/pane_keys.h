@@ -7,9 +7,8 @@
 
 namespace panelkit {
 
-/// Gives `pane`, which holds `view` and `find_bar`, the keys that browsers have beside WebKit's
-/// own: Ctrl+F, F3, Ctrl+P, Ctrl with + - 0, Alt with Left and Right. View and bar must outlive the
-/// pane.
-void AttachPaneKeys(GtkWidget* pane, WebKitWebView* view, FindBar& find_bar);
+/// Gives `view` and `find_bar` the keys that browsers have beside WebKit's own: Ctrl+F, F3, Ctrl+P,
+/// Ctrl with + - 0, Alt with Left and Right. Both live in one pane and end with it.
+void AttachPaneKeys(WebKitWebView* view, FindBar& find_bar);
 
 }  // namespace panelkit

@@ -93,6 +93,26 @@ class Program(subprocess.Popen):
         return [item.get_name() for item in below(self.named("menu bar"))
                 if not item.get_state_set().contains(Atspi.StateType.SENSITIVE)]
 
+    def access_keys(self):
+        """Caption and path of access keys of each menu item: {"Exit Program": "f:x"}."""
+        return {item.get_name(): Atspi.Action.get_key_binding(item, 0).split(";")[1]
+                .replace("<Alt>", "") for item in below(self.named("menu bar"))
+                if item.get_name()}
+
+    def picture(self, role="image", name=""):
+        """Width and height of a picture that has been loaded."""
+        size = Atspi.Image.get_image_size(self.named(role, name))
+        return size.x, size.y
+
+    def text(self, role, name=""):
+        return Atspi.Text.get_text(self.named(role, name), 0, -1)
+
+    def font(self, role, name=""):
+        return Atspi.Text.get_default_attributes(self.named(role, name))["family-name"]
+
+    def has_focus(self, role, name=""):
+        return self.named(role, name).get_state_set().contains(Atspi.StateType.FOCUSED)
+
     def pane(self):
         """The text of the page that the pane shows."""
         return "\n".join(Atspi.Text.get_text(here, 0, -1)

@@ -1,10 +1,13 @@
-"""What a user sees and does in the real window. Arguments: the program, the folder of pictures."""
+"""What a user sees and does in the real window. Arguments: the program, the folder of pictures,
+and the names of tests if not all are to run."""
 
 import functools
 import http.server
 import os
 import pathlib
 import shutil
+import socket
+import struct
 import sys
 import tempfile
 import threading
@@ -14,6 +17,19 @@ from window_driver import Program, move_to_a_screen, run, wait
 
 PROGRAM, PICTURES = (pathlib.Path(argument) for argument in sys.argv[1:3])
 MAIN = " Panelkit for FS2002 ONLY"
+ABOUT = "About Panelkit "
+
+
+def words(page):
+    """Without the places of what could not be loaded."""
+    return page.replace("\ufffc", "").split()
+
+
+def shows(program, picture):
+    """Whether the pane shows that picture, at least in its own size."""
+    width, height = struct.unpack_from("<HH", (PICTURES / picture).read_bytes(), 6)
+    across, down = program.picture()
+    return across >= width and abs(across / down - width / height) < 0.02
 
 
 class WindowTest(unittest.TestCase):
@@ -33,7 +49,21 @@ class WindowTest(unittest.TestCase):
         self.addCleanup(program.kill)
         program.wait_for_window(MAIN)
         program.wait_for_page("We hope you find this program helpful")
+        wait(lambda: shows(program, "confused.gif"), "the picture")
         return program
+
+    def test_first_texts_and_every_caption_with_its_access_key(self):
+        program = self.start()
+        self.assertEqual(program.access_keys(), {
+            "File": "f", "Exit Program": "f:x", "Main Page": "m", "Probe For Missing Gauges": "p",
+            "Show All Gauges": "s", "Clean Gauges": "c", "Other Cool Stuff": "o",
+            "FS2002 Keyboard Commands": "o:k", "Turn Parking Brake Annunciator OFF": "o:t",
+            "List of Virtual Airlines": "o:v", "Help": "h", "Visit Panelkit Web Site": "h:v",
+            "About Panelkit": "h:a"})
+        for text in (f"Panelkit - Version 1.10  Dec 15, 2002{' ' * 14}Come to "
+                     "https://www.panelkit.example if you are looking for gauges",
+                     "Made with care for everyone who builds and flies panels"):
+            self.assertTrue(program.named("label", text))
 
     def test_keys_and_clicks_bring_each_page_also_when_the_scan_was_faster_than_the_pane(self):
         printed = (PICTURES.parent / "tests/golden/demo-probe.txt").read_text().split()
@@ -50,6 +80,7 @@ class WindowTest(unittest.TestCase):
         program.press("alt+o", "t")
         program.wait_for_page("ABSOLUTELY HATE")
         self.assertTrue(program.named("menu item", "Turn Parking Brake Annunciator ON"))
+        wait(lambda: shows(program, "easy.gif"), "its picture")
 
     def test_during_a_scan_only_exit_and_close_can_be_picked_and_end_the_program(self):
         # Together these take far longer to read than any test lasts.
@@ -64,6 +95,7 @@ class WindowTest(unittest.TestCase):
                 "Main Page", "Probe For Missing Gauges", "Show All Gauges", "Clean Gauges",
                 "Other Cool Stuff", "Help"])
             program.wait_for_page("I'm Working On It")
+            wait(lambda: shows(program, "madhack.gif"), "its picture")
             program.press("alt+m", "alt+h", "a", *way_out)
             self.assertEqual(program.wait(10), 0)
 
@@ -71,12 +103,12 @@ class WindowTest(unittest.TestCase):
         program = self.start()
 
         def middle():
-            place = program.place("frame", "About Panelkit ")
+            place = program.place("frame", ABOUT)
             return place.x + place.width // 2, place.y + place.height // 2
 
         def opens_at(x, y):
             program.press("alt+h", "a")
-            program.wait_for_window("About Panelkit ")
+            program.wait_for_window(ABOUT)
             wait(lambda: abs(middle()[0] - x) < 2 and abs(middle()[1] - y) < 2, "its place")
 
         opens_at(640, 512)
@@ -86,21 +118,32 @@ class WindowTest(unittest.TestCase):
         program.press("space")  # The button has the keyboard.
         program.wait_for_window(MAIN)
         opens_at(*dragged)
-        program.press("alt+F4")
+        program.press("Escape")
         program.wait_for_window(MAIN)
         opens_at(640, 512)
+        self.assertEqual(program.picture("icon", "A panel*"), (150, 291))
+        for title in ABOUT, MAIN:
+            program.wait_for_window(title)
+            window = run("xdotool", "getactivewindow").strip()
+            self.assertIn("SKIP_TASKBAR", run("xprop", "-id", window, "_NET_WM_STATE"))
+            program.press("space" if title == ABOUT else "alt+F4")
+        self.assertEqual(program.wait(10), 0)
 
     def test_controls_have_their_places_at_every_resolution(self):
         long = "A folder's name that is far too long for its label" * 4
         run("sed", "-i", f"s/Program.*FS2002/{long}/", str(self.root / "prefix/system.reg"))
         places = [  # In pixels at 96 dots per inch: left, top, width, height.
-            ("panel", "", 0, 0, 696, 474), ("document web", "", 8, 8, 681, 409),
+            ("panel", "", 0, 0, 696, 474), ("panel", "Report", 8, 8, 681, 409), ("document web", "", 8, 8, 681, 409),
             ("label", f"Flight Simulator: C:\\{long}", 8, 424, 681, 17),
             ("label", "Done", 8, 440, 361, 17),
             ("progress bar", "Progress of the scan", 376, 440, 313, 17),
             ("label", "Free software - happy landings!", 8, 456, 361, 17)]
-        for scale in 1, 1.5:
-            program = self.start(GDK_DPI_SCALE=str(scale))
+        settings = self.root / "gtk-3.0" / "settings.ini"
+        settings.parent.mkdir()
+        settings.write_text("[Settings]\ngtk-font-name=DejaVu Serif 16\n")
+        for scale in 1, 1.5, 3:  # The last is too much for the screen.
+            program = self.start(GDK_DPI_SCALE=str(scale), XDG_CONFIG_HOME=str(self.root))
+            self.assertTrue(program.font("label", "Made*").startswith("DejaVu Serif,"))
             program.press("alt+s")
             program.wait_for_page("Required Files")
             wait(lambda: program.named("label", "Done"), "the end of the scan")
@@ -110,49 +153,120 @@ class WindowTest(unittest.TestCase):
                 sides = (at.x - area.x, at.y - area.y, at.width, at.height)
                 for side, at_96 in zip(sides, place):
                     self.assertAlmostEqual(side, at_96 * scale, delta=1, msg=name)
+        run("xdotool", "mousemove", "1276", "400", "click", "--repeat", "50", "5")  # The scroll bar.
+        wait(lambda: program.place("label", "Free*").y < 1000, "the last line on the screen")
 
-    def test_what_a_downloaded_panel_can_do_in_the_pane(self):
+    def serve(self):
+        """A site that redirects /site and then refreshes to a page with scripts."""
+        (self.root / "site").mkdir()
+        (self.root / "site" / "index.html").write_text(
+            "<meta http-equiv=refresh content='0;url=/page.html'>")
         (self.root / "page.html").write_text(
             "outside<script>document.body.append(' with scripts')</script>")
         server = http.server.ThreadingHTTPServer(("127.0.0.1", 0), functools.partial(
             http.server.SimpleHTTPRequestHandler, directory=self.root))
         threading.Thread(target=server.serve_forever, daemon=True).start()
-        web = f"http://127.0.0.1:{server.server_port}/"
-        # The user's own browser writes down the address.
+        return f"http://127.0.0.1:{server.server_port}/"
+
+    def users_browser(self):
+        """Makes a browser the user's own, and gives the file in which it writes what it opens."""
         asked = self.root / "asked"
+        asked.touch()
         applications = pathlib.Path.home() / ".local" / "share" / "applications"
         applications.mkdir(parents=True)
+        self.addCleanup(shutil.rmtree, applications)
         (applications / "browser.desktop").write_text(
             "[Desktop Entry]\nType=Application\nName=Browser\n"
-            f"Exec=sh -c 'echo \"$1\" >{asked}' sh %u\n")
+            f"Exec=sh -c 'echo \"$1\" >>{asked}' sh %u\n")
         (applications / "mimeapps.list").write_text(
             "[Default Applications]\nx-scheme-handler/http=browser.desktop\n")
+        return asked
+
+    def test_a_downloaded_panel_loads_nothing_and_is_left_only_by_a_click(self):
+        trap = socket.create_server(("127.0.0.1", 0))
+        evil, web = f"http://127.0.0.1:{trap.getsockname()[1]}/", self.serve()
+        asked = self.users_browser()
         self.panel.write_text(
-            "[Window Titles]\nWindow00=<script>document.write('SCRIPT')</script>"
-            "<img src=x onerror=document.write('SCRIPT')>"
-            f"<a href='file://{self.root}/page.html'>local</a> <a href='{web}page.html'>web</a>"
-            f"<a href='{web}aside' target='_new'>aside</a>\n\ngauge=Bomb,1\n")
-        program = self.start()
+            f"[Window Titles]\nWindow00=<a href='file://{self.root}/page.html'>local</a>"
+            f"<a href='{web}site'>web</a> <a href='{web}aside' target='_new'>aside</a>"
+            f"<meta http-equiv=refresh content='0;url={evil}'><base href={evil}>"
+            "<script>document.write('SCRIPT')</script><img src=x onerror=document.write('SCRIPT')>"
+            f"<img src={evil}><iframe src={evil}></iframe><link rel=stylesheet href={evil}>"
+            f"<style>@import url({evil}); b {{ background: url({evil}) }}</style><b>b</b>"
+            f"<video src={evil} poster={evil} autoplay></video><object data={evil}></object>"
+            f"<embed src={evil}><iframe srcdoc='<img src={evil}>'></iframe><link rel=icon href={evil}>"
+            f"<link rel=preconnect href={evil}><link rel=prefetch href={evil}>"
+            f"<link rel=preload as=image href={evil}><form action={evil}><input type=image src={evil}>"
+            f"</form><svg width=1><image href={evil} /></svg>\n\ngauge=Bomb,1\n")
+        program = self.start(LANGUAGE="de")
         program.press("alt+p")
         report = program.wait_for_page("SUMMARY REPORT")
         program.click("link", "local")
         program.click("link", "aside")
-        self.assertEqual(wait(lambda: asked.exists() and asked.read_text(), "the user's browser"),
-                         web + "aside\n")
-        self.assertEqual(program.pane(), report)
+        wait(lambda: asked.read_text() == f"{web}aside\n", "the user's browser")
+        program.click("link", "aside", button=3)
+        wait(lambda: program.named("menu item", "Drucken"), "a menu in the user's language")
+        program.click("menu item", "Verweis *ffnen")
+        wait(lambda: asked.read_text() == f"{web}aside\n" * 2, "the user's browser, by the menu")
+        self.assertEqual(words(program.pane()), words(report))
         program.click("link", "web")
         program.wait_for_page("outside with scripts")
-        program.click("document web", button=3)
-        wait(lambda: program.named("menu item", "Print"), "Print in the context menu")
-        program.click("menu item", "Back")
-        self.assertEqual(program.wait_for_page("SUMMARY REPORT"), report)
+        program.press("alt+Left")
+        self.assertEqual(words(program.wait_for_page("SUMMARY REPORT")), words(report))
         self.assertNotIn("SCRIPT", report)
+        trap.setblocking(False)
+        self.assertRaises(BlockingIOError, trap.accept)
 
-    def test_what_cannot_run_says_so_in_one_line(self):
-        for call in f"'{PROGRAM}' --help", f"DISPLAY= '{PROGRAM}'":
+    def test_an_address_that_cannot_be_loaded_gives_a_page_that_leads_back(self):
+        for picture in PICTURES.glob("*.gif"):  # As in an installed program.
+            share = self.root / "share" / "panelkit"
+            share.mkdir(parents=True, exist_ok=True)
+            (self.root / "app" / picture.name).rename(share / picture.name)
+        program = self.start()
+        program.press("alt+o", "k")
+        program.wait_for_page("This page could not be shown")
+        program.press("Tab", "Return")
+        program.wait_for_page("We hope you find this program helpful")
+
+    def test_keys_of_the_pane_and_of_the_window(self):
+        program = self.start()
+        program.press("Tab")
+        wait(lambda: program.has_focus("link", "www*"), "the keyboard in the pane")
+        program.press("ctrl+a", "ctrl+c", "ctrl+f", "ctrl+v")
+        find = "text", "Find on this page"
+        wait(lambda: "We hope you find" in program.text(*find), "the copied text")
+        program.press("ctrl+a", *"gauges", "Return")
+        found = program.pane().lower().count("gauges")
+        wait(lambda: program.named("label", f"{found} matches"), "what was found")
+        program.press("Escape")
+        program.press("ctrl+p")
+        wait(lambda: program.named("dialog", "Print"), "the print dialog")
+        program.press("Escape")
+        program.wait_for_window(MAIN)
+        width = program.place("link", "*www*").width
+        program.press("ctrl+plus")
+        wait(lambda: program.place("link", "*www*").width > width, "larger text")
+        program.press("ctrl+0", "ctrl+minus")
+        wait(lambda: program.place("link", "*www*").width < width, "smaller text")
+        program.press("ctrl+0", "alt+s")
+        program.wait_for_page("Required Files")
+        top = program.place("link", "*www*").y
+        program.press("Next")
+        wait(lambda: program.place("link", "*www*").y < top, "the next part of the page")
+        program.press("F1", "a")
+        program.wait_for_window(ABOUT)
+        program.press("Escape")
+        program.wait_for_window(MAIN)
+        program.press("F10", "Down", "x")
+        self.assertEqual(program.wait(10), 0)
+
+    def test_what_the_command_line_gives(self):
+        self.assertIn("--version", run(PROGRAM, "--help"))
+        self.assertRegex(run(PROGRAM, "--version"), r"\Apanelkit \d+\.\d+\n\Z")
+        for call in f"'{PROGRAM}' --other", f"DISPLAY= '{PROGRAM}'":
             self.assertRegex(run("sh", "-c", call + " 2>&1; echo $?"), r"\A.+\n2\n\Z")
 
 
 if __name__ == "__main__":
     move_to_a_screen()
-    unittest.main(argv=sys.argv[:1], verbosity=2, warnings="ignore")
+    unittest.main(argv=[sys.argv[0], *sys.argv[3:]], verbosity=2, warnings="ignore")
