@@ -3,9 +3,34 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <cerrno>
+#include <charconv>
+#include <csignal>
 #include <cstdio>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+#include "platform/wine/folder_reader.h"
 
 namespace panelkit {
+
+namespace {
+
+constexpr const char* kPrefix = ".panelkit-";
+constexpr const char* kEnding = ".tmp";
+
+/// The process that gave a temporary file this name; nullopt for any other name.
+std::optional<pid_t> ProcessOf(std::string_view name) {
+  if (!name.starts_with(kPrefix) || !name.ends_with(kEnding)) return std::nullopt;
+  name.remove_prefix(std::string_view(kPrefix).size());
+  pid_t process = 0;
+  const auto [end, error] = std::from_chars(name.data(), name.data() + name.size(), process);
+  if (error != std::errc() || *end != '-' || process <= 0) return std::nullopt;
+  return process;
+}
+
+}  // namespace
 
 NewFile::NewFile(std::string path, mode_t mode)
     : path_(std::move(path)),
@@ -34,12 +59,20 @@ bool NewFile::KeepAs(const std::string& path) {
 
 std::string TemporaryPathBeside(const std::string& path) {
   const std::string stem =
-      path.substr(0, path.rfind('/') + 1) + ".panelkit-" + std::to_string(getpid()) + '-';
+      path.substr(0, path.rfind('/') + 1) + kPrefix + std::to_string(getpid()) + '-';
   struct stat stale {};
   // A name may be taken by what a killed process with our number left behind.
   for (int number = 0;; ++number) {
-    std::string temporary = stem + std::to_string(number) + ".tmp";
+    std::string temporary = stem + std::to_string(number) + kEnding;
     if (lstat(temporary.c_str(), &stale) != 0) return temporary;
+  }
+}
+
+void RemoveStaleTemporaries(const std::string& folder) {
+  for (const auto& entry : ReadFolder(folder).value_or(std::vector<FolderEntry>())) {
+    const std::optional<pid_t> process = ProcessOf(entry.name);
+    const bool is_stale = process && kill(*process, 0) != 0 && errno == ESRCH;
+    if (is_stale) unlink((folder + '/' + entry.name).c_str());
   }
 }
 

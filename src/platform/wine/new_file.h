@@ -43,4 +43,7 @@ class NewFile {
 /// that no listing shows it. Other processes choose other names.
 std::string TemporaryPathBeside(const std::string& path);
 
+/// Removes the files of such names in a folder whose process no longer runs: it was killed.
+void RemoveStaleTemporaries(const std::string& folder);
+
 }  // namespace panelkit

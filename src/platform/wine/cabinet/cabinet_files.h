@@ -32,7 +32,8 @@ class TargetPaths {
   /// `paths` outlives this object.
   explicit TargetPaths(const PathResolver& paths) : paths_(paths) {}
 
-  /// The native path of a file to be written; nullopt if its folder is missing.
+  /// The native path of a file to be written; nullopt if its folder is missing. Removes what a
+  /// killed extraction left in the folder, when it first sees it.
   std::optional<std::string> Find(std::string_view windows_path);
 
  private:
