@@ -60,5 +60,6 @@ small_disk "$work/unpacked" 100
 expect 2 cab extract "$work/x.cab" --output-path "$work/unpacked"
 complains 'There is not enough space on the disk. (error 112)'
 [ -z "$(comm -13 <(echo "$all") <(sums "$work/unpacked"))" ] || fail 'half a file'
-holds "$work/unpacked" $(sed 's|.*/||' "$work/out")
+mapfile -t written < <(sed 's|.*/||' "$work/out")
+holds "$work/unpacked" "${written[@]}"
 [ $failures = 0 ]

@@ -31,7 +31,7 @@ killed() {
   [ $cut -gt 9 ] || [ ${#ways[@]} = $rounds ] || fail "${*:2}: only $cut runs were cut short"
 }
 
-rm -r "$fs/Aircraft"/* "$gauges"/*
+rm -r "${fs:?}/Aircraft"/* "${gauges:?}"/*
 for i in {1..25}; do head -c $((RANDOM * 9)) /dev/urandom >"$gauges/gauge $i.gau"; done
 chmod 444 "$gauges/gauge 7.gau"
 cp "$source/demo/drive_c/Program Files/Microsoft Games/FS2002/Gauges/SKERRY.CAB" "$gauges/s.cab"
@@ -50,6 +50,7 @@ expect 0 clean
 # backup and the entries of a cabinet.
 { echo SYSCLOCK=1; seq -f 'setting_%06.0f=as it was' 30000; } | sed 's/$/\r/' >"$work/old"
 prepare() { cp "$work/old" "$config"; rm -rf "$app/Backups"; }
+# shellcheck disable=SC2218 # It is defined for each part.
 prepare
 for state in where brake 'brake off'; do
   expect 0 $state

@@ -9,7 +9,7 @@ aircraft=$fs/Aircraft
 small() {
   fresh
   chmod 777 "$app"
-  rm -r "$aircraft"/* "$gauges"/*
+  rm -r "${aircraft:?}"/* "${gauges:?}"/*
   panel plain good
   echo 'gauge good' >"$gauges/good.gau"
   echo 'gauge spare' >"$gauges/spare.gau"
@@ -39,7 +39,8 @@ chmod 0 "$aircraft"/{closed/Panel/panel.cfg,shut/Panel}
 # no text stay.
 longest=$(printf 'n%.0s' {1..250})
 mkdir "$aircraft/plane "{1..3000}
-touch "$gauges/gauge "{1..3000}.gau "$gauges/"{a$longest,b$longest,$'\u6F22\u5B57',$'\xFF'}.gau
+# shellcheck disable=SC1083 # The braces make names.
+touch "$gauges/gauge "{1..3000}.gau "$gauges"/{a$longest,b$longest,$'\u6F22\u5B57',$'\xFF'}.gau
 panel $'\u6F22\u5B57' 'gauge '{1..3000} 'missing '{1..3000}
 panel "$longest.AIRS" "a$longest!x"
 chmod 777 "$gauges"
