@@ -24,7 +24,7 @@ _panelkit_console() {
   done
   case $command in
     '') options+=' where probe show clean restore brake cab' ;;
-    clean) options+=' --dry-run' ;;
+    clean) options+=' --dry-run --careful' ;;
     brake) options+=' on off' ;;
     cab) options+=' count list xml extract' ;;
     extract) options+=' --output-path --output-file' ;;

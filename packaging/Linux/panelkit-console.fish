@@ -16,6 +16,7 @@ complete -c panelkit-console -n $no_command -a brake -d 'Say or switch the red b
 complete -c panelkit-console -n $no_command -a cab -d 'Look into a cabinet file'
 
 complete -c panelkit-console -n '__fish_seen_subcommand_from clean' -l dry-run -d 'Move nothing'
+complete -c panelkit-console -n '__fish_seen_subcommand_from clean' -l careful -d 'Move nothing if a panel could not be read'
 complete -c panelkit-console -n '__fish_seen_subcommand_from brake' -a 'on off'
 
 set -l cab '__fish_seen_subcommand_from cab'

@@ -45,7 +45,10 @@ local state
 local -a words_of_line
 _arguments -C $common '1:command:_panelkit_console_commands' '*::argument:->arguments' && return
 case $words[1] in
-  clean) _arguments $common '--dry-run[say what would move, and move nothing]' ;;
+  clean)
+    _arguments $common '--dry-run[say what would move, and move nothing]' \
+      '--careful[move nothing if a panel could not be read]'
+    ;;
   restore) _arguments $common '*:gauge' ;;
   brake) _arguments $common '1:state:(on off)' ;;
   cab) _panelkit_console_cab ;;
