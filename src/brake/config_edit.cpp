@@ -1,6 +1,7 @@
 #include "brake/config_edit.h"
 
 #include "text/line_reader.h"
+#include "text/matching.h"
 
 namespace panelkit {
 namespace {

@@ -10,8 +10,7 @@
 namespace panelkit {
 namespace {
 
-// Counts entries in 16 bits, as the bar takes them; a folder beyond that keeps the counter at its
-// end.
+// The bar takes 16-bit numbers: beyond them the counter stays at the highest.
 void CountEntry(std::int16_t& counter) {
   if (counter < kHighestIndex) ++counter;
 }

@@ -10,11 +10,11 @@
 
 namespace panelkit {
 
-/// Measures `FSPath`\Aircraft for the bar, then walks it: each folder in it, in listing order, goes
-/// to `on_aircraft` by its name as listed. Every entry counts for the bar, plain files, "." and
-/// ".." included; the bar never passes its Max, also when the folder grows between the two
-/// listings. The event loop gets a turn at each entry of both. False where the folder cannot be
-/// listed.
+/// Lists `FSPath`\Aircraft twice: to set the bar's Max to the number of entries, then to call
+/// `on_aircraft` with the name of each folder, in listing order. Every entry counts for the bar,
+/// plain files, "." and ".." included; its Value never passes Max, even if the folder grows between
+/// the listings. Pending interface events are processed at each entry of both. False if the folder
+/// cannot be listed.
 bool WalkAircraft(const Files& files, EventLoop& loop, ProgressBar& bar, const std::string& FSPath,
                   const std::function<void(const std::string& aircraft)>& on_aircraft);
 

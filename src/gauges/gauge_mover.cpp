@@ -3,24 +3,24 @@
 #include <algorithm>
 #include <array>
 
-#include "text/line_reader.h"
+#include "text/matching.h"
 
 namespace panelkit {
 namespace {
 
 constexpr std::array kGaugeEndings{".gau", ".cab"};
 
-// What a file is called in its new folder until its copy is whole.
+// The name of a file in its new folder until the copy is complete.
 constexpr const char* kHalfMoved = "\\panelkit.moving";
 
-// What a killed run left in either folder.
+// Restoring, too, may have been killed half-way.
 void RemoveHalfMoved(Files& files, const GaugeFolders& folders) {
   files.Delete(folders.gauges + kHalfMoved);
   files.Delete(folders.spare + kHalfMoved);
 }
 
-// Copies under a name that is no gauge's, then gives the copy its name, then deletes the source: at
-// any moment the file is whole in at least one place.
+// Copies under a temporary name, renames the copy, and only then deletes the source: at any moment
+// the file is whole in at least one place.
 bool MoveFile(Files& files, const std::string& source, const std::string& folder,
               const std::string& name) {
   const std::string half_moved = folder + kHalfMoved;
@@ -35,15 +35,15 @@ bool MoveFile(Files& files, const std::string& source, const std::string& folder
 bool HasGaugeEnding(std::string_view name) {
   name.remove_prefix(name.size() - std::min<std::size_t>(name.size(), 4));
   return std::any_of(kGaugeEndings.begin(), kGaugeEndings.end(),
-                     [&](const char* ending) { return ContainsIgnoringCase(name, ending); });
+                     [&](const char* ending) { return EqualsIgnoringCase(name, ending); });
 }
 
 bool IsAmong(const std::vector<std::string>& names, const std::string& name) {
   return std::find(names.begin(), names.end(), name) != names.end();
 }
 
-// The archived files of one name, spelt as in the archive: with the extension typed, or each gauge
-// ending where none was.
+// The archived files of a typed name, spelt as in the archive. A name typed without an extension
+// gets either.
 std::vector<std::string> ArchivedNames(const Files& files, const std::string& spare,
                                        const std::string& typed) {
   std::vector<std::string> names;
@@ -88,8 +88,8 @@ std::string SpareFileName(const Files& files, const std::string& gauges, const s
 MoveOutcome ArchiveGauges(Files& files, const GaugeFolders& folders,
                           const std::vector<std::string>& SpareFiles, const StopRequest& stop) {
   if (!files.Exists(folders.spare)) files.MakeFolder(folders.spare);
-  // An archive that is the Gauges folder itself, by a link, would have each file copied onto itself
-  // and then deleted.
+  // If the archive is a link to the Gauges folder, each file would be copied onto itself and then
+  // deleted.
   const bool is_apart = !files.IsSame(folders.gauges, folders.spare);
   if (is_apart) RemoveHalfMoved(files, folders);
   MoveOutcome outcome;

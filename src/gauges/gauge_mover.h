@@ -30,29 +30,29 @@ struct MoveOutcome {
   std::vector<std::string> left;
 };
 
-/// The file name in `gauges` that a spare entry stands for: a gauge file before a cabinet; empty
-/// where neither is there.
+/// The name of the file in `gauges` that an entry of SpareFiles stands for: a gauge file, else a
+/// cabinet; empty if there is neither.
 std::string SpareFileName(const Files& files, const std::string& gauges, const std::string& entry);
 
-/// Moves the files of SpareFiles into the archive, which is made if missing; copies there are
-/// replaced. Removes what a killed run left half copied.
+/// Moves the files of SpareFiles into the archive, which is created if it is missing; files of the
+/// same names there are replaced. Deletes the partial copy that a killed run may have left.
 MoveOutcome ArchiveGauges(Files& files, const GaugeFolders& folders,
                           const std::vector<std::string>& SpareFiles, const StopRequest& stop);
 
-/// What became of the files that were to come back.
+/// The outcome of RestoreGauges, by file name.
 struct RestoreOutcome {
   std::vector<std::string> restored;
-  std::vector<std::string> already_there;  ///< A file of that name stands in Gauges.
+  std::vector<std::string> already_there;  ///< Gauges has a file of that name.
   std::vector<std::string> failed;         ///< In no archive, or it could not be moved.
   bool stopped = false;                    ///< Files were left after a stop.
 };
 
-/// The name that stands for every archived gauge.
+/// Restores every archived gauge when given to RestoreGauges.
 inline constexpr const char* kEveryGauge = "*";
 
-/// Brings the archived files of these names back if no file of that name stands in Gauges.
-/// `folders` holds one pair for each archive, the one to prefer first. A name that does not end in
-/// a gauge's extension stands for gauge file and cabinet; "*" and "?" may stand in it.
+/// Moves archived files back into Gauges, except those whose name is taken there. `folders` holds
+/// one pair for each archive, the one to prefer first. A name that does not end in ".gau" or ".cab"
+/// stands for the gauge file and the cabinet of that name; "*" and "?" are wildcards.
 RestoreOutcome RestoreGauges(Files& files, const std::vector<GaugeFolders>& folders,
                              const std::vector<std::string>& names, const StopRequest& stop);
 

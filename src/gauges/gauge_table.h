@@ -15,21 +15,21 @@
 
 namespace panelkit {
 
-/// One installed gauge: column 0 and column 1 of the table.
+/// One installed gauge: the table's columns 0 and 1.
 struct GaugeRow {
   std::string_view origin;  ///< "Gauge File", or the cabinet's name without its extension.
   std::string_view key;     ///< "gauge", or "cabinet!gauge".
 };
 
-/// Rows of installed gauges, the last one always free: the upper bound equals the number of used
-/// rows.
+/// Rows of installed gauges. The last row is always free, so the upper bound equals the number of
+/// used rows.
 class GaugeTable {
  public:
   /// Back to one free row.
   void Reset() { *this = GaugeTable(); }
 
-  /// Writes the free row and adds a new one behind it. False when the table cannot grow past index
-  /// 32767: the row is written but stays the last one, which no search looks at.
+  /// Writes the free row and adds a new one behind it. False if the table would grow past
+  /// kHighestIndex: the row is written then, but it stays the last one, which no search looks at.
   bool Add(const Text& text, std::string_view origin, std::string_view key);
 
   /// The index of the free last row, which is the number of used rows.
@@ -41,21 +41,19 @@ class GaugeTable {
   /// Whether a row was refused since the last Reset.
   bool Overflowed() const { return overflowed_; }
 
-  /// Whether a panel entry is installed: its file part equals a whole key, or the whole entry
-  /// occurs anywhere in a key; case ignored.
+  /// Whether a panel entry is installed: its file part, if it has the form "file!gauge", equals a
+  /// whole key, or the whole entry occurs anywhere in a key; case ignored.
   bool Exists(const Text& text, std::string_view entry) const;
 
  private:
   struct Contents {
     TextStore store;
     std::vector<GaugeRow> rows{1};
-    std::vector<std::string_view> lowered_keys;  // Of the used rows.
-    std::pmr::unordered_set<std::string_view>& whole_keys =
-        store.Make<std::pmr::unordered_set<std::string_view>>();
-    std::optional<TrigramIndex> parts_of_keys;  // Made when a question needs it.
-    // Entries come again and again.
-    std::pmr::unordered_map<std::string_view, bool>& answers =
-        store.Make<std::pmr::unordered_map<std::string_view, bool>>();
+    std::vector<std::string_view> lowered_keys;                            // Of the used rows.
+    std::pmr::unordered_set<std::string_view> whole_keys{store.Memory()};  // The same.
+    std::optional<TrigramIndex> parts_of_keys;  // The same; made when a question needs it.
+    // Answers of Exists by entry: panels name the same gauges again and again.
+    std::pmr::unordered_map<std::string_view, bool> answers{store.Memory()};
   };
 
   std::unique_ptr<Contents> contents_ = std::make_unique<Contents>();

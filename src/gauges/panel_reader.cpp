@@ -4,6 +4,8 @@
 #include <exception>
 #include <unordered_set>
 
+#include "text/matching.h"
+
 namespace panelkit {
 namespace {
 
@@ -14,7 +16,7 @@ bool IsWindowHeader(std::string_view line) {
 }
 
 bool IsGaugeLine(std::string_view line) {
-  return ContainsIgnoringCase(line.substr(0, 5), "gauge");
+  return EqualsIgnoringCase(line.substr(0, 5), "gauge");
 }
 
 // The text between the line's first "=" and its first ","; empty if the "=" stands behind the
@@ -74,7 +76,7 @@ std::optional<std::string> PanelReader::Scan(std::string_view content, PanelRepo
     const std::string_view line = lines.Next();
     if (ContainsIgnoringCase(line, "alias=")) return std::string(AliasValue(line));
     if (ContainsIgnoringCase(line, "[window titles]")) ReadTitles(lines);
-    // In every turn from the titles on: windows beyond the titles start again at the first title.
+    // Not only at the titles header: windows beyond the titles start again at the first title.
     if (TitleCount > 0) ReadWindows(lines, report);
   }
   return std::nullopt;

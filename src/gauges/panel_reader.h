@@ -15,8 +15,8 @@
 
 namespace panelkit {
 
-/// A line scanner for panel.cfg: it knows a handful of words, takes sections in the order in which
-/// they stand, and pairs the n-th window with the n-th title by position alone.
+/// A line scanner for panel.cfg: it recognises lines by a few words, ignores section numbers, and
+/// gives the n-th window of the file the n-th title.
 class PanelReader {
  public:
   PanelReader(const Files& files, const Text& text, EventLoop& loop)

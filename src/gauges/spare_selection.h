@@ -9,13 +9,14 @@
 
 namespace panelkit {
 
-/// What Clean Gauges lists and what it moves.
+/// What Clean Gauges lists and what it moves: the gauges that are spare, that is, not needed.
 struct SpareSelection {
   /// The keys of all rows that are not needed, in table order.
   std::vector<std::string> keys;
 
   /// The files to move, by name without extension, unique: a gauge file's key as it is, a cabinet's
-  /// file part in lower case. A name inside an earlier one waits for the next run.
+  /// file part in lower case. A name that occurs in an earlier one is left out, so its file stays
+  /// until the next run.
   std::vector<std::string> SpareFiles;
 };
 

@@ -3,14 +3,13 @@
 
 #include <algorithm>
 #include <memory_resource>
-#include <new>
 #include <string_view>
 
 namespace panelkit {
 
-/// Keeps tens of thousands of short texts, and containers of views of them, in a few large blocks:
-/// cheaper than a std::string and a node of its own each, above all at the end, where all go at
-/// once.
+/// Keeps tens of thousands of short texts, and the nodes of std::pmr containers of views of them,
+/// in a few large blocks: cheaper than an allocation each, above all at the end, when the blocks
+/// are freed at once.
 class TextStore {
  public:
   /// A copy of `text`, valid as long as the store.
@@ -20,13 +19,8 @@ class TextStore {
     return {copy, text.size()};
   }
 
-  /// A new container of std::pmr that lives here with all that it holds. It ends with the store,
-  /// without a destructor: what it holds must need none.
-  template <typename Container>
-  Container& Make() {
-    void* const place = memory_.allocate(sizeof(Container), alignof(Container));
-    return *new (place) Container(&memory_);
-  }
+  /// The blocks, for containers that do not outlive the store.
+  std::pmr::memory_resource* Memory() { return &memory_; }
 
  private:
   std::pmr::monotonic_buffer_resource memory_;

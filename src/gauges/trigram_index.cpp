@@ -8,41 +8,52 @@ namespace panelkit {
 namespace {
 
 constexpr std::size_t kTrigram = 3;
-constexpr unsigned kChainBits = 15;
-constexpr std::size_t kChains = std::size_t{1} << kChainBits;
+constexpr unsigned kHashBits = 15;
+constexpr std::size_t kLists = std::size_t{1} << kHashBits;
 
-// The chain of the trigram at `position`, by Fibonacci hashing.
-std::size_t ChainAt(std::string_view text, std::size_t position) {
+// The number of the posting list of the trigram at `position`, by Fibonacci hashing.
+std::uint16_t ListAt(std::string_view text, std::size_t position) {
   const auto byte = [&](std::size_t i) {
     return std::uint32_t{static_cast<unsigned char>(text[position + i])};
   };
-  constexpr std::uint32_t kGoldenRatio = 2654435769;  // As a part of 2^32.
-  return (byte(0) << 16U | byte(1) << 8U | byte(2)) * kGoldenRatio >> (32 - kChainBits);
+  constexpr std::uint32_t kGoldenRatio = 2654435769;  // The ratio as a fraction of 2^32.
+  const std::uint32_t trigram = byte(0) << 16U | byte(1) << 8U | byte(2);
+  return static_cast<std::uint16_t>(trigram * kGoldenRatio >> (32 - kHashBits));
 }
 
-// Calls `visit` with each chain of each text, once, and the text's number.
-template <typename Visit>
-void ForEachChain(const std::vector<std::string_view>& texts, Visit visit) {
-  std::vector<std::size_t> last_visitor(kChains, texts.size());
-  for (std::size_t number = 0; number < texts.size(); ++number) {
-    for (std::size_t i = 0; i + kTrigram <= texts[number].size(); ++i) {
-      const std::size_t chain = ChainAt(texts[number], i);
-      if (std::exchange(last_visitor[chain], number) != number) visit(chain, number);
+struct Posting {
+  std::uint16_t list;
+  std::uint16_t text;
+};
+
+// Every posting in ascending order of texts; a text stands once in a list.
+std::vector<Posting> PostingsOf(const std::vector<std::string_view>& texts) {
+  std::vector<Posting> postings;
+  std::vector<std::uint32_t> next_text(kLists);  // By list: one more than the last text in it.
+  std::size_t bytes = 0;
+  for (const std::string_view text : texts) bytes += text.size();
+  postings.reserve(bytes);
+  for (std::uint32_t number = 0; number < texts.size(); ++number) {
+    const std::string_view text = texts[number];
+    for (std::size_t i = 0; i + kTrigram <= text.size(); ++i) {
+      const std::uint16_t list = ListAt(text, i);
+      if (std::exchange(next_text[list], number + 1) == number + 1) continue;
+      postings.push_back({list, static_cast<std::uint16_t>(number)});
     }
   }
+  return postings;
 }
 
 }  // namespace
 
 TrigramIndex::TrigramIndex(std::vector<std::string_view> texts)
-    : texts_(std::move(texts)), starts_(kChains + 1) {
-  ForEachChain(texts_, [this](std::size_t chain, std::size_t) { ++starts_[chain + 1]; });
+    : texts_(std::move(texts)), starts_(kLists + 1) {
+  const std::vector<Posting> postings = PostingsOf(texts_);
+  for (const Posting& posting : postings) ++starts_[posting.list + 1U];
   std::partial_sum(starts_.begin(), starts_.end(), starts_.begin());
-  numbers_.resize(starts_.back());
+  postings_.resize(postings.size());
   std::vector<std::uint32_t> ends = starts_;
-  ForEachChain(texts_, [&](std::size_t chain, std::size_t number) {
-    numbers_[ends[chain]++] = static_cast<std::uint16_t>(number);
-  });
+  for (const Posting& posting : postings) postings_[ends[posting.list]++] = posting.text;
 }
 
 bool TrigramIndex::ContainsBefore(std::size_t count, std::string_view part) const {
@@ -53,19 +64,19 @@ bool TrigramIndex::ContainsBefore(std::size_t count, std::string_view part) cons
     const auto end = texts_.begin() + static_cast<std::ptrdiff_t>(count);
     return std::any_of(texts_.begin(), end, holds_part);
   }
-  const std::size_t chain = ShortestChain(part);
-  for (std::uint32_t i = starts_[chain]; i < starts_[chain + 1] && numbers_[i] < count; ++i) {
-    if (holds_part(texts_[numbers_[i]])) return true;
+  const std::size_t list = ShortestList(part);
+  for (std::uint32_t i = starts_[list]; i < starts_[list + 1] && postings_[i] < count; ++i) {
+    if (holds_part(texts_[postings_[i]])) return true;
   }
   return false;
 }
 
-std::size_t TrigramIndex::ShortestChain(std::string_view part) const {
-  const auto length = [this](std::size_t chain) { return starts_[chain + 1] - starts_[chain]; };
-  std::size_t shortest = ChainAt(part, 0);
+std::size_t TrigramIndex::ShortestList(std::string_view part) const {
+  const auto length = [this](std::size_t list) { return starts_[list + 1] - starts_[list]; };
+  std::size_t shortest = ListAt(part, 0);
   for (std::size_t i = 1; i + kTrigram <= part.size(); ++i) {
-    const std::size_t chain = ChainAt(part, i);
-    if (length(chain) < length(shortest)) shortest = chain;
+    const std::size_t list = ListAt(part, i);
+    if (length(list) < length(shortest)) shortest = list;
   }
   return shortest;
 }

@@ -8,9 +8,9 @@
 
 namespace panelkit {
 
-/// Finds substrings by trigrams: the runs of three bytes are dealt out to chains, each of which
-/// lists the texts that hold one of its runs, and only the texts of a question's shortest chain are
-/// looked through. Bytes are compared exactly; lower both sides to ignore case.
+/// A trigram index. A trigram is a run of three bytes; its posting list holds the texts that it
+/// occurs in. Only the texts of the shortest posting list among those of a question's trigrams are
+/// searched. Bytes are compared exactly; lower both sides to ignore case.
 class TrigramIndex {
  public:
   /// Takes at most 65,536 texts. What they view must outlive the index.
@@ -23,12 +23,14 @@ class TrigramIndex {
   bool ContainsBefore(std::size_t count, std::string_view part) const;
 
  private:
-  std::size_t ShortestChain(std::string_view part) const;
+  std::size_t ShortestList(std::string_view part) const;
 
   std::vector<std::string_view> texts_;
-  std::vector<std::uint32_t>
-      starts_;  // Where each chain starts in numbers_, and the last one's end.
-  std::vector<std::uint16_t> numbers_;  // Numbers of texts, ascending in each chain.
+
+  // The posting lists one after the other, each in ascending order of text numbers. A list belongs
+  // to a hash of trigrams; two trigrams of one hash share it.
+  std::vector<std::uint16_t> postings_;
+  std::vector<std::uint32_t> starts_;  // Where each list starts, and the end of the last one.
 };
 
 }  // namespace panelkit

@@ -3,7 +3,7 @@
 #include <optional>
 #include <string_view>
 
-#include "text/line_reader.h"
+#include "text/matching.h"
 
 namespace panelkit {
 namespace {

@@ -17,16 +17,4 @@ std::size_t LineReader::Following(char end) const {
   return std::min(text_.find(end, position_), text_.size());
 }
 
-bool ContainsIgnoringCase(std::string_view line, std::string_view words) {
-  const auto same = [](char word, char in_line) {
-    return (in_line >= 'A' && in_line <= 'Z' ? in_line - 'A' + 'a' : in_line) == word;
-  };
-  // Most words asked for begin with a bracket, and most lines have none.
-  if (words.front() < 'a') line.remove_prefix(std::min(line.find(words.front()), line.size()));
-  for (; line.size() >= words.size(); line.remove_prefix(1)) {
-    if (std::equal(words.begin(), words.end(), line.begin(), same)) return true;
-  }
-  return false;
-}
-
 }  // namespace panelkit

@@ -6,8 +6,8 @@
 
 namespace panelkit {
 
-/// Gives one line after the other. CR LF, a lone CR and a lone LF end a line and are not part of
-/// it; a last line needs no end.
+/// Gives one line after the other, without its end: CR LF, a lone CR or a lone LF. The last line
+/// may lack one.
 class LineReader {
  public:
   explicit LineReader(std::string_view text)
@@ -15,7 +15,7 @@ class LineReader {
 
   bool AtEnd() const { return position_ == text_.size(); }
 
-  /// The next line; the empty line at the end.
+  /// The next line; the empty text at the end.
   std::string_view Next();
 
  private:
@@ -26,8 +26,5 @@ class LineReader {
   std::size_t cr_;  // The next CR and the next LF, each looked for again only when it is passed: a
   std::size_t lf_;  // file may have none of one kind. The text's size where none follows.
 };
-
-/// Whether `line` contains `words`, case ignored. `words` is ASCII in lower case.
-bool ContainsIgnoringCase(std::string_view line, std::string_view words);
 
 }  // namespace panelkit

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "text/line_reader.h"
+#include "text/matching.h"
 
 namespace panelkit::test {
 namespace {

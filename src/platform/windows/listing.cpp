@@ -6,7 +6,7 @@
 #include "platform/windows/files.h"
 #include "platform/windows/paths.h"
 #include "platform/windows/wide.h"
-#include "text/wildcard.h"
+#include "text/matching.h"
 
 namespace panelkit::windows {
 namespace {

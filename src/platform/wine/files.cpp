@@ -16,7 +16,7 @@
 #include "platform/wine/letter_case.h"
 #include "platform/wine/native_file.h"
 #include "platform/wine/utf8.h"
-#include "text/wildcard.h"
+#include "text/matching.h"
 
 namespace panelkit {
 
