@@ -1,6 +1,6 @@
 #include "app/frm_about.h"
 
-#include "app/about_window.h"
+#include "app/form_descriptions.h"
 
 namespace panelkit {
 

@@ -4,9 +4,8 @@
 #include <new>
 #include <utility>
 
-#include "app/gauges_window.h"
+#include "app/form_descriptions.h"
 #include "pages/page_text.h"
-#include "pages/site_addresses.h"
 #include "pages/status_text.h"
 #include "simulator/simulator_location.h"
 

@@ -1,6 +1,6 @@
 // frmGauges: the parking brake annunciator.
 #include "app/frm_gauges.h"
-#include "pages/brake_page.h"
+#include "pages/page_text.h"
 #include "pages/status_text.h"
 
 namespace panelkit {

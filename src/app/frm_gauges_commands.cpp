@@ -1,5 +1,4 @@
 // frmGauges: the three report commands.
-#include "app/busy_state.h"
 #include "app/frm_gauges.h"
 #include "cabinet/mod_gauges.h"
 #include "pages/page_text.h"
@@ -7,6 +6,30 @@
 #include "pages/status_text.h"
 
 namespace panelkit {
+namespace {
+
+// While it lives, only File and Exit Program can be picked: a command that processes pending events
+// must not start another. Its destructor enables the menus, however the command ended.
+class BusyState {
+ public:
+  explicit BusyState(Form& form) : form_(form) {
+    for (const char* item : {"menMain", "menProbe", "menShow", "menRemove", "menCool", "menHelp"}) {
+      form_.MenuNamed(item).SetEnabled(false);
+    }
+  }
+  ~BusyState() {
+    for (const char* item : {"menMain", "menHelp", "menCool", "menRemove", "menProbe", "menShow"}) {
+      form_.MenuNamed(item).SetEnabled(true);
+    }
+  }
+  BusyState(const BusyState&) = delete;
+  BusyState& operator=(const BusyState&) = delete;
+
+ private:
+  Form& form_;
+};
+
+}  // namespace
 
 void frmGauges::menProbe_Click() {
   MakeReport(false);

@@ -20,7 +20,7 @@ enum class ConsoleCommand {
   CabExtract,
 };
 
-/// What the user asked for. Texts are UTF-8, as typed; empty where left out.
+/// What the user asked for. Texts are UTF-8, as typed; empty if left out.
 struct CommandLine {
   ConsoleCommand command = ConsoleCommand::Where;
   std::string simulator;

@@ -2,7 +2,7 @@
 
 #include <cstdlib>
 
-#include "app/gauges_window.h"
+#include "app/form_descriptions.h"
 #include "platform/terminal.h"
 
 namespace panelkit {

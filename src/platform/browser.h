@@ -8,7 +8,7 @@
 
 namespace panelkit {
 
-/// The pictures that page files show. Each lies beside the page file or, where that is not the
+/// The pictures that page files show. Each lies beside the page file or, if that is not in the
 /// program's own folder, with the program. A page file loads nothing else, neither from the net nor
 /// from the disk.
 inline constexpr std::array<std::string_view, 3> kPagePictures{"confused.gif", "madhack.gif",

@@ -23,7 +23,7 @@ class Toolkit {
   virtual ScreenSize Screen() const = 0;
 };
 
-/// Opens the window toolkit of this system. Null where there is no display. `machine` must outlive
+/// Opens the window toolkit of this system. Null if there is no display. `machine` must outlive
 /// it.
 std::unique_ptr<Toolkit> OpenToolkit(const LocalMachine& machine);
 

@@ -10,9 +10,8 @@
 namespace panelkit {
 
 /// The simulator's folder by the list of applications that DirectPlay keeps in the registry: the
-/// "Path" of the last entry whose name contains "Flight Simulator", case ignored. Empty where there
-/// is no such entry, "Not Found" where its path cannot be read. Reads the registry afresh at each
-/// call.
+/// "Path" of the last entry whose name contains "Flight Simulator", case ignored. Empty if there is
+/// no such entry, "Not Found" if its path cannot be read. Reads the registry afresh at each call.
 std::string FindSimulator(const Registry& registry, const Text& text);
 
 namespace modGauges {

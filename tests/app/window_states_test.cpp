@@ -2,9 +2,8 @@
 
 #include <stdexcept>
 
-#include "app/about_window.h"
-#include "app/gauges_window.h"
-#include "pages/site_addresses.h"
+#include "app/form_descriptions.h"
+#include "pages/page_text.h"
 #include "support/simulator.h"
 
 namespace panelkit::test {

@@ -2,8 +2,8 @@
 
 #include <utility>
 
-#include "app/gauges_window.h"
-#include "pages/site_addresses.h"
+#include "app/form_descriptions.h"
+#include "pages/page_text.h"
 #include "support/machine_here.h"
 
 namespace fs = std::filesystem;

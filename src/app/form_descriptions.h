@@ -1,7 +1,8 @@
-// The main window as data: its controls, with places in twips, and its menu.
+// The program's two windows as data: their controls, with places in twips, and the main window's
+// menu.
 //
-// List1 is not among the controls: it lies below the visible area and only sorts names
-// (app/sorted_list.h).
+// List1 is not among the main window's controls: it lies below the visible area and only sorts
+// names (app/sorted_list.h).
 #pragma once
 
 #include <array>
@@ -48,5 +49,19 @@ inline constexpr FormDescription kGaugesWindow{" Panelkit for FS2002 ONLY",
                                                kGaugesControls,
                                                kGaugesMenu,
                                                "menHelp"};
+
+inline constexpr std::array kAboutControls{
+    ControlDescription{"Picture1", ControlKind::PictureBox, 120, 120, 2295, 4455, 0, "about",
+                       "A panel of gauges at dusk"},
+    ControlDescription{"Label1(0)", ControlKind::Label, 2640, 120, 2655, 255, 1, "Panelkit", ""},
+    ControlDescription{"Label1(1)", ControlKind::Label, 2640, 360, 2655, 255, 2,
+                       "For Microsoft Flight Simulator 2xxx", ""},
+    ControlDescription{"Label1(2)", ControlKind::Label, 2640, 720, 2655, 255, 3,
+                       "By the Panelkit authors", ""},
+    ControlDescription{"Command1", ControlKind::CommandButton, 3360, 4080, 1215, 375, 4, "OK", ""},
+};
+
+inline constexpr FormDescription kAboutWindow{"About Panelkit ",       5430,           4740,
+                                              Border::FixedToolWindow, kAboutControls, {}};
 
 }  // namespace panelkit
