@@ -105,7 +105,7 @@ void Decide(WebKitPolicyDecision* decision, bool allowed) {
 GtkBrowser::GtkBrowser(const LocalMachine& machine)
     : machine_(machine),
       context_(PaneContext()),
-      pages_(context_.get(), machine.Charset()),
+      pages_(context_.get(), machine.Charset(), machine.NativePath(machine.PictureFolder())),
       policy_(pages_),
       view_(KeepObject(NewWebView(context_.get(), machine))),
       find_bar_(view_.get()),

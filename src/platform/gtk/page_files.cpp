@@ -4,7 +4,6 @@
 
 #include <optional>
 #include <utility>
-#include <vector>
 
 #include "platform/browser.h"
 #include "platform/gtk/gtk_pointers.h"
@@ -29,15 +28,6 @@ std::optional<std::string> ReadFile(const std::filesystem::path& file) {
   return std::string(bytes, size);
 }
 
-/// Where pictures lie that are not beside the page file: with the program, or in the data folder
-/// of the prefix that the program is installed in.
-std::vector<std::filesystem::path> ProgramFolders() {
-  const TextPtr program(g_file_read_link("/proc/self/exe", nullptr));
-  if (program == nullptr) return {};
-  const auto folder = std::filesystem::path(program.get()).parent_path();
-  return {folder, folder.parent_path() / "share" / "panelkit"};
-}
-
 void Reply(WebKitURISchemeRequest* request, const std::string& bytes, const std::string& type) {
   const ObjectPtr<GInputStream> stream(g_memory_input_stream_new_from_data(
       g_memdup2(bytes.data(), bytes.size()), static_cast<gssize>(bytes.size()), g_free));
@@ -59,8 +49,8 @@ std::string_view BareAddress(std::string_view address) {
 
 }  // namespace
 
-PageFiles::PageFiles(WebKitWebContext* context, std::string charset)
-    : charset_(std::move(charset)) {
+PageFiles::PageFiles(WebKitWebContext* context, std::string charset, std::filesystem::path pictures)
+    : charset_(std::move(charset)), pictures_(std::move(pictures)) {
   webkit_web_context_register_uri_scheme(
       context, kScheme,
       [](WebKitURISchemeRequest* request, gpointer self) {
@@ -91,15 +81,11 @@ bool PageFiles::Has(std::string_view address) const {
 }
 
 std::optional<std::string> PageFiles::Picture(std::string_view name) const {
-  std::vector<std::filesystem::path> folders = ProgramFolders();
   const auto shown = pages_.find(last_);
   if (shown != pages_.end() && !shown->second.file.empty()) {
-    folders.insert(folders.begin(), shown->second.file.parent_path());
+    if (auto bytes = ReadFile(shown->second.file.parent_path() / name)) return bytes;
   }
-  for (const auto& folder : folders) {
-    if (auto bytes = ReadFile(folder / name)) return bytes;
-  }
-  return std::nullopt;
+  return ReadFile(pictures_ / name);
 }
 
 void PageFiles::Answer(WebKitURISchemeRequest* request) const {

@@ -18,8 +18,8 @@ namespace panelkit {
 class PageFiles {
  public:
   /// Registers the scheme with `context`, which the object must outlive. `charset` is that of the
-  /// page files.
-  PageFiles(WebKitWebContext* context, std::string charset);
+  /// page files; pictures that do not lie beside a page are looked for in `pictures`.
+  PageFiles(WebKitWebContext* context, std::string charset, std::filesystem::path pictures);
   PageFiles(const PageFiles&) = delete;
   PageFiles& operator=(const PageFiles&) = delete;
 
@@ -46,6 +46,7 @@ class PageFiles {
   void Answer(WebKitURISchemeRequest* request) const;
 
   std::string charset_;
+  std::filesystem::path pictures_;
   std::map<std::string, Page, std::less<>> pages_;  ///< By address.
   std::string last_;
 };

@@ -190,6 +190,7 @@ class WindowTest(unittest.TestCase):
         self.panel.write_text(
             f"[Window Titles]\nWindow00=<a href='file://{self.root}/page.html'>local</a>"
             f"<a href='{web}site'>web</a> <a href='{web}aside' target='_new'>aside</a>"
+            "<a href='https://www.panelkit.example' target='_new'>secure</a>"
             f"<meta http-equiv=refresh content='0;url={evil}'><base href={evil}>"
             "<script>document.write('SCRIPT')</script><img src=x onerror=document.write('SCRIPT')>"
             f"<img src={evil}><iframe src={evil}></iframe><link rel=stylesheet href={evil}>"
@@ -209,6 +210,8 @@ class WindowTest(unittest.TestCase):
         wait(lambda: program.named("menu item", "Drucken"), "a menu in the user's language")
         program.click("menu item", "Verweis *ffnen")
         wait(lambda: asked.read_text() == f"{web}aside\n" * 2, "the user's browser, by the menu")
+        program.click("link", "secure")  # No program opens such addresses.
+        wait(lambda: program.named("label", "The link could not be opened*"), "the complaint")
         self.assertEqual(words(program.pane()), words(report))
         program.click("link", "web")
         program.wait_for_page("outside with scripts")
@@ -218,21 +221,23 @@ class WindowTest(unittest.TestCase):
         trap.setblocking(False)
         self.assertRaises(BlockingIOError, trap.accept)
 
-    def test_an_address_that_cannot_be_loaded_gives_a_page_that_leads_back(self):
-        for picture in PICTURES.glob("*.gif"):  # As in an installed program.
-            share = self.root / "share" / "panelkit"
-            share.mkdir(parents=True, exist_ok=True)
+    def test_the_pane_always_shows_a_page_and_finds_the_pictures(self):
+        share = self.root / "share" / "panelkit"  # As in an installed program.
+        share.mkdir(parents=True)
+        for picture in PICTURES.glob("*.gif"):
             (self.root / "app" / picture.name).rename(share / picture.name)
         program = self.start()
         program.press("alt+o", "k")
         program.wait_for_page("This page could not be shown")
-        program.press("Tab", "Return")
+        wait(lambda: program.place("link", "Back to *").width, "the way back")
+        program.click("link", "Back to *")
         program.wait_for_page("We hope you find this program helpful")
+        self.start(XDG_DATA_HOME="/dev/null")  # No place for a page file.
 
     def test_keys_of_the_pane_and_of_the_window(self):
         program = self.start()
         program.press("Tab")
-        wait(lambda: program.has_focus("link", "www*"), "the keyboard in the pane")
+        wait(lambda: program.has_focus("link", "www*"), "the keyboard on the link")
         program.press("ctrl+a", "ctrl+c", "ctrl+f", "ctrl+v")
         find = "text", "Find on this page"
         wait(lambda: "We hope you find" in program.text(*find), "the copied text")
