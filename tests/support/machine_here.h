@@ -13,7 +13,8 @@ namespace panelkit::test {
 std::unique_ptr<LocalMachine> OpenMachineAt(const std::filesystem::path& root,
                                             const std::filesystem::path& app);
 
-/// Machines opened from now on have the user's own folder in `folder`, if the system lets one choose.
+/// Machines opened from now on have the user's own folder in `folder`, if the system lets one
+/// choose.
 void KeepUserFilesIn(const std::filesystem::path& folder);
 
 /// The system's text service for a code page of Windows ("windows-1252" is 1252).
