@@ -135,7 +135,9 @@ std::string WineText::FromAnsi(std::string_view bytes) const {
 
 std::string WineText::ToAnsi(std::string_view text) const {
   std::size_t position = utf8::AsciiLength(text);
-  std::string bytes(text.substr(0, position));
+  std::string bytes;
+  bytes.reserve(text.size() + 2);  // Room for a line end, so that no page is copied to get its own.
+  bytes = text.substr(0, position);
   while (position < text.size()) {
     const std::size_t start = position;
     const char32_t c = utf8::Next(text, position);
