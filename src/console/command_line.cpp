@@ -1,9 +1,11 @@
 #include "console/command_line.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <sstream>
 
 #include "console/console_commands.h"
+#include "search/near_name.h"
 
 namespace panelkit {
 namespace {
@@ -72,6 +74,38 @@ void AddCommands(CLI::App& app, CommandLine& line) {
   AddCabinetCommands(app, line);
 }
 
+// Of the commands that the menu `app` has, the one whose name is nearest to `typed`; empty if none
+// is at most two letters away.
+std::string NearestCommand(const CLI::App& app, const std::string& typed) {
+  std::string nearest;
+  std::size_t limit = 2;
+  for (const CLI::App* command : app.get_subcommands({})) {
+    const auto distance = EditDistance(typed, command->get_name(), limit);
+    if (!distance || (!nearest.empty() && *distance == limit)) continue;
+    nearest = command->get_name();
+    limit = *distance;
+  }
+  return nearest;
+}
+
+// A hint for a command line that was refused, at the first word that is nearly a command's name.
+std::string Suggestion(const CLI::App& app, const std::vector<std::string>& arguments) {
+  const CLI::App* menu = &app;
+  for (std::size_t i = 1; i < arguments.size(); ++i) {
+    const auto commands = menu->get_subcommands({});
+    const auto named = std::find_if(commands.begin(), commands.end(), [&](const CLI::App* command) {
+      return command->get_name() == arguments[i];
+    });
+    if (named != commands.end()) {
+      menu = *named;
+      continue;
+    }
+    const std::string nearest = NearestCommand(*menu, arguments[i]);
+    if (!nearest.empty()) return "Did you mean " + nearest + "?\n";
+  }
+  return {};
+}
+
 }  // namespace
 
 std::variant<CommandLine, CommandLineAnswer> ParseCommandLine(
@@ -92,7 +126,9 @@ std::variant<CommandLine, CommandLineAnswer> ParseCommandLine(
     std::ostringstream output;
     std::ostringstream complaint;
     const int code = app.exit(error, output, complaint);
-    return CommandLineAnswer{output.str(), complaint.str(), code == 0 ? kExitDone : kExitError};
+    if (code == 0) return CommandLineAnswer{output.str(), complaint.str(), kExitDone};
+    return CommandLineAnswer{output.str(), complaint.str() + Suggestion(app, arguments),
+                             kExitError};
   }
   return line;
 }

@@ -122,7 +122,10 @@ WINEPREFIX=$work/none expect 2 probe
 complains 'No simulator is registered'
 expect 2 probe --simulator /etc
 complains 'has no Aircraft folder.'
-expect 2 cab frobnicate
+expect 2 --simulator "$fs" porbe
+complains 'Did you mean probe?'
+expect 2 cab lsit "$cab"
+complains 'Did you mean list?'
 expect 0 clean --help
 grep -q -- '--simulator' "$work/out" || fail 'clean --help does not show the common options'
 expect 0 --version
