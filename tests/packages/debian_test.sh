@@ -19,7 +19,7 @@ as_kim() {
 
 if [ ! -e "$folder/made" ]; then
   say "Making $folder"
-  rm -rf "$folder"
+  rm -rf --one-file-system "$folder"
   # shellcheck disable=SC2016 # APT's own notation.
   mirror=$(apt-get indextargets --format '$(REPO_URI)' 'Created-By: Packages' | grep 'debian/$' | head -n 1)
   debootstrap --variant=minbase bookworm "$folder" "$mirror" >/dev/null
@@ -30,7 +30,7 @@ if [ ! -e "$folder/made" ]; then
   chroot "$folder" useradd --create-home kim
   touch "$folder/made"
 fi
-trap 'umount "$folder/dev" "$folder/proc"' EXIT
+trap 'umount --lazy "$folder/dev" "$folder/proc"' EXIT
 mount --bind /proc "$folder/proc"
 mount --bind /dev "$folder/dev"
 
@@ -55,7 +55,7 @@ rm "$own/GAUGES.HTM"
 as_kim xvfb-run -a dbus-run-session -- timeout 120 bash -c '
   openbox &
   panelkit &
-  xdotool search --sync --onlyvisible --name "^Panelkit" >/dev/null
+  xdotool search --sync --onlyvisible --name "Panelkit for FS2002" >/dev/null
   until grep -qs "SUMMARY REPORT" ~/.local/share/panelkit/GAUGES.HTM; do
     xdotool key alt+p
     sleep 0.2
