@@ -1,9 +1,11 @@
 // Seam 2 as a whole: what the program asks of the machine.
 #pragma once
 
+#include "platform/archive.h"
 #include "platform/cabinet_walk.h"
 #include "platform/date_stamps.h"
 #include "platform/files.h"
+#include "platform/folder_walk.h"
 #include "platform/registry.h"
 #include "platform/text.h"
 
@@ -16,6 +18,8 @@ struct Machine {
   const Text& text;
   CabinetWalk& cabinets;
   const DateStamps& dates;
+  const FolderWalk& folders;
+  const ArchiveReader& archives;
 };
 
 }  // namespace panelkit

@@ -2,9 +2,11 @@
 
 #include <windows.h>
 
+#include "platform/windows/archives.h"
 #include "platform/windows/cabinet_walk.h"
 #include "platform/windows/date_stamps.h"
 #include "platform/windows/files.h"
+#include "platform/windows/folder_walk.h"
 #include "platform/windows/paths.h"
 #include "platform/windows/registry.h"
 #include "platform/windows/text.h"
@@ -17,9 +19,9 @@ namespace {
 class ThisWindows : public LocalMachine {
  public:
   explicit ThisWindows(std::string app_folder)
-      : text_(GetACP()), registry_(text_), files_(std::move(app_folder), text_), cabinets_(text_) {}
+      : text_(GetACP()), registry_(text_), files_(std::move(app_folder), text_), cabinets_(text_), archives_(text_) {}
 
-  Machine Services() override { return {registry_, files_, text_, cabinets_, dates_}; }
+  Machine Services() override { return {registry_, files_, text_, cabinets_, dates_, folders_, archives_}; }
   std::string Origin() const override { return "the registry of this Windows"; }
 
   std::string WindowsPath(std::string_view typed) const override {
@@ -61,6 +63,8 @@ class ThisWindows : public LocalMachine {
   WindowsFiles files_;
   WindowsCabinetWalk cabinets_;
   WindowsDateStamps dates_;
+  WindowsFolderWalk folders_;
+  WindowsArchives archives_;
 };
 
 }  // namespace

@@ -34,10 +34,12 @@ WineMachine::WineMachine(WinePrefix prefix, OwnFolders folders)
       resolver_(prefix_.folder),
       registry_(hive_, text_),
       files_(resolver_, folders_),
-      cabinets_(resolver_, text_) {}
+      cabinets_(resolver_, text_),
+      walk_(resolver_),
+      archives_(resolver_, text_) {}
 
 Machine WineMachine::Services() {
-  return {registry_, files_, text_, cabinets_, calendar_};
+  return {registry_, files_, text_, cabinets_, calendar_, walk_, archives_};
 }
 
 std::string WineMachine::Origin() const {

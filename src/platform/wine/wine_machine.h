@@ -5,9 +5,11 @@
 #include <string_view>
 
 #include "platform/local_machine.h"
+#include "platform/wine/archives.h"
 #include "platform/wine/cabinet/cabinet_walk.h"
 #include "platform/wine/date_stamps.h"
 #include "platform/wine/files.h"
+#include "platform/wine/folder_walk.h"
 #include "platform/wine/hive_file.h"
 #include "platform/wine/own_folders.h"
 #include "platform/wine/path_resolver.h"
@@ -41,6 +43,8 @@ class WineMachine final : public LocalMachine {
   WineFiles files_;
   WineCabinetWalk cabinets_;
   WineDateStamps calendar_;
+  WineFolderWalk walk_;
+  WineArchives archives_;
 };
 
 }  // namespace panelkit

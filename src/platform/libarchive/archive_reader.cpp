@@ -1,0 +1,200 @@
+#include "platform/libarchive/archive_reader.h"
+
+#include <algorithm>
+#include <array>
+#include <fstream>
+#include <system_error>
+#include <vector>
+
+#include "platform/files.h"
+#include "platform/libarchive/library.h"
+
+namespace panelkit {
+namespace {
+
+using libarchive::Library;
+
+struct FreeReader {
+  void operator()(archive* reader) const { libarchive::LoadedLibrary()->archive_read_free(reader); }
+};
+using Reader = std::unique_ptr<archive, FreeReader>;
+
+Reader NewReader(const Library& library) {
+  Reader reader(library.archive_read_new());
+  libarchive::SupportFormats(reader.get());
+  return reader;
+}
+
+/// An archive file as libarchive's callbacks read it.
+struct ArchiveFile {
+  explicit ArchiveFile(const std::filesystem::path& path) : stream(path, std::ios::binary) {
+    stream.seekg(0, std::ios::end);
+    size = stream.tellg();
+    stream.seekg(0);
+  }
+
+  bool IsOpen() const { return stream.is_open() && size >= 0; }
+
+  /// Gives the new position, or libarchive's code of failure.
+  la_int64_t Seek(la_int64_t offset, std::ios::seekdir from) {
+    stream.clear();
+    stream.seekg(offset, from);
+    return stream ? static_cast<la_int64_t>(stream.tellg()) : ARCHIVE_FATAL;
+  }
+
+  std::ifstream stream;
+  la_int64_t size = 0;
+  std::array<char, 65536> buffer{};
+};
+
+la_ssize_t ReadFile(archive*, void* file_address, const void** bytes) {
+  auto& file = *static_cast<ArchiveFile*>(file_address);
+  file.stream.read(file.buffer.data(), static_cast<std::streamsize>(file.buffer.size()));
+  *bytes = file.buffer.data();
+  return file.stream.bad() ? ARCHIVE_FATAL : static_cast<la_ssize_t>(file.stream.gcount());
+}
+
+la_int64_t SkipInFile(archive*, void* file_address, la_int64_t request) {
+  auto& file = *static_cast<ArchiveFile*>(file_address);
+  const la_int64_t before = file.Seek(0, std::ios::cur);
+  // Past the end nothing could be read, which only reading may tell.
+  const la_int64_t skipped = std::min(request, file.size - before);
+  return skipped > 0 && file.Seek(skipped, std::ios::cur) >= 0 ? skipped : 0;
+}
+
+la_int64_t SeekInFile(archive*, void* file_address, la_int64_t offset, int whence) {
+  auto& file = *static_cast<ArchiveFile*>(file_address);
+  return file.Seek(offset, whence == SEEK_SET   ? std::ios::beg
+                           : whence == SEEK_CUR ? std::ios::cur
+                                                : std::ios::end);
+}
+
+bool Open(const Library& library, archive* reader, ArchiveFile& file) {
+  library.archive_read_set_read_callback(reader, ReadFile);
+  library.archive_read_set_skip_callback(reader, SkipInFile);
+  library.archive_read_set_seek_callback(reader, SeekInFile);
+  library.archive_read_set_callback_data(reader, &file);
+  return library.archive_read_open1(reader) == ARCHIVE_OK;
+}
+
+/// Walks one opened archive within the limits of archive.h.
+class EntryWalk {
+ public:
+  /// `size` is the archive's own.
+  EntryWalk(const Library& library, archive* reader, std::uint64_t size, const Text& text)
+      : library_(library),
+        reader_(reader),
+        limit_(std::max(kHarmlessSize, size * kLargestExpansion)),
+        text_(text) {}
+
+  ArchiveFault Run(const OnArchiveEntry& visit);
+
+ private:
+  ArchiveEntry Describe(archive_entry* entry) const;
+  std::string NameOf(archive_entry* entry) const;
+  bool PassingCosts(const ArchiveEntry& entry);
+  ArchiveContent Content(const ArchiveEntry& entry);
+
+  const Library& library_;
+  archive* reader_;
+  std::uint64_t limit_;
+  const Text& text_;
+  std::uint64_t unpacked_ = 0;
+};
+
+ArchiveFault EntryWalk::Run(const OnArchiveEntry& visit) {
+  for (std::size_t count = 0;; ++count) {
+    archive_entry* raw = nullptr;
+    const int status = library_.archive_read_next_header(reader_, &raw);
+    if (status == ARCHIVE_EOF) return ArchiveFault::None;
+    if (status != ARCHIVE_OK && status != ARCHIVE_WARN) {
+      const bool is_encrypted = library_.archive_read_has_encrypted_entries(reader_) > 0;
+      return is_encrypted ? ArchiveFault::Encrypted : ArchiveFault::Damaged;
+    }
+    if (count == kMostArchiveEntries) return ArchiveFault::TooLarge;
+    const ArchiveEntry entry = Describe(raw);
+    bool was_read = false;
+    const auto read = [&] {
+      was_read = true;
+      return Content(entry);
+    };
+    if (!visit(entry, read)) return ArchiveFault::None;
+    if (!was_read && PassingCosts(entry)) unpacked_ += entry.size;
+    if (unpacked_ > limit_) return ArchiveFault::TooLarge;
+  }
+}
+
+/// Whether the next header lies behind the entry's unpacked content: everywhere but in a zip file,
+/// which has a directory.
+bool EntryWalk::PassingCosts(const ArchiveEntry& entry) {
+  const int format = library_.archive_format(reader_) & ARCHIVE_FORMAT_BASE_MASK;
+  return entry.is_plain_file && format != ARCHIVE_FORMAT_ZIP;
+}
+
+ArchiveEntry EntryWalk::Describe(archive_entry* entry) const {
+  ArchiveEntry described;
+  described.name = NameOf(entry);
+  described.size =
+      static_cast<std::uint64_t>(std::max<la_int64_t>(0, library_.archive_entry_size(entry)));
+  described.modified = library_.archive_entry_mtime(entry);
+  described.is_plain_file = library_.archive_entry_filetype(entry) == AE_IFREG &&
+                            library_.archive_entry_hardlink(entry) == nullptr &&
+                            library_.archive_entry_symlink(entry) == nullptr;
+  described.is_encrypted = library_.archive_entry_is_encrypted(entry) != 0;
+  return described;
+}
+
+std::string EntryWalk::NameOf(archive_entry* entry) const {
+  std::string name;
+  if (const char* unicode = library_.archive_entry_pathname_utf8(entry)) {
+    name = unicode;
+  } else if (const char* stored = library_.archive_entry_pathname(entry)) {
+    name = text_.FromAnsi(stored);
+  }
+  std::replace(name.begin(), name.end(), '/', '\\');
+  return name;
+}
+
+ArchiveContent EntryWalk::Content(const ArchiveEntry& entry) {
+  if (entry.is_encrypted) return {std::nullopt, ArchiveFault::Encrypted};
+  if (entry.size > kLargestFile) return {std::nullopt, ArchiveFault::TooLarge};
+  std::string content;
+  std::vector<char> buffer(65536);
+  for (;;) {
+    const la_ssize_t count = library_.archive_read_data(reader_, buffer.data(), buffer.size());
+    if (count == 0) return {std::move(content)};
+    if (count < 0) return {std::nullopt, ArchiveFault::Damaged};
+    unpacked_ += static_cast<std::uint64_t>(count);
+    content.append(buffer.data(), static_cast<std::size_t>(count));
+    if (unpacked_ > limit_ || content.size() > kLargestFile) {
+      return {std::nullopt, ArchiveFault::TooLarge};
+    }
+  }
+}
+
+}  // namespace
+
+ArchiveFault LibarchiveReader::Read(std::string_view path, const OnArchiveEntry& visit) const {
+  const Library* const library = libarchive::LoadedLibrary();
+  if (!library) return ArchiveFault::NoReader;
+  const auto utf8 = libarchive::ConvertNamesToUtf8();
+  ArchiveFile file(native_path_(path));
+  if (!file.IsOpen()) return ArchiveFault::Unreadable;
+  const Reader reader = NewReader(*library);
+  if (!Open(*library, reader.get(), file)) return ArchiveFault::Damaged;
+  return EntryWalk(*library, reader.get(), static_cast<std::uint64_t>(file.size), text_).Run(visit);
+}
+
+ArchiveFault LibarchiveReader::ReadBytes(std::string_view bytes,
+                                         const OnArchiveEntry& visit) const {
+  const Library* const library = libarchive::LoadedLibrary();
+  if (!library) return ArchiveFault::NoReader;
+  const auto utf8 = libarchive::ConvertNamesToUtf8();
+  const Reader reader = NewReader(*library);
+  if (library->archive_read_open_memory(reader.get(), bytes.data(), bytes.size()) != ARCHIVE_OK) {
+    return ArchiveFault::Damaged;
+  }
+  return EntryWalk(*library, reader.get(), bytes.size(), text_).Run(visit);
+}
+
+}  // namespace panelkit

@@ -1,0 +1,30 @@
+// The reader of archives by libarchive, the same on every system.
+#pragma once
+
+#include <filesystem>
+#include <functional>
+
+#include "platform/archive.h"
+#include "platform/text.h"
+
+namespace panelkit {
+
+/// Reads zip, 7z, rar, tar (compressed too) and cabinet files. Names that are not in Unicode are
+/// decoded as the ANSI code page. What it leaves to a system is UnpackedFile.
+class LibarchiveReader : public ArchiveReader {
+ public:
+  /// The native path of a Windows path; empty if it names nothing.
+  using NativePath = std::function<std::filesystem::path(std::string_view windows_path)>;
+
+  LibarchiveReader(const Text& text, NativePath native_path)
+      : text_(text), native_path_(std::move(native_path)) {}
+
+  ArchiveFault Read(std::string_view path, const OnArchiveEntry& visit) const override;
+  ArchiveFault ReadBytes(std::string_view bytes, const OnArchiveEntry& visit) const override;
+
+ private:
+  const Text& text_;
+  NativePath native_path_;
+};
+
+}  // namespace panelkit
