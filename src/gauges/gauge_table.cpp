@@ -1,5 +1,6 @@
 #include "gauges/gauge_table.h"
 
+#include <algorithm>
 #include <string>
 
 namespace panelkit {
@@ -33,6 +34,23 @@ bool GaugeTable::Exists(const Text& text, std::string_view entry) const {
                       parts_of_keys->Contains(lowered);
   answers.emplace(store.Keep(entry), exists);
   return exists;
+}
+
+std::vector<int> GaugeTable::RowsThatSatisfy(const Text& text, std::string_view entry) const {
+  std::vector<int> rows;
+  if (!Exists(text, entry)) return rows;
+  const auto& [store, all_rows, lowered_keys, whole_keys, parts_of_keys, answers] = *contents_;
+  const std::string lowered = text.Lower(entry);
+  for (const std::size_t row : parts_of_keys->Containing(lowered)) {
+    rows.push_back(static_cast<int>(row));
+  }
+  if (NamesFile(lowered) && whole_keys.contains(FilePart(lowered))) {
+    for (std::size_t row = 0; row < lowered_keys.size(); ++row) {
+      if (lowered_keys[row] == FilePart(lowered)) rows.push_back(static_cast<int>(row));
+    }
+    std::sort(rows.begin(), rows.end());
+  }
+  return rows;
 }
 
 }  // namespace panelkit

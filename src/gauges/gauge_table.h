@@ -15,6 +15,9 @@
 
 namespace panelkit {
 
+/// Column 0 of the rows of gauge files.
+inline constexpr const char* kGaugeFileOrigin = "Gauge File";
+
 /// One installed gauge: the table's columns 0 and 1.
 struct GaugeRow {
   std::string_view origin;  ///< "Gauge File", or the cabinet's name without its extension.
@@ -44,6 +47,9 @@ class GaugeTable {
   /// Whether a panel entry is installed: its file part, if it has the form "file!gauge", equals a
   /// whole key, or the whole entry occurs anywhere in a key; case ignored.
   bool Exists(const Text& text, std::string_view entry) const;
+
+  /// The rows by which Exists is true of a panel entry, in ascending order.
+  std::vector<int> RowsThatSatisfy(const Text& text, std::string_view entry) const;
 
  private:
   struct Contents {

@@ -71,6 +71,20 @@ bool TrigramIndex::ContainsBefore(std::size_t count, std::string_view part) cons
   return false;
 }
 
+std::vector<std::size_t> TrigramIndex::Containing(std::string_view part) const {
+  std::vector<std::size_t> found;
+  const auto look_at = [&](std::size_t number) {
+    if (texts_[number].find(part) != std::string_view::npos) found.push_back(number);
+  };
+  if (part.size() < kTrigram) {
+    for (std::size_t number = 0; number < texts_.size(); ++number) look_at(number);
+  } else {
+    const std::size_t list = ShortestList(part);
+    for (std::uint32_t i = starts_[list]; i < starts_[list + 1]; ++i) look_at(postings_[i]);
+  }
+  return found;
+}
+
 std::size_t TrigramIndex::ShortestList(std::string_view part) const {
   const auto length = [this](std::size_t list) { return starts_[list + 1] - starts_[list]; };
   std::size_t shortest = ListAt(part, 0);

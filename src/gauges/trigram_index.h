@@ -22,6 +22,9 @@ class TrigramIndex {
   /// Whether `part` occurs in one of the first `count` texts.
   bool ContainsBefore(std::size_t count, std::string_view part) const;
 
+  /// The numbers of the texts in which `part` occurs, in ascending order.
+  std::vector<std::size_t> Containing(std::string_view part) const;
+
  private:
   std::size_t ShortestList(std::string_view part) const;
 
