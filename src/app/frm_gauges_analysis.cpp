@@ -48,7 +48,7 @@ void frmGauges::CreateGaugeArray(const std::string& FSPath) {
   const auto names = machine_.files.List(FSPath + R"(\Gauges\*.gau)", ListedEntries::PlainFiles);
   for (std::size_t i = 0; names && i < names->size() && !table.Overflowed(); ++i) {
     loop_.ProcessPending();
-    table.Add(machine_.text, "Gauge File", LessExtension((*names)[i].name));
+    table.Add(machine_.text, kGaugeFileOrigin, LessExtension((*names)[i].name));
   }
   AddCabinetRows(FSPath);
 }

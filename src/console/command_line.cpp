@@ -52,12 +52,26 @@ void AddCabinetCommands(CLI::App& app, CommandLine& line) {
   extract->add_option("--output-file", line.output_file, "Name to give to what is extracted");
 }
 
+void AddFindCommand(CLI::App& app, CommandLine& line) {
+  CLI::App* find =
+      AddCommand(app, "find", "Look for missing gauges in folders and in the archives there", line,
+                 ConsoleCommand::Find);
+  find->add_option("FOLDER", line.folders, "Where to look: downloads, backups, other simulators")
+      ->required();
+  auto* install =
+      find->add_flag("--install", line.install, "Copy the best of what is found to Gauges");
+  find->add_flag("--dry-run", line.dry_run, "Say what would be copied, and copy nothing")
+      ->needs(install);
+}
+
 void AddCommands(CLI::App& app, CommandLine& line) {
   AddCommand(app, "where", "Tell which simulator would be used, and how it was found", line,
              ConsoleCommand::Where);
   AddCommand(app, "probe",
              "Probe For Missing Gauges: report gauges that panels name and are not there", line,
-             ConsoleCommand::Probe);
+             ConsoleCommand::Probe)
+      ->add_flag("--hints", line.hints,
+                 "Say for each missing file what this machine has that comes close");
   AddCommand(app, "show", "Show All Gauges: report every gauge of every panel", line,
              ConsoleCommand::Show);
   CLI::App* clean =
@@ -67,6 +81,7 @@ void AddCommands(CLI::App& app, CommandLine& line) {
   clean->add_flag("--careful", line.careful, "Move nothing if a panel could not be read");
   AddCommand(app, "restore", "Bring gauges back from SpareGauges", line, ConsoleCommand::Restore)
       ->add_option("NAME", line.gauges, "Only these gauges; * and ? may stand in a name");
+  AddFindCommand(app, line);
   AddCommand(app, "brake", "Say whether the red brake messages are shown, or switch them", line,
              ConsoleCommand::Brake)
       ->add_option("STATE", line.brake, "on: show the messages; off: hide them")

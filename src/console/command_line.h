@@ -14,6 +14,7 @@ enum class ConsoleCommand {
   Clean,
   Restore,
   Brake,
+  Find,
   CabCount,
   CabList,
   CabXml,
@@ -25,11 +26,14 @@ struct CommandLine {
   ConsoleCommand command = ConsoleCommand::Where;
   std::string simulator;
   bool html = false;
-  bool dry_run = false;             ///< Clean.
-  bool careful = false;             ///< Clean.
-  std::vector<std::string> gauges;  ///< Restore.
-  std::string brake;                ///< Brake: "on", "off" or empty.
-  std::string cabinet;              ///< The cab commands.
+  bool dry_run = false;              ///< Clean and Find.
+  bool careful = false;              ///< Clean.
+  bool hints = false;                ///< Probe.
+  bool install = false;              ///< Find.
+  std::vector<std::string> folders;  ///< Find.
+  std::vector<std::string> gauges;   ///< Restore.
+  std::string brake;                 ///< Brake: "on", "off" or empty.
+  std::string cabinet;               ///< The cab commands.
   std::string entry;
   std::string output_path;
   std::string output_file;

@@ -28,6 +28,8 @@ int RunConsoleCommand(LocalMachine& machine, const CommandLine& line) {
       return ReportCommand(machine, line);
     case ConsoleCommand::Clean:
       return CleanCommand(machine, line);
+    case ConsoleCommand::Find:
+      return FindCommand(machine, line);
     case ConsoleCommand::Restore:
       return RestoreCommand(machine, line);
     case ConsoleCommand::Brake:

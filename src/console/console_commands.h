@@ -52,6 +52,7 @@ void PrintNames(const std::string& heading, const std::vector<std::string>& name
 // The groups of commands, one file each.
 int ReportCommand(LocalMachine& machine, const CommandLine& line);
 int CleanCommand(LocalMachine& machine, const CommandLine& line);
+int FindCommand(LocalMachine& machine, const CommandLine& line);
 int RestoreCommand(LocalMachine& machine, const CommandLine& line);
 int BrakeCommand(LocalMachine& machine, const CommandLine& line);
 int CabinetCommand(LocalMachine& machine, const CommandLine& line);

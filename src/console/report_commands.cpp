@@ -4,13 +4,31 @@
 #include "console/console_program.h"
 #include "pages/report_text.h"
 #include "platform/terminal.h"
+#include "search/hints.h"
 
 namespace panelkit {
 namespace {
 
-bool PrintReport(const frmGauges& form, const Text& text, bool html) {
-  if (html) return terminal::WriteOutBytes(text.ToAnsi(form.ReportHtml) + "\r\n");
-  return form.Report() == nullptr || terminal::WriteOut(ReportText(*form.Report(), text));
+std::string TextWithHints(const GaugeReport& report, const Machine& services,
+                          const std::string& simulator) {
+  const auto required = RequiredFilesOf(report);
+  const HintFinder finder(services, simulator, FoldersOf(simulator, services.files.AppFolder()));
+  return ReportText(report, services.text, [&](std::size_t position) {
+    std::string lines;
+    for (const Hint& hint : finder.HintsFor(required[position])) {
+      lines += "        " + finder.LineOf(hint) + "\n";
+    }
+    return lines;
+  });
+}
+
+bool PrintReport(const frmGauges& form, const Machine& services, const std::string& simulator,
+                 const CommandLine& line) {
+  if (line.html) return terminal::WriteOutBytes(services.text.ToAnsi(form.ReportHtml) + "\r\n");
+  const GaugeReport* report = form.Report();
+  if (report == nullptr) return true;
+  return terminal::WriteOut(line.hints ? TextWithHints(*report, services, simulator)
+                                       : ReportText(*report, services.text));
 }
 
 }  // namespace
@@ -24,7 +42,7 @@ int ReportCommand(LocalMachine& machine, const CommandLine& line) {
   ConsoleProgram program(services, simulator);
   program.Click(line.command == ConsoleCommand::Show ? "menShow" : "menProbe");
   const frmGauges& form = program.Form();
-  if (!PrintReport(form, services.text, line.html)) {
+  if (!PrintReport(form, services, simulator, line)) {
     return Complain("The report could not be written to standard output.");
   }
   Notes notes;

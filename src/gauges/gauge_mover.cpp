@@ -19,17 +19,11 @@ void RemoveHalfMoved(Files& files, const GaugeFolders& folders) {
   files.Delete(folders.spare + kHalfMoved);
 }
 
-// Copies under a temporary name, renames the copy, and only then deletes the source: at any moment
-// the file is whole in at least one place.
+// Deletes the source only when its copy has its name: at any moment the file is whole in at least
+// one place.
 bool MoveFile(Files& files, const std::string& source, const std::string& folder,
               const std::string& name) {
-  const std::string half_moved = folder + kHalfMoved;
-  if (!files.Copy(source, half_moved)) return false;
-  if (!files.Rename(half_moved, folder + "\\" + name)) {
-    files.Delete(half_moved);
-    return false;
-  }
-  return files.Delete(source);
+  return CopyGauge(files, source, folder, name) && files.Delete(source);
 }
 
 bool HasGaugeEnding(std::string_view name) {
@@ -76,6 +70,15 @@ void Restore(Files& files, const GaugeFolders& folders, const std::string& name,
 
 GaugeFolders FoldersOf(const std::string& FSPath, const std::string& AppFolder) {
   return {FSPath + "\\Gauges", AppFolder + "\\SpareGauges"};
+}
+
+bool CopyGauge(Files& files, const std::string& source, const std::string& folder,
+               const std::string& name) {
+  const std::string half_moved = folder + kHalfMoved;
+  files.Delete(half_moved);
+  if (files.Copy(source, half_moved) && files.Rename(half_moved, folder + "\\" + name)) return true;
+  files.Delete(half_moved);
+  return false;
 }
 
 std::string SpareFileName(const Files& files, const std::string& gauges, const std::string& entry) {

@@ -39,6 +39,12 @@ std::string SpareFileName(const Files& files, const std::string& gauges, const s
 MoveOutcome ArchiveGauges(Files& files, const GaugeFolders& folders,
                           const std::vector<std::string>& SpareFiles, const StopRequest& stop);
 
+/// Copies a gauge file or cabinet into `folder` under `name`, its time stamp kept. A kill at any
+/// moment leaves the whole copy there or none under that name. Removes what a killed run left half
+/// copied. False, with no copy there, on failure.
+bool CopyGauge(Files& files, const std::string& source, const std::string& folder,
+               const std::string& name);
+
 /// The outcome of RestoreGauges, by file name.
 struct RestoreOutcome {
   std::vector<std::string> restored;

@@ -32,9 +32,13 @@ std::string Panels(const GaugeReport& report, const Text& text) {
 
 }  // namespace
 
-std::string ReportText(const GaugeReport& report, const Text& text) {
+std::string ReportText(const GaugeReport& report, const Text& text,
+                       const std::function<std::string(std::size_t position)>& below) {
   std::string lines = report.kind == ReportKind::Clean ? Removal(report) : Panels(report, text);
-  for (const std::string& name : report.names) lines.append("    ").append(name).append("\n");
+  for (std::size_t i = 0; i < report.names.size(); ++i) {
+    lines.append("    ").append(report.names[i]).append("\n");
+    if (below) lines += below(i);
+  }
   return lines;
 }
 

@@ -1,0 +1,75 @@
+// Looks through folders, cabinets and archives for gauge files and cabinets.
+#pragma once
+
+#include <functional>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "platform/machine.h"
+#include "search/candidate_pool.h"
+
+namespace panelkit {
+
+/// What a search has looked at so far.
+struct SearchProgress {
+  std::size_t files = 0;
+  std::size_t archives = 0;
+};
+
+/// Something that a search could not look into, in words for the user.
+struct PassedOver {
+  std::string path;                 ///< The file on disk.
+  std::vector<std::string> inside;  ///< The entry, as in Candidate; empty for the file itself.
+  std::string reason;               ///< "its name leads out of the archive".
+  std::size_t others = 0;  ///< How many more entries of that file were passed over for this reason.
+};
+
+/// Which files a search opens.
+enum class SearchDepth {
+  Folders,   ///< Loose gauge files and cabinets alone.
+  Archives,  ///< What lies in archives too, and in archives in these.
+};
+
+/// Collects candidates from any number of folders, none twice from the same path.
+class CandidateSearch {
+ public:
+  /// Asked at each folder and at each entry of an archive; false ends the search.
+  using OnProgress = std::function<bool(const SearchProgress& progress)>;
+
+  CandidateSearch(const Machine& machine, CandidatePool& pool, SearchDepth depth,
+                  OnProgress on_progress)
+      : machine_(machine), pool_(pool), depth_(depth), on_progress_(std::move(on_progress)) {}
+
+  /// Searches a folder (a Windows path) and all below it. False if it is not there.
+  bool LookThrough(const std::string& folder);
+
+  /// Whether OnProgress ended the search.
+  bool Ended() const { return ended_; }
+
+  /// What was passed over, in the order in which it was met.
+  const std::vector<PassedOver>& WhatWasPassedOver() const { return passed_over_; }
+
+ private:
+  class Visitor;
+  struct Place;
+
+  void LookAt(const FoundFile& file);
+  void LookIntoCabinet(const Place& cabinet, const std::string& path);
+  void LookIntoArchive(const Place& archive);
+  bool LookAtEntry(const Place& archive, const ArchiveEntry& entry, const ReadArchiveEntry& read);
+  void OpenEntry(const Place& place, const ReadArchiveEntry& read);
+  void PassOver(const Place& place, std::string reason);
+  bool GoesOn();
+
+  const Machine& machine_;
+  CandidatePool& pool_;
+  SearchDepth depth_;
+  OnProgress on_progress_;
+  SearchProgress progress_;
+  std::set<std::string> seen_;
+  std::vector<PassedOver> passed_over_;
+  bool ended_ = false;
+};
+
+}  // namespace panelkit

@@ -1,0 +1,111 @@
+#!/usr/bin/env bash
+# Hints and find over a copy of the demonstration simulator, and over archives that nobody should trust.
+# usage: find_test.sh CONSOLE SOURCE_DIR
+set -u
+. "$2/tests/support/console.sh"
+downloads=$WINEPREFIX/drive_c/Downloads
+hostile=$work/hostile
+
+# prints FILE: what was printed is the golden file, from its line "There are" on.
+prints() {
+  sed -e '0,/^There are/d' -e "s|$downloads|{DOWNLOADS}|g" -e 's|bytes, [^,)]*|bytes|' "$work/out" |
+    diff -a "$source/tests/golden/$1" - || fail "not $1"
+}
+
+expect 1 probe --hints
+prints demo-hints.txt
+grep -vE '^ {8}' "$work/out" >"$work/names"
+expect 1 probe
+grep -vE '^ {8}' "$work/out" | diff - "$work/names" || fail 'hints changed the report'
+
+# Search, dry run, installation, and what is missing then.
+expect 1 find "$downloads"
+cp "$work/out" "$work/found"
+(echo There are; cat "$work/found") >"$work/out"
+prints demo-find.txt
+sums "$gauges" >"$work/before"
+expect 1 find "C:\\Downloads" --install --dry-run
+sums "$gauges" | diff - "$work/before" || fail 'a dry run installed something'
+sed '1,/^Would install/d' "$work/out" >"$work/plan"
+expect 1 find "$downloads" --install
+complains 'J900_FMC.gau was not installed: it cannot be read whole'
+sed '1,/^Installed/d; /^There are/,$d' "$work/out" | diff - "$work/plan" || fail 'installed otherwise'
+comm -23 "$work/before" <(sums "$gauges") | grep . && fail 'something in Gauges was changed'
+[ "$(stat -c %Y "$gauges/Corvane_TCAS.cab")" = "$(date -d '2002-11-05 18:30' +%s)" ] || fail 'date'
+[ ! -e "$gauges/panelkit.moving" ] || fail 'half an installation'
+sed -n '/^There are/,$p' "$work/out" | tail -n +2 | tr -d ' ' | paste -sd' ' |
+  grep -qx 'Jarrowby_Overhead Lochan_Hull NorthStar_Radios Regent_EFIS Wood_Bezels' ||
+  fail "after the installation: $(cat "$work/out")"
+
+# Hostile archives: each would bring Étoile_Dépression or something else, none may.
+fresh
+mkdir "$hostile"
+python3 - "$hostile" <<'PYTHON'
+import io, pathlib, sys, tarfile, zipfile
+folder = pathlib.Path(sys.argv[1])
+name = 'Étoile_Dépression.gau'
+
+with zipfile.ZipFile(folder / 'names.zip', 'w') as names:
+    for hostile in ('../x/', '/x/', 'C:/x/', 'x:', 'a/./', '//server/share/', 'a//', 'nul/', '..\\'):
+        names.writestr(hostile + name, 'x')
+with tarfile.open(folder / 'kinds.tar.gz', 'w:gz') as kinds:
+    for kind in (tarfile.SYMTYPE, tarfile.LNKTYPE, tarfile.CHRTYPE, tarfile.BLKTYPE, tarfile.FIFOTYPE,
+                 tarfile.DIRTYPE):
+        entry = tarfile.TarInfo(name)
+        entry.type, entry.linkname = kind, '/etc/passwd'
+        kinds.addfile(entry)
+
+def zipped(name, data):
+    buffer = io.BytesIO()
+    with zipfile.ZipFile(buffer, 'w', zipfile.ZIP_DEFLATED) as archive:
+        archive.writestr(name, data)
+    return buffer.getvalue()
+
+zeros = bytes(100 << 20)
+(folder / 'bomb.zip').write_bytes(zipped('Étoile_Dépression.cab', zeros))
+(folder / 'solid.tar.bz2').write_bytes(b'')
+with tarfile.open(folder / 'solid.tar.bz2', 'w:bz2') as solid:
+    for entry_name, data in (('skipped.bin', zeros), (name, b'x')):
+        entry = tarfile.TarInfo(entry_name)
+        entry.size = len(data)
+        solid.addfile(entry, io.BytesIO(data))
+huge = bytearray(zipped(name, b'x'))   # Says that it unpacks to 3.75 GiB.
+central = huge.rindex(b'PK\1\2')
+huge[central + 24:central + 28] = huge[22:26] = b'\0\0\0\xf0'
+(folder / 'huge.zip').write_bytes(huge)
+locked = bytearray(zipped(name, b'x'))  # Says that it is encrypted.
+central = locked.rindex(b'PK\1\2')
+locked[6] |= 1
+locked[central + 8] |= 1
+(folder / 'locked.zip').write_bytes(locked)
+(folder / 'deep.zip').write_bytes(zipped('1.zip', zipped('2.zip', zipped(name, 'x'))))
+(folder / 'text.zip').write_bytes(b'no archive at all')
+(folder / 'empty.7z').write_bytes(b'')
+PYTHON
+mkfifo "$hostile/pipe.zip"
+ln -s "$hostile" "$hostile/ring"
+sums "$gauges" >"$work/before"
+find "$work" -newer "$hostile/empty.7z" -type f >"$work/files"
+expect 1 find "$hostile" --install
+grep -qx 'Not found:' "$work/out" && grep -q '^Nothing was installed' "$work/out" || fail "hostile: $(cat "$work/out")"
+sums "$gauges" | diff - "$work/before" || fail 'a hostile archive changed Gauges'
+for words in 'names.zip > ..\x\Étoile_Dépression.gau: its name leads out' '(and 8 more)' \
+  'kinds.tar.gz > Étoile_Dépression.gau: it is a link or no file (and 4 more)' \
+  'bomb.zip > Étoile_Dépression.cab: it would unpack to far more' \
+  'solid.tar.bz2: it would unpack to far more' 'huge.zip > Étoile_Dépression.gau: it would unpack' \
+  'locked.zip > Étoile_Dépression.gau: it is encrypted' 'deep.zip > 1.zip > 2.zip: it lies too deep' \
+  'text.zip: it is damaged' 'empty.7z: it is damaged'; do
+  grep -qF "$words" "$work/out" || fail "no word of '$words' but: $(cat "$work/out")"
+done
+
+# What cannot be done is an error, and what is there stays.
+expect 2 find "$work/nowhere"
+complains 'There is no folder'
+expect 2 find
+cp "$downloads/old drive/Kittering_Tach.gau" "$hostile"
+as_user=("${ordinary[@]}")
+chmod 777 "$app"
+rm "$app/GAUGES.HTM"
+expect 2 find "$hostile" --install
+complains 'Kittering_Tach.gau was not installed: it could not be copied'
+[ $failures = 0 ]
