@@ -26,8 +26,9 @@ void AppendPanel(const ReportedPanel& panel, const Text& text, std::string& line
 std::string Panels(const GaugeReport& report, const Text& text) {
   std::string lines = std::string(ReportTitle(report.kind)) + "\n";
   for (const ReportedPanel& panel : report.panels) AppendPanel(panel, text, lines);
-  return lines.append("\n").append(SummaryTitle(report.kind)) + "\nThere are " +
-         std::to_string(report.names.size()) + " Required Files:\n";
+  lines.append("\n").append(SummaryTitle(report.kind)).append("\nThere are ");
+  lines.append(std::to_string(report.names.size())).append(" Required Files:\n");
+  return lines;
 }
 
 }  // namespace
