@@ -16,21 +16,23 @@ void RunDry(ConsoleProgram& program, const Files& files, CleanResult& result) {
   }
 }
 
-void PrintResult(const CleanResult& result, const CommandLine& line) {
+// What standard output is to have.
+std::string PrintedText(const CleanResult& result, const CommandLine& line) {
   const std::string archive = BothNames(result.spare);
   if (line.dry_run) {
-    if (!result.notes.failed)
-      PrintNames("Would move to " + archive + ":", result.files.moved, true);
-  } else if (!result.files.left.empty()) {
-    PrintNames("Moved to " + archive + ":", result.files.moved);
-  } else if (line.html) {
-    terminal::WriteOutBytes(result.report);
-  } else if (!result.report.empty()) {
-    terminal::WriteOut(result.report);
-    if (result.spare.native != result.spare.windows) {
-      terminal::WriteOut("The archive on disk: " + result.spare.native + "\n");
-    }
+    return result.notes.failed ? std::string()
+                               : NameLines("Would move to " + archive + ":", result.files.moved);
   }
+  if (!result.files.left.empty()) return NameLines("Moved to " + archive + ":", result.files.moved);
+  if (result.report.empty() || result.spare.native == result.spare.windows) return result.report;
+  return result.report + "The archive on disk: " + result.spare.native + "\n";
+}
+
+bool PrintResult(const CleanResult& result, const CommandLine& line) {
+  if (line.html && !line.dry_run && result.files.left.empty()) {
+    return terminal::WriteOutBytes(result.report);
+  }
+  return terminal::WriteOut(PrintedText(result, line));
 }
 
 }  // namespace
@@ -66,16 +68,17 @@ int CleanCommand(LocalMachine& machine, const CommandLine& line) {
   if (!complaint.empty()) return Complain(complaint);
   const terminal::InterruptGuard guard;
   const CleanResult result = Clean(machine, line, simulator);
-  PrintResult(result, line);
+  const bool printed = PrintResult(result, line);
   for (const std::string& aircraft : result.unreadable) {
     Complain("The panel of " + aircraft + " could not be read.");
   }
   const bool done = Tell(result.notes);
+  if (!printed) Complain("The report could not be written to standard output.");
   if (!result.files.left.empty()) {
     return ComplainOfInterrupt(
         "Unneeded files left in Gauges: " + std::to_string(result.files.left.size()) + ".");
   }
-  return done ? kExitDone : kExitError;
+  return done && printed ? kExitDone : kExitError;
 }
 
 }  // namespace panelkit

@@ -85,12 +85,10 @@ bool Tell(const Notes& notes) {
   return !notes.failed;
 }
 
-void PrintNames(const std::string& heading, const std::vector<std::string>& names,
-                bool also_empty) {
-  if (names.empty() && !also_empty) return;
+std::string NameLines(const std::string& heading, const std::vector<std::string>& names) {
   std::string lines = heading + "\n";
   for (const std::string& name : names) lines += "    " + name + "\n";
-  terminal::WriteOut(lines);
+  return lines;
 }
 
 FolderNames NamesOf(const LocalMachine& machine, const std::string& windows_path) {

@@ -44,10 +44,8 @@ void AddNotes(const StatusLine& status, Notes& notes);
 /// Says each sentence on standard error. Whether the command could do what it was asked.
 bool Tell(const Notes& notes);
 
-/// Prints a heading and below it each name, indented. Nothing if there are no names, unless
-/// `also_empty`.
-void PrintNames(const std::string& heading, const std::vector<std::string>& names,
-                bool also_empty = false);
+/// A heading and below it each name, indented, as lines.
+std::string NameLines(const std::string& heading, const std::vector<std::string>& names);
 
 // The groups of commands, one file each.
 int ReportCommand(LocalMachine& machine, const CommandLine& line);

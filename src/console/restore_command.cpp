@@ -37,8 +37,13 @@ int RestoreCommand(LocalMachine& machine, const CommandLine& line) {
   const terminal::InterruptGuard guard;
   const RestoreResult result = Restore(machine, line, simulator);
   const auto& [restored, already_there, failed, stopped] = result.files;
-  PrintNames("Restored to " + BothNames(result.gauges) + ":", restored);
-  PrintNames("Left in SpareGauges, since Gauges has a file of that name:", already_there);
+  if (!restored.empty()) {
+    terminal::WriteOut(NameLines("Restored to " + BothNames(result.gauges) + ":", restored));
+  }
+  if (!already_there.empty()) {
+    terminal::WriteOut(
+        NameLines("Left in SpareGauges, since Gauges has a file of that name:", already_there));
+  }
   for (const std::string& name : failed) {
     Complain(name + " is not in " + ArchivesText(result) + ", or could not be moved.");
   }
