@@ -7,8 +7,8 @@
 namespace panelkit {
 namespace {
 
-/// Preconnecting opens a connection for a mere hint in a page, which no content security policy
-/// forbids; looking names up in advance tells the hint to a name server.
+/// Turns off what a content security policy does not forbid: connecting to a host, or looking up
+/// its name, because a page says that it will be needed.
 void TurnOffHints(WebKitSettings* settings) {
   WebKitFeatureList* features = webkit_settings_get_all_features();
   for (gsize i = 0; i < webkit_feature_list_get_length(features); ++i) {
@@ -29,7 +29,7 @@ WebKitSettings* PaneSettings(const LocalMachine& machine) {
                                                    WEBKIT_HARDWARE_ACCELERATION_POLICY_NEVER);
   webkit_settings_set_enable_webgl(settings, FALSE);
   webkit_settings_set_enable_fullscreen(settings, FALSE);
-  // "Back" reads the page file anew.
+  // Without it, "Back" would show a page file as it was, not as it is.
   webkit_settings_set_enable_page_cache(settings, FALSE);
   TurnOffHints(settings);
   return settings;
@@ -50,8 +50,8 @@ const char* AddressOf(WebKitNavigationAction* action) {
   return webkit_uri_request_get_uri(webkit_navigation_action_get_request(action));
 }
 
-/// WebKit does not count "Open Link" and the buttons for Back and Forward as clicks of the user's,
-/// but without scripts no page file can do the same by itself.
+/// "Open Link", Back and Forward come without WebKit's mark of a user's action. They count as one:
+/// a page cannot imitate them without scripts, which page files may not run.
 Cause CauseOf(WebKitNavigationAction* action) {
   const WebKitNavigationType type = webkit_navigation_action_get_navigation_type(action);
   const bool by_user = webkit_navigation_action_is_user_gesture(action) ||
@@ -61,13 +61,13 @@ Cause CauseOf(WebKitNavigationAction* action) {
   return by_user ? Cause::User : Cause::Page;
 }
 
-/// Whether a load has failed rather than given way to another one or to a refusal.
+/// Whether a load failed, rather than being refused by the policy or replaced by another load.
 bool IsFailure(const GError* error) {
   return error->domain != WEBKIT_POLICY_ERROR &&
          !g_error_matches(error, WEBKIT_NETWORK_ERROR, WEBKIT_NETWORK_ERROR_CANCELLED);
 }
 
-/// Pages ask for Tahoma; where it is missing, the form's other fonts stand in for it.
+/// Substitutes for Tahoma, which the pages ask for, on a system without it.
 WebKitUserContentManager* PageFonts() {
   const char* const sheet =
       "@font-face { font-family: tahoma; font-weight: normal;"
@@ -163,7 +163,7 @@ gboolean GtkBrowser::DecidePolicy(WebKitWebView*, WebKitPolicyDecision* decision
     case WEBKIT_POLICY_DECISION_TYPE_NAVIGATION_ACTION:
       self->DecideNavigation(WEBKIT_NAVIGATION_POLICY_DECISION(decision));
       break;
-    case WEBKIT_POLICY_DECISION_TYPE_NEW_WINDOW_ACTION:  // What is allowed gets to NewWindow.
+    case WEBKIT_POLICY_DECISION_TYPE_NEW_WINDOW_ACTION:
       Decide(decision, webkit_navigation_action_is_user_gesture(
                            webkit_navigation_policy_decision_get_navigation_action(
                                WEBKIT_NAVIGATION_POLICY_DECISION(decision))));
@@ -182,7 +182,7 @@ void GtkBrowser::DecideNavigation(WebKitNavigationPolicyDecision* decision) {
   Decide(WEBKIT_POLICY_DECISION(decision), policy_.Allows(AddressOf(action), CauseOf(action)));
 }
 
-/// What asks for a window of its own goes to the user's browser.
+// Links and scripts that open a window, and "Open Link" on such a link, get here.
 GtkWidget* GtkBrowser::NewWindow(WebKitWebView*, WebKitNavigationAction* action, GtkBrowser* self) {
   const char* address = AddressOf(action);
   if (IsWebAddress(address)) self->OpenInUsersBrowser(address);

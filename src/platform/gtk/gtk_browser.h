@@ -1,4 +1,4 @@
-// The browser pane: WebKitGTK, with page files shut off from everything else.
+// The browser pane: WebKitGTK, with page files kept from loading anything but their pictures.
 #pragma once
 
 #include <webkit2/webkit2.h>
@@ -58,7 +58,7 @@ class GtkBrowser final : public WebBrowser {
   ObjectPtr<GtkWidget> pane_;  ///< Holds the view and the find bar.
   std::function<void()> link_not_opened_;
 
-  /// Watched by starts of the user's browser that are still under way when the pane ends.
+  /// Expires with the pane, so that a browser's start that fails later reports to nobody.
   std::shared_ptr<const void> alive_ = std::make_shared<int>();
 };
 

@@ -10,8 +10,8 @@
 namespace panelkit {
 namespace {
 
-constexpr double kSmallestText = 0.85;  // Of the form's font size: still readable beside it.
-constexpr double kHintingRoom = 0.98;   // Hinted letters do not shrink evenly.
+constexpr double kSmallestText = 0.85;  // Of the form's font size; smaller is hard to read.
+constexpr double kHintingRoom = 0.98;   // Hinting makes small letters wider.
 
 gboolean TellWholeText(GtkWidget* widget, gint, gint, gboolean, GtkTooltip* tooltip, gpointer) {
   GtkLabel* label = GTK_LABEL(widget);

@@ -11,9 +11,8 @@
 
 namespace panelkit {
 
-/// One line of text from the top left of its place. Where the font that the system has for the form
-/// is a little too wide, the text is set smaller; text that still does not fit ends in "..." and is
-/// whole in the tooltip.
+/// One line of text at the top left of its place. Text that is a little too wide is set smaller;
+/// text that still does not fit is cut off with an ellipsis and shown whole in the tooltip.
 class GtkLabelControl final : public Label {
  public:
   /// `width` of its place in pixels.
@@ -35,7 +34,7 @@ class GtkLabelControl final : public Label {
   ObjectPtr<GtkWidget> widget_;
 };
 
-/// A bar without text. A new value that would not move it by a pixel costs nothing.
+/// A bar without text. It is redrawn only if a new value moves it by a pixel.
 class GtkProgressBarControl final : public ProgressBar {
  public:
   /// `width` in pixels.

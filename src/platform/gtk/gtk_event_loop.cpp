@@ -8,8 +8,10 @@
 namespace panelkit {
 namespace {
 
-constexpr gint64 kPauseBetweenTurns = 8000;  // Microseconds: the window stays alive ...
-constexpr gint64 kLongestTurn = 6000;        // ... and a scan gets more than half of the time.
+// In microseconds. Short enough that the window answers, and a scan gets more than half of the
+// time.
+constexpr gint64 kPauseBetweenRuns = 8000;
+constexpr gint64 kLongestRun = 6000;
 
 struct PostedTask {
   std::weak_ptr<const void> owner;
@@ -20,12 +22,12 @@ struct PostedTask {
 
 void GtkEventLoop::ProcessPending() {
   const gint64 start = g_get_monotonic_time();
-  if (start - last_turn_ < kPauseBetweenTurns) return;
+  if (start - last_run_ < kPauseBetweenRuns) return;
   gint64 now = start;
-  while (now - start < kLongestTurn && g_main_context_iteration(nullptr, FALSE)) {
+  while (now - start < kLongestRun && g_main_context_iteration(nullptr, FALSE)) {
     now = g_get_monotonic_time();
   }
-  last_turn_ = now;
+  last_run_ = now;
 }
 
 void GtkEventLoop::End() {
@@ -37,8 +39,8 @@ void RunEventLoop(Toolkit& /*toolkit*/) {
 }
 
 void PostToLoop(std::weak_ptr<const void> owner, std::function<void()> task) {
-  // The priority of events, not the lower one of idle work: an animated picture that is redrawn all
-  // the time must not hold back "Exit Program".
+  // With the priority of events, not the lower one of idle work, which an animated picture that is
+  // redrawn all the time would keep from running: "Exit Program" must always work.
   g_idle_add_full(
       G_PRIORITY_DEFAULT,
       [](gpointer data) -> gboolean {

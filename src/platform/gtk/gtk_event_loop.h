@@ -12,19 +12,19 @@ namespace panelkit {
 
 class GtkEventLoop final : public EventLoop {
  public:
-  /// At most one short turn in every few milliseconds; every other call costs one look at the
-  /// clock.
+  /// Delivers events for at most kLongestRun, and only if kPauseBetweenRuns have passed since the
+  /// last time; any other call only reads the clock.
   void ProcessPending() override;
 
-  /// WebKit's processes follow when their connection to this one breaks.
+  /// WebKit's processes end by themselves when their connection to this one breaks.
   [[noreturn]] void End() override;
 
  private:
-  gint64 last_turn_ = 0;  ///< Monotonic, in microseconds: when the last turn was over.
+  gint64 last_run_ = 0;  ///< End of the last delivery: monotonic time in microseconds.
 };
 
-/// Calls `task` once from the event loop, unless the object that `owner` watches has gone by then.
-/// The task may destroy that object.
+/// Calls `task` once from the event loop, unless the object that `owner` watches has been destroyed
+/// by then. The task may destroy that object.
 void PostToLoop(std::weak_ptr<const void> owner, std::function<void()> task);
 
 }  // namespace panelkit

@@ -19,7 +19,8 @@ GtkForm::GtkForm(const FormDescription& description, const ScreenScale& scale,
       window_(GTK_WINDOW(gtk_window_new(GTK_WINDOW_TOPLEVEL))),
       client_area_(GTK_FIXED(gtk_fixed_new())) {
   PrepareWindow(description);
-  // Assistive programs, and the Tab key where places do not decide, follow the order of adding.
+  // The order of adding is the order for screen readers, and for Tab between controls at one
+  // height.
   std::vector<ControlDescription> controls(description.controls.begin(),
                                            description.controls.end());
   std::sort(controls.begin(), controls.end(),
@@ -59,9 +60,10 @@ void GtkForm::PrepareWindow(const FormDescription& description) {
                                              GDK_DECOR_BORDER | GDK_DECOR_TITLE | GDK_DECOR_MENU));
 }
 
-// Places are fixed, so on a screen that is too small for them the client area is scrolled.
+// The places of controls are fixed, so a client area that is too large for the screen gets scroll
+// bars.
 void GtkForm::FitScreen() {
-  constexpr int kFrame = 80;  // More than any frame and panel take, so that one look is enough.
+  constexpr int kFrame = 80;  // Pixels, more than any frame: most screens need no closer look.
   const GdkRectangle room = WorkArea();
   GtkRequisition size = {};
   gtk_widget_get_preferred_size(GTK_WIDGET(window_), &size, nullptr);
@@ -167,7 +169,7 @@ void GtkForm::Show() {
 }
 
 void GtkForm::Hide() {
-  // X window managers place a window anew each time it comes up.
+  // X window managers choose a new place each time a window is shown.
   if (gtk_widget_get_mapped(GTK_WIDGET(window_)) && WindowsCanBePlaced()) {
     Position place = {};
     gtk_window_get_position(window_, &place.x, &place.y);

@@ -65,7 +65,7 @@ class GtkForm final : public Form {
   ByName<GtkBrowser> browsers_;
   std::optional<Position> place_;  ///< Where the window goes when it is shown again.
 
-  /// Watched by clicks that are still on their way when the form ends.
+  /// Expires with the form, so that clicks which are still queued then call nothing.
   std::shared_ptr<const void> alive_ = std::make_shared<int>();
 };
 

@@ -7,8 +7,8 @@
 namespace panelkit {
 namespace {
 
-/// GTK takes a click on a bar item for one only when the button was held for half a second: it
-/// waits for a menu to open. An item without entries acts at once.
+/// Activates an item without entries when the button is released. GTK alone would do so only after
+/// half a second, since on a bar it expects a menu to open.
 gboolean ActAtOnce(GtkWidget* item, GdkEvent*, gpointer bar) {
   GtkMenuShell* shell = GTK_MENU_SHELL(bar);
   if (gtk_menu_item_get_submenu(GTK_MENU_ITEM(item)) != nullptr ||

@@ -33,17 +33,17 @@ class GtkMenuEntry final : public MenuItem {
   GtkMenuItem* widget_;
 };
 
-/// The bar with its menus. Items without entries report a click as the toolkit sees it.
+/// The bar with its menus. Calls `clicked`, from inside GTK's dispatch, for items without entries.
 class GtkFormMenu {
  public:
   using Clicked = std::function<void(const std::string& name)>;
 
   GtkFormMenu(std::span<const MenuDescription> menu, Clicked clicked);
 
-  /// The item `name`, or std::out_of_range.
+  /// The item `name`; throws std::out_of_range if there is none.
   GtkMenuEntry& Named(std::string_view name);
 
-  /// Opens the menu of the bar's item `name`, as its access key does, unless it is greyed.
+  /// Opens the menu of the bar's item `name`, as its access key does, if it is enabled.
   void Open(std::string_view name);
 
   /// Owned by the window that it is put into.

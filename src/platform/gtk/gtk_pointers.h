@@ -1,4 +1,4 @@
-// Owners of what GLib hands out.
+// Smart pointers for GLib's objects and memory.
 #pragma once
 
 #include <glib-object.h>
@@ -22,7 +22,7 @@ struct FreeMemory {
 /// A text that GLib has allocated.
 using TextPtr = std::unique_ptr<char, FreeMemory>;
 
-/// Takes a reference of its own to a new widget, whose first one is floating, or to any object.
+/// A reference to `object`; sinks the floating one that a new widget has.
 template <typename T>
 ObjectPtr<T> KeepObject(T* object) {
   g_object_ref_sink(object);

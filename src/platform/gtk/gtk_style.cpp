@@ -12,16 +12,16 @@ namespace {
 
 constexpr const char* kStyleClass = "panelkit";
 
-/// A family name as a style sheet has it.
+/// A family name in a style sheet's notation.
 std::string Quoted(std::string family) {
   std::erase_if(family, [](char c) { return c == '\'' || c == '\\' || c == '\n'; });
   return "'" + family + "'";
 }
 
-/// The fonts of the forms, best first. What the user has picked by name goes before those that the
-/// forms were drawn with; the desktop's "Sans" is no pick.
+/// The font families of the forms, in order of preference: the one in the desktop's settings, then
+/// those that the places were made for. "Sans" is the default of the settings and names no font.
 std::string Families() {
-  const std::string drawn_with = "Tahoma, 'Liberation Sans', Arial, 'Nimbus Sans', sans-serif";
+  std::string designed_for = "Tahoma, 'Liberation Sans', Arial, 'Nimbus Sans', sans-serif";
   char* setting = nullptr;
   g_object_get(gtk_settings_get_default(), "gtk-font-name", &setting, nullptr);
   const TextPtr owner(setting);
@@ -29,8 +29,8 @@ std::string Families() {
       pango_font_description_from_string(setting != nullptr ? setting : ""),
       pango_font_description_free);
   const char* family = pango_font_description_get_family(font.get());
-  if (family == nullptr || g_ascii_strcasecmp(family, "Sans") == 0) return drawn_with;
-  return Quoted(family) + ", " + drawn_with;
+  if (family == nullptr || g_ascii_strcasecmp(family, "Sans") == 0) return designed_for;
+  return Quoted(family) + ", " + designed_for;
 }
 
 /// Lengths are pixels, not points, so that text keeps its proportion to the fixed places of the

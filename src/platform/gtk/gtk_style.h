@@ -1,4 +1,4 @@
-// The look of the program's windows: the form's font, and paddings that fit the descriptions.
+// The style sheet of the program's windows: their font, and paddings that fit the fixed places.
 #pragma once
 
 #include <gtk/gtk.h>
@@ -13,8 +13,8 @@ namespace panelkit {
 /// places are fixed.
 void InstallStyle(const ScreenScale& scale);
 
-/// Puts a widget and all that it holds under the style sheet. A menu's popup is a window of its own
-/// and needs it too.
+/// Applies the style sheet to a widget and all that it holds. A menu's popup is a window of its own
+/// and needs a call of its own.
 void ApplyStyle(GtkWidget* widget);
 
 }  // namespace panelkit

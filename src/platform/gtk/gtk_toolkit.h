@@ -11,7 +11,7 @@ namespace panelkit {
 
 class GtkToolkit final : public Toolkit {
  public:
-  /// Null where there is no display. `machine` must outlive it.
+  /// Null if there is no display. `machine` must outlive it.
   static std::unique_ptr<GtkToolkit> Open(const LocalMachine& machine);
 
   std::unique_ptr<Form> CreateForm(const FormDescription& description) override;

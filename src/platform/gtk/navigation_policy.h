@@ -11,14 +11,14 @@
 
 namespace panelkit {
 
-/// On whose word a page is left.
+/// What causes a load.
 enum class Cause {
   User,  ///< A click or key of the user's, and where the server then redirects to.
   Page,  ///< The page by itself: a refresh, a frame, a script.
 };
 
-/// A page file is left only on the program's or the user's word, since a downloaded aircraft may
-/// have written into it. A page of the web may do what such pages do.
+/// A page file holds text of downloaded aircraft, so only the program and the user may replace it
+/// by another page. A page of the web may load other ones by itself.
 class NavigationPolicy {
  public:
   /// `pages` must outlive the policy.

@@ -14,8 +14,8 @@ namespace {
 constexpr const char* kScheme = "panelkit";
 constexpr std::string_view kPages = "panelkit://pages/";
 
-/// No script, no frame, no form, no other address; a base element changes nothing; no page of the
-/// web can hold the page in a frame.
+/// Forbids scripts, frames, forms, base addresses and every load but that of the pictures, and
+/// keeps web pages from showing a page file in a frame.
 constexpr const char* kPolicy =
     "default-src 'none'; img-src panelkit:; style-src 'unsafe-inline'; base-uri 'none'; "
     "form-action 'none'; frame-ancestors 'none'";

@@ -17,13 +17,13 @@ namespace panelkit {
 /// security policy (W3C CSP3) that lets it run nothing and load nothing but kPagePictures.
 class PageFiles {
  public:
-  /// Registers the scheme with `context`, which the object must outlive. `charset` is that of the
-  /// page files; pictures that do not lie beside a page are looked for in `pictures`.
+  /// Registers the scheme with `context`; the object must outlive the context's views. `charset` is
+  /// that of the page files; pictures that do not lie beside a page are looked for in `pictures`.
   PageFiles(WebKitWebContext* context, std::string charset, std::filesystem::path pictures);
   PageFiles(const PageFiles&) = delete;
   PageFiles& operator=(const PageFiles&) = delete;
 
-  /// The address of `file`, a native absolute path, which is read at each request from now on.
+  /// The address of `file`, a native absolute path. The file is read at each request.
   std::string AddressOf(const std::filesystem::path& file);
 
   /// The address of a page that no file holds.
@@ -32,7 +32,7 @@ class PageFiles {
   /// Whether `address` is that of a page which AddressOf or AddressOfBytes has given.
   bool Has(std::string_view address) const;
 
-  /// The address given last.
+  /// The address that was given last.
   const std::string& Last() const { return last_; }
 
  private:

@@ -5,7 +5,7 @@
 
 namespace panelkit {
 
-/// The screen's resolution, as the user set it: dots per inch, 96 where nothing is set.
+/// The screen's resolution, as the user set it: dots per inch, 96 if nothing is set.
 class ScreenScale {
  public:
   explicit ScreenScale(double dots_per_inch);
@@ -19,7 +19,7 @@ class ScreenScale {
   /// Size in pixels of a font of `points`.
   double FontPixels(double points) const;
 
-  /// How much larger than at 96 dots per inch things are.
+  /// The size of things, relative to their size at 96 dots per inch.
   double Factor() const;
 
  private:

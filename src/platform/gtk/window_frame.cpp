@@ -82,9 +82,9 @@ GdkRectangle FramedSize(GtkWindow* window) {
 void Present(GtkWindow* window) {
   gtk_widget_show(GTK_WIDGET(window));
   GdkWindow* gdk_window = gtk_widget_get_window(GTK_WIDGET(window));
-  // Window managers do not give the keyboard to a tool window that comes up, nor to a window that
-  // no action of the user has asked for. So the window asks for itself, and the present moment
-  // stands for the click, which is over by now.
+  // Window managers give the keyboard neither to a new tool window nor to a window that no action
+  // of the user has asked for, so the window asks for it. The time of the click is not known here
+  // any more; the present time serves.
   const guint32 now = GDK_IS_X11_WINDOW(gdk_window) ? gdk_x11_get_server_time(gdk_window)
                                                     : static_cast<guint32>(GDK_CURRENT_TIME);
   gtk_window_present_with_time(window, now);

@@ -5,11 +5,12 @@
 
 namespace panelkit {
 
-/// Outer size of a window in pixels, frame included as far as the window system tells it. Works for
-/// a window that is not shown yet: X window managers tell the frame in advance when asked.
+/// Outer size of a window in pixels, with the frame as far as the window system tells its size.
+/// Also works before the window is shown: X window managers then answer a request for the frame's
+/// size.
 GdkRectangle FramedSize(GtkWindow* window);
 
-/// Shows a window, or one that is shown already in front, and gives it the keyboard.
+/// Shows a window or brings it to the front, and gives it the keyboard.
 void Present(GtkWindow* window);
 
 /// The monitor that counts as the screen, in pixels.
@@ -18,7 +19,7 @@ GdkRectangle PrimaryMonitor();
 /// The part of that monitor which the desktop leaves to windows, in pixels.
 GdkRectangle WorkArea();
 
-/// Whether windows can be put at a place of our choice.
+/// Whether the program may choose the places of its windows (X11; not Wayland).
 bool WindowsCanBePlaced();
 
 }  // namespace panelkit

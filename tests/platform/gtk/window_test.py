@@ -132,8 +132,9 @@ class WindowTest(unittest.TestCase):
     def test_controls_have_their_places_at_every_resolution(self):
         long = "A folder's name that is far too long for its label" * 4
         run("sed", "-i", f"s/Program.*FS2002/{long}/", str(self.root / "prefix/system.reg"))
+        self.aircraft.parent.rename(self.root / "prefix" / "drive_c" / long)
         places = [  # In pixels at 96 dots per inch: left, top, width, height.
-            ("panel", "", 0, 0, 696, 474), ("document web", "", 8, 8, 681, 409),
+            ("panel", "", 0, 0, 696, 474), ("panel", "Report", 8, 8, 681, 409),
             ("label", f"Flight Simulator: C:\\{long}", 8, 424, 681, 17),
             ("label", "Done", 8, 440, 361, 17),
             ("progress bar", "Progress of the scan", 376, 440, 313, 17),
