@@ -16,9 +16,13 @@ void AddCommonOptions(CLI::App& app, CommandLine& line) {
       ->type_name("DIR")
       ->group("Common options");
   app.add_option_function<std::string>(
-         "--format", [&line](const std::string& format) { line.html = format == "html"; },
-         "How a report is printed: text or html")
-      ->check(CLI::IsMember({"text", "html"}))
+         "--format",
+         [&line](const std::string& format) {
+           line.html = format == "html";
+           line.json = format == "json";
+         },
+         "How the result is printed: text, html (a report's page) or json")
+      ->check(CLI::IsMember({"text", "html", "json"}))
       ->group("Common options");
 }
 
@@ -26,7 +30,10 @@ void AddCommonOptions(CLI::App& app, CommandLine& line) {
 CLI::App* AddCommand(CLI::App& app, const std::string& name, const std::string& description,
                      CommandLine& line, ConsoleCommand command) {
   CLI::App* added = app.add_subcommand(name, description);
-  added->callback([&line, command] { line.command = command; });
+  added->callback([&line, command, name] {
+    line.command = command;
+    line.command_name = name;
+  });
   AddCommonOptions(*added, line);
   return added;
 }
@@ -121,6 +128,15 @@ std::string Suggestion(const CLI::App& app, const std::vector<std::string>& argu
   return {};
 }
 
+// Of a command line that cannot be parsed.
+bool AsksForJson(const std::vector<std::string>& arguments) {
+  for (std::size_t i = 0; i < arguments.size(); ++i) {
+    const bool is_next = arguments[i] == "json" && i > 0 && arguments[i - 1] == "--format";
+    if (is_next || arguments[i] == "--format=json") return true;
+  }
+  return false;
+}
+
 }  // namespace
 
 std::variant<CommandLine, CommandLineAnswer> ParseCommandLine(
@@ -142,8 +158,9 @@ std::variant<CommandLine, CommandLineAnswer> ParseCommandLine(
     std::ostringstream complaint;
     const int code = app.exit(error, output, complaint);
     if (code == 0) return CommandLineAnswer{output.str(), complaint.str(), kExitDone};
-    return CommandLineAnswer{output.str(), complaint.str() + Suggestion(app, arguments),
-                             kExitError};
+    const std::string sentences = complaint.str() + Suggestion(app, arguments);
+    return CommandLineAnswer{output.str(),
+                             AsksForJson(arguments) ? JsonError(sentences) : sentences, kExitError};
   }
   return line;
 }

@@ -25,7 +25,9 @@ enum class ConsoleCommand {
 struct CommandLine {
   ConsoleCommand command = ConsoleCommand::Where;
   std::string simulator;
+  std::string command_name;  ///< "probe", "list", ...
   bool html = false;
+  bool json = false;
   bool dry_run = false;              ///< Clean and Find.
   bool careful = false;              ///< Clean.
   bool hints = false;                ///< Probe.

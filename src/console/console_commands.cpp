@@ -20,6 +20,7 @@ int WhereCommand(LocalMachine& machine, const CommandLine& line) {
 }  // namespace
 
 int RunConsoleCommand(LocalMachine& machine, const CommandLine& line) {
+  if (line.json) return JsonCommand(machine, line);
   switch (line.command) {
     case ConsoleCommand::Where:
       return WhereCommand(machine, line);

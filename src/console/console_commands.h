@@ -47,7 +47,11 @@ bool Tell(const Notes& notes);
 /// A heading and below it each name, indented, as lines.
 std::string NameLines(const std::string& heading, const std::vector<std::string>& names);
 
+/// A complaint as a line of JSON, {"error": ...}, in ASCII.
+std::string JsonError(const std::string& sentence);
+
 // The groups of commands, one file each.
+int JsonCommand(LocalMachine& machine, const CommandLine& line);
 int ReportCommand(LocalMachine& machine, const CommandLine& line);
 int CleanCommand(LocalMachine& machine, const CommandLine& line);
 int FindCommand(LocalMachine& machine, const CommandLine& line);
