@@ -18,7 +18,7 @@ constexpr int kJsonVersion = 1;
 // What one command came to.
 struct Outcome {
   Json result = Json::object();
-  Notes notes;
+  Notes notes = {};
   int status = kExitDone;
 };
 
@@ -57,6 +57,7 @@ Outcome ReportJson(LocalMachine& machine, const CommandLine& line, const std::st
     hints.emplace(services, simulator, FoldersOf(simulator, services.files.AppFolder()));
   }
   outcome.result = JsonOf(machine, *report, hints ? &*hints : nullptr);
+  outcome.result["unreadable_aircraft"] = program.Form().Unreadable();
   if (!report->names.empty()) outcome.status = kExitGaugesMissing;
   return outcome;
 }

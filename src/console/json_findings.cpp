@@ -120,9 +120,7 @@ Json JsonOf(const LocalMachine& machine, const GaugeReport& report, const HintFi
   for (const RequiredFile& file : RequiredFilesOf(report)) {
     missing.push_back(JsonOf(machine, file, hints));
   }
-  return {{"panels", JsonOf(report.panels)},
-          {"unreadable_aircraft", report.unreadable},
-          {"missing", std::move(missing)}};
+  return {{"panels", JsonOf(report.panels)}, {"missing", std::move(missing)}};
 }
 
 Json JsonOf(LocalMachine& machine, const FindResult& result) {

@@ -14,8 +14,8 @@ namespace panelkit {
 /// A path with the name that the system's own programs have for it.
 nlohmann::ordered_json JsonOfPath(const LocalMachine& machine, const std::string& windows_path);
 
-/// The panels of a probe or of all gauges, the aircraft that could not be read, and the missing
-/// files; with what `hints` knows about these, unless it is nullptr.
+/// The panels of a probe or of all gauges, and the missing files; with what `hints` knows about
+/// these, unless it is nullptr.
 nlohmann::ordered_json JsonOf(const LocalMachine& machine, const GaugeReport& report,
                               const HintFinder* hints);
 
