@@ -37,6 +37,37 @@ sed -n '/^There are/,$p' "$work/out" | tail -n +2 | tr -d ' ' | paste -sd' ' |
   grep -qx 'Jarrowby_Overhead Lochan_Hull NorthStar_Radios Regent_EFIS Wood_Bezels' ||
   fail "after the installation: $(cat "$work/out")"
 
+# The same as JSON.
+# query STATUS FILTER ARGUMENT...: what the console prints, and says, is JSON that meets jq's FILTER.
+query() {
+  expect "$1" --format json "${@:3}"
+  jq -es ".[0] | .panelkit_json == 1 and ($2)" "$work/out" >"$work/jq" 2>&1 ||
+    fail "$2 of '${*:3}': $(head -c 900 "$work/out")"
+  jq -es 'all(.error | length > 0)' "$work/err" >/dev/null || fail "errors: $(cat "$work/err")"
+}
+fresh
+query 0 ".simulator.native_path == \"$fs\" and .is_there" where
+query 1 '(.missing | length) == 13 and .missing[12].name == "Étoile_Dépression" and
+  ([.panels[].windows[].gauges[] | select(.missing)] | length) == 22' probe
+query 1 '[.missing[].hints[].kind] | unique == ["damaged-cabinet", "elsewhere", "lacks-entry", "near-name",
+  "not-a-cabinet", "other-extension"]' probe --hints
+query 1 '[.panels[].windows[].gauges[]] | length > 22' show
+query 1 '.found[0].candidates[0] | .inside == ["corvane\\Corvane_TCAS.cab"] and .exact_name and
+  .modified == "2002-11-05T18:30:00Z" and (.satisfies | length) == 2' find "$downloads"
+query 1 '(.installed | length) == 7 and (.missing | length) == 5 and
+  .not_installed[0].reason == "it cannot be read whole"' find "$downloads" --install
+query 0 '.messages_shown' brake
+query 0 '(.moved | length) > 0 and .dry_run' clean --dry-run
+query 0 '.moved == [] or (.moved | length) > 0' clean
+query 0 '(.restored | length) > 0 and .failed == []' restore
+query 2 '.failed == ["None"]' restore None
+query 0 '.entries[0].name == "Comm1.xml" and (.entries | length) == 5' cab list "$gauges/NorthStar_Radios.cab"
+query 2 '(.entries | length) == 2' cab list "$gauges/Jarrowby_Overhead.cab"
+for wrong in 'probe --simulator /nowhere' 'find' 'cab count x.cab'; do
+  expect 2 --format json $wrong
+  [ ! -s "$work/out" ] && jq -e '.error | length > 0' "$work/err" >/dev/null || fail "error of '$wrong'"
+done
+
 # Hostile archives: each would bring Étoile_Dépression or something else, none may.
 fresh
 mkdir "$hostile"

@@ -1,0 +1,31 @@
+// Any bytes as an archive of each kind: searched, and what is found in it installed.
+#include "cabinet/entry_name.h"
+#include "fuzz/fuzz.h"
+#include "search/candidate_search.h"
+#include "search/offers.h"
+
+void panelkit::fuzz::Try(std::string_view input) {
+  static Prefix prefix;
+  static const std::filesystem::path gauges = prefix.c / "Gauges";
+  const Machine machine = prefix.machine.Services();
+  for (const char* name : {"x.zip", "x.7z", "x.rar", "x.tar.gz", "x.cab"}) {
+    std::filesystem::remove_all(prefix.c);
+    std::filesystem::create_directories(gauges);
+    test::Put(prefix.c / "in" / name, input);
+    CandidatePool pool(machine.text);
+    CandidateSearch search(machine, pool, SearchDepth::Archives, {});
+    Require(search.LookThrough("C:\\in"));
+    for (const Candidate& candidate : pool.All()) {
+      Require(IsSafeEntryName(candidate.name) && candidate.name.find('\\') == std::string::npos);
+      if (candidate.size > (1U << 20)) continue;
+      const InstallFault fault = Install(machine, candidate, "C:\\Gauges");
+      Require((fault == InstallFault::None || fault == InstallFault::NameTaken) ==
+              machine.files.Exists("C:\\Gauges\\" + candidate.name));
+    }
+    // Nothing but the archive and what was installed by its own plain name.
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(prefix.c)) {
+      Require(entry.is_directory() || entry.path().parent_path() == gauges ||
+              entry.path() == prefix.c / "in" / name);
+    }
+  }
+}
