@@ -5,7 +5,7 @@ _panelkit_console() {
   COMPREPLY=()
   case $before in
     --format)
-      mapfile -t COMPREPLY < <(compgen -W 'text html' -- "$word")
+      mapfile -t COMPREPLY < <(compgen -W 'text html json' -- "$word")
       return
       ;;
     --simulator | --output-path)
@@ -17,13 +17,15 @@ _panelkit_console() {
   esac
   for other in "${COMP_WORDS[@]:1:COMP_CWORD-1}"; do
     case $other in
-      where | probe | show | clean | restore | brake | cab | count | list | xml | extract)
+      where | probe | show | clean | restore | find | brake | cab | count | list | xml | extract)
         command=$other
         ;;
     esac
   done
   case $command in
-    '') options+=' where probe show clean restore brake cab' ;;
+    '') options+=' where probe show clean restore find brake cab' ;;
+    probe) options+=' --hints' ;;
+    find) options+=' --install --dry-run' ;;
     clean) options+=' --dry-run --careful' ;;
     brake) options+=' on off' ;;
     cab) options+=' count list xml extract' ;;
@@ -31,6 +33,10 @@ _panelkit_console() {
   esac
   mapfile -t COMPREPLY < <(compgen -W "$options" -- "$word")
   case $command in
+    find)
+      compopt -o filenames
+      mapfile -t -O ${#COMPREPLY[@]} COMPREPLY < <(compgen -d -- "$word")
+      ;;
     count | list | xml | extract)
       compopt -o filenames
       mapfile -t -O ${#COMPREPLY[@]} COMPREPLY < <(compgen -f -- "$word")

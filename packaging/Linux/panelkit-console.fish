@@ -1,20 +1,25 @@
 # Completion of panelkit-console for fish.
 complete -c panelkit-console -f
 complete -c panelkit-console -l simulator -xa '(__fish_complete_directories)' -d "The simulator's folder"
-complete -c panelkit-console -l format -xa 'text html' -d 'How a report is printed'
+complete -c panelkit-console -l format -xa 'text html json' -d 'How a report is printed'
 complete -c panelkit-console -s h -l help -d 'Print a help'
 complete -c panelkit-console -l version -d 'Print the version'
 
-set -l commands where probe show clean restore brake cab
+set -l commands where probe show clean restore find brake cab
 set -l no_command "not __fish_seen_subcommand_from $commands"
 complete -c panelkit-console -n $no_command -a where -d 'Tell which simulator would be used'
 complete -c panelkit-console -n $no_command -a probe -d 'Report missing gauges'
 complete -c panelkit-console -n $no_command -a show -d 'Report every gauge of every panel'
 complete -c panelkit-console -n $no_command -a clean -d 'Move gauges that no panel names'
 complete -c panelkit-console -n $no_command -a restore -d 'Bring gauges back from SpareGauges'
+complete -c panelkit-console -n $no_command -a find -d 'Look for missing gauges in folders and archives'
 complete -c panelkit-console -n $no_command -a brake -d 'Say or switch the red brake messages'
 complete -c panelkit-console -n $no_command -a cab -d 'Look into a cabinet file'
 
+complete -c panelkit-console -n '__fish_seen_subcommand_from probe' -l hints -d 'Say what comes close'
+complete -c panelkit-console -n '__fish_seen_subcommand_from find' -l install -d 'Copy the best to Gauges'
+complete -c panelkit-console -n '__fish_seen_subcommand_from find' -l dry-run -d 'Copy nothing'
+complete -c panelkit-console -n '__fish_seen_subcommand_from find' -xa '(__fish_complete_directories)'
 complete -c panelkit-console -n '__fish_seen_subcommand_from clean' -l dry-run -d 'Move nothing'
 complete -c panelkit-console -n '__fish_seen_subcommand_from clean' -l careful -d 'Move nothing if a panel could not be read'
 complete -c panelkit-console -n '__fish_seen_subcommand_from brake' -a 'on off'

@@ -3,7 +3,7 @@
 local -a common
 common=(
   '--simulator[the simulator'"'"'s folder]:folder:_files -/'
-  '--format[how a report is printed]:format:(text html)'
+  '--format[how a report is printed]:format:(text html json)'
   '(- *)'{-h,--help}'[print a help]'
   '(- *)--version[print the version]'
 )
@@ -16,6 +16,7 @@ _panelkit_console_commands() {
     'show:report every gauge of every panel'
     'clean:move gauges that no panel names to SpareGauges'
     'restore:bring gauges back from SpareGauges'
+    'find:look for missing gauges in folders and archives'
     'brake:say or switch whether the red brake messages are shown'
     'cab:look into a cabinet file'
   )
@@ -48,6 +49,10 @@ case $words[1] in
   clean)
     _arguments $common '--dry-run[say what would move, and move nothing]' \
       '--careful[move nothing if a panel could not be read]'
+    ;;
+  probe) _arguments $common '--hints[say what this machine has that comes close]' ;;
+  find)
+    _arguments $common '--install[copy the best to Gauges]' '--dry-run[copy nothing]' '*:folder:_files -/'
     ;;
   restore) _arguments $common '*:gauge' ;;
   brake) _arguments $common '1:state:(on off)' ;;
