@@ -48,7 +48,7 @@ query() {
 fresh
 query 0 ".simulator.native_path == \"$fs\" and .is_there" where
 query 1 '(.missing | length) == 13 and .missing[12].name == "Étoile_Dépression" and
-  ([.panels[].windows[].gauges[] | select(.missing)] | length) == 22' probe
+  ([.panels[].windows[].gauges[] | select(.missing)] | length) == 21' probe
 query 1 '[.missing[].hints[].kind] | unique == ["damaged-cabinet", "elsewhere", "lacks-entry", "near-name",
   "not-a-cabinet", "other-extension"]' probe --hints
 query 1 '[.panels[].windows[].gauges[]] | length > 22' show
