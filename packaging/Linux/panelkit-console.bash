@@ -1,14 +1,14 @@
 # Completion of panelkit-console for bash.
 _panelkit_console() {
   local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]} command='' other
-  local options='--simulator --format --help --version'
+  local options='--simulator --prefix --format --help --version'
   COMPREPLY=()
   case $before in
     --format)
       mapfile -t COMPREPLY < <(compgen -W 'text html json' -- "$word")
       return
       ;;
-    --simulator | --output-path)
+    --simulator | --prefix | --output-path)
       compopt -o filenames
       mapfile -t COMPREPLY < <(compgen -d -- "$word")
       return
@@ -24,6 +24,7 @@ _panelkit_console() {
   done
   case $command in
     '') options+=' where probe show clean restore find brake cab' ;;
+    where) options+=' --all' ;;
     probe) options+=' --hints' ;;
     find) options+=' --install --dry-run' ;;
     clean) options+=' --dry-run --careful' ;;

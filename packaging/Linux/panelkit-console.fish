@@ -1,6 +1,7 @@
 # Completion of panelkit-console for fish.
 complete -c panelkit-console -f
 complete -c panelkit-console -l simulator -xa '(__fish_complete_directories)' -d "The simulator's folder"
+complete -c panelkit-console -l prefix -xa '(__fish_complete_directories)' -d 'The Wine prefix to use'
 complete -c panelkit-console -l format -xa 'text html json' -d 'How a report is printed'
 complete -c panelkit-console -s h -l help -d 'Print a help'
 complete -c panelkit-console -l version -d 'Print the version'
@@ -16,6 +17,7 @@ complete -c panelkit-console -n $no_command -a find -d 'Look for missing gauges 
 complete -c panelkit-console -n $no_command -a brake -d 'Say or switch the red brake messages'
 complete -c panelkit-console -n $no_command -a cab -d 'Look into a cabinet file'
 
+complete -c panelkit-console -n '__fish_seen_subcommand_from where' -l all -d 'Tell of every simulator'
 complete -c panelkit-console -n '__fish_seen_subcommand_from probe' -l hints -d 'Say what comes close'
 complete -c panelkit-console -n '__fish_seen_subcommand_from find' -l install -d 'Copy the best to Gauges'
 complete -c panelkit-console -n '__fish_seen_subcommand_from find' -l dry-run -d 'Copy nothing'

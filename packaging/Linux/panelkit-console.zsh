@@ -3,6 +3,7 @@
 local -a common
 common=(
   '--simulator[the simulator'"'"'s folder]:folder:_files -/'
+  '--prefix[the Wine prefix to use]:folder:_files -/'
   '--format[how a report is printed]:format:(text html json)'
   '(- *)'{-h,--help}'[print a help]'
   '(- *)--version[print the version]'
@@ -50,6 +51,7 @@ case $words[1] in
     _arguments $common '--dry-run[say what would move, and move nothing]' \
       '--careful[move nothing if a panel could not be read]'
     ;;
+  where) _arguments $common '--all[tell of every simulator that is registered]' ;;
   probe) _arguments $common '--hints[say what this machine has that comes close]' ;;
   find)
     _arguments $common '--install[copy the best to Gauges]' '--dry-run[copy nothing]' '*:folder:_files -/'

@@ -15,6 +15,9 @@ void AddCommonOptions(CLI::App& app, CommandLine& line) {
   app.add_option("--simulator", line.simulator, "The simulator's folder, instead of the registry's")
       ->type_name("DIR")
       ->group("Common options");
+  app.add_option("--prefix", line.prefix, "The Wine prefix to use, on Linux")
+      ->type_name("DIR")
+      ->group("Common options");
   app.add_option_function<std::string>(
          "--format",
          [&line](const std::string& format) {
@@ -73,7 +76,8 @@ void AddFindCommand(CLI::App& app, CommandLine& line) {
 
 void AddCommands(CLI::App& app, CommandLine& line) {
   AddCommand(app, "where", "Tell which simulator would be used, and how it was found", line,
-             ConsoleCommand::Where);
+             ConsoleCommand::Where)
+      ->add_flag("--all", line.all, "Tell of every simulator that is registered in any prefix");
   AddCommand(app, "probe",
              "Probe For Missing Gauges: report gauges that panels name and are not there", line,
              ConsoleCommand::Probe)

@@ -26,6 +26,8 @@ struct CommandLine {
   ConsoleCommand command = ConsoleCommand::Where;
   std::string simulator;
   std::string command_name;  ///< "probe", "list", ...
+  std::string prefix;        ///< Native folder of a Wine prefix.
+  bool all = false;          ///< Where.
   bool html = false;
   bool json = false;
   bool dry_run = false;              ///< Clean and Find.

@@ -38,6 +38,20 @@ struct WhereResult {
 };
 WhereResult Where(LocalMachine& machine, const CommandLine& line);
 
+/// where --all: one simulator that a registry names.
+struct RegisteredSimulator {
+  FolderNames folder;
+  std::string how;      ///< The registry that names it.
+  std::string windows;  ///< The name of that Windows; empty if the registry does not say.
+  bool is_there = false;
+  std::size_t aircraft = 0;  ///< Folders in Aircraft.
+  std::size_t gauges = 0;    ///< Gauge files and cabinets in Gauges.
+};
+
+/// The simulators of all Wine prefixes, or of the one in the native folder `prefix` if that is not
+/// empty.
+std::vector<RegisteredSimulator> AllSimulators(const std::string& prefix);
+
 /// clean, and its dry run.
 struct CleanResult {
   FolderNames gauges;

@@ -23,7 +23,7 @@ int RunConsoleCommand(LocalMachine& machine, const CommandLine& line) {
   if (line.json) return JsonCommand(machine, line);
   switch (line.command) {
     case ConsoleCommand::Where:
-      return WhereCommand(machine, line);
+      return line.all ? WhereAllCommand(line) : WhereCommand(machine, line);
     case ConsoleCommand::Probe:
     case ConsoleCommand::Show:
       return ReportCommand(machine, line);

@@ -51,6 +51,7 @@ std::string NameLines(const std::string& heading, const std::vector<std::string>
 std::string JsonError(const std::string& sentence);
 
 // The groups of commands, one file each.
+int WhereAllCommand(const CommandLine& line);
 int JsonCommand(LocalMachine& machine, const CommandLine& line);
 int ReportCommand(LocalMachine& machine, const CommandLine& line);
 int CleanCommand(LocalMachine& machine, const CommandLine& line);

@@ -44,6 +44,21 @@ Outcome WhereJson(LocalMachine& machine, const CommandLine& line) {
   return outcome;
 }
 
+Outcome WhereAllJson(const CommandLine& line) {
+  Json simulators = Json::array();
+  for (const RegisteredSimulator& simulator : AllSimulators(line.prefix)) {
+    Json json = JsonOf(simulator.folder);
+    json.update(Json{{"found_by", simulator.how},
+                     {"windows", simulator.windows},
+                     {"is_there", simulator.is_there},
+                     {"aircraft", simulator.aircraft},
+                     {"gauges", simulator.gauges}});
+    simulators.push_back(std::move(json));
+  }
+  if (simulators.empty()) return Failed("No simulator is registered.");
+  return {{{"simulators", std::move(simulators)}}};
+}
+
 Outcome ReportJson(LocalMachine& machine, const CommandLine& line, const std::string& simulator) {
   const Machine services = machine.Services();
   ConsoleProgram program(services, simulator);
@@ -128,7 +143,9 @@ Outcome CabListJson(LocalMachine& machine, const CommandLine& line) {
 }
 
 Outcome Run(LocalMachine& machine, const CommandLine& line) {
-  if (line.command == ConsoleCommand::Where) return WhereJson(machine, line);
+  if (line.command == ConsoleCommand::Where) {
+    return line.all ? WhereAllJson(line) : WhereJson(machine, line);
+  }
   if (line.command == ConsoleCommand::CabList) return CabListJson(machine, line);
   const std::string simulator = SimulatorFor(machine, line);
   const std::string complaint = FolderComplaint(machine, simulator);

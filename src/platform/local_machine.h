@@ -52,4 +52,8 @@ class LocalMachine {
 /// `wanted` is true is taken, else the first. Never null.
 std::unique_ptr<LocalMachine> OpenLocalMachine(const std::function<bool(const Machine&)>& wanted);
 
+/// Opens a machine for each registry that could serve, in the order of preference; or, if `prefix`
+/// is not empty, for the Wine prefix in that folder alone. Empty if that is none.
+std::vector<std::unique_ptr<LocalMachine>> OpenLocalMachines(const std::string& prefix);
+
 }  // namespace panelkit

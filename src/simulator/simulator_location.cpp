@@ -52,14 +52,26 @@ std::string Render(const RegistryValue& value, const Text& text) {
 }  // namespace
 
 std::string FindSimulator(const Registry& registry, const Text& text) {
-  std::string folder;
+  const auto folders = FindSimulators(registry, text);
+  return folders.empty() ? std::string() : folders.back();
+}
+
+std::string WindowsVersion(const Registry& registry, const Text& text) {
+  const std::string name =
+      modGauges::GetRegValue(registry, text, HKEY_LOCAL_MACHINE_VALUE,
+                             R"(Software\Microsoft\Windows NT\CurrentVersion)", "ProductName");
+  return name == modGauges::kNotFound ? std::string() : name;
+}
+
+std::vector<std::string> FindSimulators(const Registry& registry, const Text& text) {
+  std::vector<std::string> folders;
   for (std::int32_t Index = 0;; ++Index) {
     const std::string name =
         modGauges::GetRegSubKey(registry, HKEY_LOCAL_MACHINE_VALUE, kApplications, Index);
-    if (name == modGauges::kNotFound) return folder;
+    if (name == modGauges::kNotFound) return folders;
     if (!ContainsIgnoringCase(name, "flight simulator")) continue;
-    folder = modGauges::GetRegValue(registry, text, HKEY_LOCAL_MACHINE_VALUE,
-                                    kOneApplication + name, "Path");
+    folders.push_back(modGauges::GetRegValue(registry, text, HKEY_LOCAL_MACHINE_VALUE,
+                                             kOneApplication + name, "Path"));
   }
 }
 

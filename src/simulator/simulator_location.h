@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "platform/registry.h"
 #include "platform/text.h"
@@ -13,6 +14,13 @@ namespace panelkit {
 /// "Path" of the last entry whose name contains "Flight Simulator", case ignored. Empty if there is
 /// no such entry, "Not Found" if its path cannot be read. Reads the registry afresh at each call.
 std::string FindSimulator(const Registry& registry, const Text& text);
+
+/// The paths of all such entries, in the registry's order.
+std::vector<std::string> FindSimulators(const Registry& registry, const Text& text);
+
+/// The name of the Windows that the registry belongs to, "Microsoft Windows 7"; empty if it does
+/// not say.
+std::string WindowsVersion(const Registry& registry, const Text& text);
 
 namespace modGauges {
 

@@ -47,6 +47,9 @@ query() {
 }
 fresh
 query 0 ".simulator.native_path == \"$fs\" and .is_there" where
+query 0 ".simulators | length == 1 and .[0].aircraft == 14 and .[0].gauges == 34 and .[0].native_path == \"$fs\"" \
+  where --all
+WINEPREFIX=$work/none query 0 ".simulator.native_path == \"$fs\"" where --prefix "$WINEPREFIX"
 query 1 '(.missing | length) == 13 and .missing[12].name == "Étoile_Dépression" and
   ([.panels[].windows[].gauges[] | select(.missing)] | length) == 21' probe
 query 1 '[.missing[].hints[].kind] | unique == ["damaged-cabinet", "elsewhere", "lacks-entry", "near-name",
@@ -63,7 +66,7 @@ query 0 '(.restored | length) > 0 and .failed == []' restore
 query 2 '.failed == ["None"]' restore None
 query 0 '.entries[0].name == "Comm1.xml" and (.entries | length) == 5' cab list "$gauges/NorthStar_Radios.cab"
 query 2 '(.entries | length) == 2' cab list "$gauges/Jarrowby_Overhead.cab"
-for wrong in 'probe --simulator /nowhere' 'find' 'cab count x.cab'; do
+for wrong in 'probe --simulator /nowhere' 'probe --prefix /nowhere' 'find' 'cab count x.cab'; do
   expect 2 --format json $wrong
   [ ! -s "$work/out" ] && jq -e '.error | length > 0' "$work/err" >/dev/null || fail "error of '$wrong'"
 done

@@ -80,4 +80,10 @@ std::unique_ptr<LocalMachine> OpenLocalMachine(const std::function<bool(const Ma
   return windows::OpenWindows(windows::FolderOfProgram());
 }
 
+std::vector<std::unique_ptr<LocalMachine>> OpenLocalMachines(const std::string& prefix) {
+  std::vector<std::unique_ptr<LocalMachine>> machines;
+  if (prefix.empty()) machines.push_back(windows::OpenWindows(windows::FolderOfProgram()));
+  return machines;
+}
+
 }  // namespace panelkit

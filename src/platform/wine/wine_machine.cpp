@@ -111,4 +111,18 @@ std::unique_ptr<LocalMachine> OpenLocalMachine(const std::function<bool(const Ma
   return std::make_unique<WineMachine>(prefixes.front(), folders);
 }
 
+std::vector<std::unique_ptr<LocalMachine>> OpenLocalMachines(const std::string& prefix) {
+  std::error_code error;
+  const auto prefixes = prefix.empty()
+                            ? WinePrefixes()
+                            : std::vector<WinePrefix>{{fs::absolute(prefix, error), "--prefix"}};
+  const OwnFolders folders = OwnFoldersOf(ExecutableFolder());
+  std::vector<std::unique_ptr<LocalMachine>> machines;
+  for (const WinePrefix& each : prefixes) {
+    if (!prefix.empty() && !StatusOf(RegistryFileOf(each.folder))) continue;
+    machines.push_back(std::make_unique<WineMachine>(each, folders));
+  }
+  return machines;
+}
+
 }  // namespace panelkit
