@@ -89,10 +89,20 @@ class Files {
   /// The whole content of a plain file of at most kLargestFile bytes.
   virtual FileContent Read(std::string_view path) const = 0;
 
-  /// Gives a file new content in one step: a reader, or a kill at any moment, finds the old bytes
-  /// or the new ones, whole. Creates the file if absent; keeps an existing one's owner, permissions
-  /// and attributes and follows links. On any fault the old file stays as it was; a read-only file
-  /// stays so for the administrator too.
+  /// Gives a file new content, or creates it. Keeps an existing one's owner, permissions and
+  /// attributes and follows links; a read-only file stays so for the administrator too. This is
+  /// done in one step: a reader, or a kill at any moment, finds the old bytes or the new ones,
+  /// whole, and on any fault the old file is as it was.
+  ///
+  /// A file that the user may write but not replace (another's, of a group that the user is not in,
+  /// in a folder that takes no new file) is rewritten in place. Two failures are left then. With
+  /// Durability::Buffered, a fault or a kill can leave part of the content. With
+  /// Durability::Flushed, a kill or a power failure can leave the file half rewritten until the
+  /// program is next opened, which finishes it from a record in AppFolder that holds the old and
+  /// the new content; if another program has changed the file by then, it and the record stay. If
+  /// no record can be made, the file stays as it was.
+  ///
+  /// What a killed run left half written beside a file, the next call for that folder removes.
   virtual FileFault Replace(std::string_view path, std::string_view bytes,
                             Durability durability) = 0;
 

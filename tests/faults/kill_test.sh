@@ -14,7 +14,7 @@ ways=()
 for ((i = 0; i < rounds; i++)); do
   ways+=("timeout -s KILL $(printf 0.%05d $((RANDOM % 1200 + 1)))")
 done
-changes=({write,pwrite64,rename,unlink,mkdir,fsync}:signal=KILL:when={1..8})
+changes=({write,pwrite64,ftruncate,rename,unlink,mkdir,fsync}:signal=KILL:when={1..8})
 strace -o /dev/null true && ways+=("${changes[@]/#/strace -qq -o /dev/null -e inject=}") ||
   echo 'Left out: kills before each change (strace).'
 
@@ -24,7 +24,7 @@ killed() {
   expect 0 "${@:2}"
   for way in "${ways[@]}"; do
     prepare
-    $way "$app/panelkit-console" "${@:2}" >"$work/out" 2>&1
+    $way "${as_user[@]}" "$app/panelkit-console" "${@:2}" >"$work/out" 2>&1
     [ $? != 137 ] || cut=$((cut + 1))
     $1 || fail "${*:2}, killed by $way"
   done 2>/dev/null
@@ -63,7 +63,31 @@ only_whole() {
   sums "$config" "$app/Backups" "$unpacked" "${written[@]}" >"$work/found"
   grep -q ' fs2002.cfg$' "$work/found" && [ -z "$(comm -13 <(sums "$work/whole") "$work/found")" ]
 }
+# The next run removes what these left half written.
+tidied() {
+  expect 0 "$@"
+  [ -z "$(find "$work" -name '.panelkit-*')" ] || fail "$*: $(find "$work" -name '.panelkit-*')"
+}
 killed only_whole brake off
-prepare() { rm -rf "$unpacked"; }
+tidied brake off
+prepare() { rm -rf "$unpacked/1.xml"; }
 killed only_whole cab extract "$work/packed.cab" --output-path "$unpacked"
+tidied cab extract "$work/packed.cab" --output-path "$unpacked"
+
+# A configuration whose folder takes no new file is rewritten in place. The next start makes it
+# whole.
+chmod -R a+rwX "$app"
+as_user=("${ordinary[@]}")
+prepare() {
+  cat "$work/old" >"$config"
+  rm -rf "$app/Backups"
+}
+prepare
+chmod 666 "$config"
+chmod a-w "$fs"
+whole_at_next_start() {
+  expect 0 where
+  only_whole && [ -z "$(find "$app" -name 'rewrite-*')" ]
+}
+killed whole_at_next_start brake off
 [ $failures = 0 ]

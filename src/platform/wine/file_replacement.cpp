@@ -16,6 +16,7 @@
 #include "platform/wine/dos_attributes.h"
 #include "platform/wine/native_file.h"
 #include "platform/wine/new_file.h"
+#include "platform/wine/rewrite_in_place.h"
 
 namespace panelkit {
 
@@ -79,10 +80,26 @@ bool TakeOver(const std::string& old_path, const struct stat& old, int descripto
   return !old_file.IsOpen() || CopyAttributes(old_file.Descriptor(), descriptor);
 }
 
-/// Whether the file may get new content.
-bool MayRewrite(const std::string& path, const struct stat& status) {
-  return S_ISREG(status.st_mode) && !IsReadOnly(status) &&
-         faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0;
+/// Why the file may not get new content; None if it may.
+FileFault RewriteFault(const std::string& path, const struct stat& status) {
+  if (!S_ISREG(status.st_mode)) return FileFault::NotAFile;
+  if (IsReadOnly(status)) return FileFault::ReadOnly;
+  const bool may_write = faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0;
+  return may_write ? FileFault::None : FaultOf(errno);
+}
+
+/// Writes a new file and gives it the old one's place, if there is an old one. NoAccess if it
+/// cannot be all that the old one is.
+FileFault ReplaceInOneStep(const std::string& path, const std::optional<struct stat>& old,
+                           std::string_view bytes, Durability durability) {
+  NewFile file(TemporaryPathBeside(path), old ? kOwnerOnly : kByUmask);
+  if (!file.IsOpen() || !WriteAll(file.Descriptor(), bytes)) return FaultOf(errno);
+  if (old && !TakeOver(path, *old, file.Descriptor())) return FileFault::NoAccess;
+  const bool flushed = durability == Durability::Flushed;
+  if ((flushed && !file.Flush()) || !file.KeepAs(path)) return FaultOf(errno);
+  // The new content stands; what a failed flush leaves open is only when the disk knows of it.
+  if (flushed) FlushFolder(FolderOf(path));
+  return FileFault::None;
 }
 
 /// Whether another program has the file open for writing, as far as the system tells (a lease is
@@ -106,19 +123,19 @@ bool CopyContent(int from, int to) {
 
 }  // namespace
 
-bool ReplaceFile(const std::string& target, std::string_view bytes, Durability durability) {
-  const auto final_target = FinalTarget(target);
-  if (!final_target) return false;
-  const auto old = StatusOf(*final_target);
-  if (old && !MayRewrite(*final_target, *old)) return false;
-  NewFile file(TemporaryPathBeside(*final_target), old ? kOwnerOnly : kByUmask);
-  if (!file.IsOpen() || !WriteAll(file.Descriptor(), bytes)) return false;
-  if (old && !TakeOver(*final_target, *old, file.Descriptor())) return false;
-  const bool flushed = durability == Durability::Flushed;
-  if ((flushed && !file.Flush()) || !file.KeepAs(*final_target)) return false;
-  // The new content stands; what a failed flush leaves open is only when the disk knows of it.
-  if (flushed) FlushFolder(FolderOf(*final_target));
-  return true;
+FileFault ReplaceFile(const std::string& target, std::string_view bytes, Durability durability,
+                      const std::string& records) {
+  const auto path = FinalTarget(target);
+  if (!path) return FaultOf(ELOOP);
+  const auto old = StatusOf(*path);
+  if (old) {
+    const FileFault fault = RewriteFault(*path, *old);
+    if (fault != FileFault::None) return fault;
+  }
+  const FileFault fault = ReplaceInOneStep(*path, old, bytes, durability);
+  // InUse: a file that is mounted by itself, as into a sandbox, cannot give way.
+  const bool may_stay = fault == FileFault::NoAccess || fault == FileFault::InUse;
+  return old && may_stay ? RewriteInPlace(*path, bytes, durability, records) : fault;
 }
 
 bool CopyFile(const std::string& source, const std::string& target) {

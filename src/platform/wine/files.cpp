@@ -1,6 +1,7 @@
 #include "platform/wine/files.h"
 
 #include <dirent.h>
+#include <fcntl.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -147,22 +148,35 @@ std::string WineFiles::UserFolder() const {
   return MakePrivateFolder(folders_.user) ? resolver_.WindowsPathOf(folders_.user) : "";
 }
 
+/// Absent, or NoAccess if the last folder on the way that is there is closed to us.
+FileFault WineFiles::WhyNotFound(std::string_view path) const {
+  for (;;) {
+    const std::size_t separator = path.find_last_of("\\/");
+    if (separator == std::string_view::npos) return FileFault::Absent;
+    path = WithoutClosingSeparator(path.substr(0, separator));
+    if (const auto folder = resolver_.Existing(path)) {
+      return faccessat(AT_FDCWD, folder->c_str(), X_OK, AT_EACCESS) == 0 ? FileFault::Absent
+                                                                         : FaultOf(errno);
+    }
+  }
+}
+
 FileContent WineFiles::Read(std::string_view path) const {
-  const auto spelt = resolver_.AsSpelt(path);
-  auto content = spelt ? ReadPlainFile(*spelt, kLargestFile) : std::nullopt;
-  if (content) return {std::move(content)};
+  if (const auto spelt = resolver_.AsSpelt(path)) {
+    auto content = ReadPlainFile(*spelt, kLargestFile);
+    if (content.fault != FileFault::Absent) return content;
+  }
   const auto native = resolver_.Existing(path);
-  if (!native) return {std::nullopt, FileFault::Absent};
-  content = ReadPlainFile(*native, kLargestFile);
-  const FileFault fault = content ? FileFault::None : FileFault::NoAccess;
-  return {std::move(content), fault};
+  if (!native) return {std::nullopt, WhyNotFound(path)};
+  return ReadPlainFile(*native, kLargestFile);
 }
 
 FileFault WineFiles::Replace(std::string_view path, std::string_view bytes, Durability durability) {
   auto target = resolver_.Existing(path);
   if (!target) target = resolver_.ForCreation(path);
-  if (!target) return FileFault::Absent;
-  return ReplaceFile(*target, bytes, durability) ? FileFault::None : FileFault::Other;
+  if (!target) return WhyNotFound(path);
+  if (folders_.app == folders_.user) MakePrivateFolder(folders_.user);
+  return ReplaceFile(*target, bytes, durability, folders_.app);
 }
 
 int WineFiles::MakeFolder(std::string_view path) {

@@ -36,6 +36,7 @@ class WineFiles final : public Files {
 
  private:
   std::optional<std::string> PlainFile(std::string_view path) const;
+  FileFault WhyNotFound(std::string_view path) const;
 
   const PathResolver& resolver_;
   const OwnFolders& folders_;

@@ -41,6 +41,37 @@ bool OpenFile::Close() {
   return close(descriptor) == 0 || errno == EINTR;
 }
 
+FileFault FaultOf(int error) {
+  switch (error) {
+    case ENOENT:
+    case ENOTDIR:
+    case ELOOP:
+    case ENAMETOOLONG:
+      return FileFault::Absent;
+    case EISDIR:
+    case ENXIO:
+    case ENODEV:
+      return FileFault::NotAFile;
+    case EROFS:
+      return FileFault::ReadOnly;
+    case EACCES:
+    case EPERM:
+      return FileFault::NoAccess;
+    case EBUSY:
+    case ETXTBSY:
+    case EAGAIN:
+      return FileFault::InUse;
+    case ENOSPC:
+    case EDQUOT:
+      return FileFault::NoRoom;
+    case EFBIG:
+    case EOVERFLOW:
+      return FileFault::TooLarge;
+    default:
+      return FileFault::Other;
+  }
+}
+
 std::optional<struct stat> StatusOf(const std::string& path) {
   struct stat status {};
   if (stat(path.c_str(), &status) != 0) return std::nullopt;
@@ -75,13 +106,13 @@ bool WriteAll(int descriptor, std::string_view bytes) {
   return true;
 }
 
-std::optional<std::string> ReadPlainFile(const std::string& path, std::size_t limit) {
+FileContent ReadPlainFile(const std::string& path, std::size_t limit) {
+  const auto failed = [](FileFault fault) { return FileContent{std::nullopt, fault}; };
   const OpenFile file(path, O_RDONLY | O_NONBLOCK | O_NOCTTY);
   struct stat status {};
-  if (!file.IsOpen() || fstat(file.Descriptor(), &status) != 0 || !S_ISREG(status.st_mode) ||
-      static_cast<std::size_t>(status.st_size) > limit) {
-    return std::nullopt;
-  }
+  if (!file.IsOpen() || fstat(file.Descriptor(), &status) != 0) return failed(FaultOf(errno));
+  if (!S_ISREG(status.st_mode)) return failed(FileFault::NotAFile);
+  if (static_cast<std::size_t>(status.st_size) > limit) return failed(FileFault::TooLarge);
   // Room for one byte more than the file had when it was opened: a read that leaves it empty has
   // come to the end, so most files take a single one. The kernel's own files tell no size.
   const auto size = static_cast<std::size_t>(status.st_size);
@@ -89,15 +120,15 @@ std::optional<std::string> ReadPlainFile(const std::string& path, std::size_t li
   std::size_t length = 0;
   for (;;) {
     const auto count = ReadSome(file.Descriptor(), &content[length], content.size() - length);
-    if (!count) return std::nullopt;
+    if (!count) return failed(FaultOf(errno));
     if (*count == 0) break;
     length += *count;
-    if (length > limit) return std::nullopt;
+    if (length > limit) return failed(FileFault::TooLarge);
     if (length == size) break;
     if (length == content.size()) content.resize(std::min(limit + 1, 2 * length + 4096));
   }
   content.resize(length);
-  return content;
+  return {std::move(content), FileFault::None};
 }
 
 bool FlushFolder(const std::string& folder) {

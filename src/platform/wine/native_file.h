@@ -8,6 +8,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/files.h"
+
 namespace panelkit {
 
 /// An open file, closed at its end.
@@ -30,7 +32,10 @@ class OpenFile {
   int descriptor_ = -1;
 };
 
-/// What a path reaches, links followed.
+/// What an error number of a file call means for the user; never None.
+FileFault FaultOf(int error);
+
+/// What a path reaches, links followed; nullopt with errno set if it cannot be reached.
 std::optional<struct stat> StatusOf(const std::string& path);
 
 /// Whether both were taken of the same file or folder, unchanged in between as far as size and time
@@ -43,11 +48,10 @@ std::optional<std::size_t> ReadSome(int descriptor, char* buffer, std::size_t si
 /// Writes all bytes, waiting where the receiver is busy. False on failure.
 bool WriteAll(int descriptor, std::string_view bytes);
 
-/// The content of a plain file of at most `limit` bytes; nothing for all else. Never waits for a
-/// pipe's other end.
-std::optional<std::string> ReadPlainFile(const std::string& path, std::size_t limit);
+/// The content of a plain file of at most `limit` bytes. Never waits for a pipe's other end.
+FileContent ReadPlainFile(const std::string& path, std::size_t limit);
 
-/// Has a folder's entries reach the disk. True also where the file system or the folder's
+/// Flushes a folder's entries to the disk. True also where the file system or the folder's
 /// permissions leave no way to ask for it.
 bool FlushFolder(const std::string& folder);
 

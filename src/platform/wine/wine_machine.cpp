@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "platform/wine/native_file.h"
+#include "platform/wine/rewrite_in_place.h"
 
 namespace panelkit {
 
@@ -103,6 +104,7 @@ std::string WineMachine::Charset() const {
 
 std::unique_ptr<LocalMachine> OpenLocalMachine(const std::function<bool(const Machine&)>& wanted) {
   const OwnFolders folders = OwnFoldersOf(ExecutableFolder());
+  FinishRewrites(folders.app);
   const std::vector<WinePrefix> prefixes = WinePrefixes();
   for (const WinePrefix& prefix : prefixes) {
     auto machine = std::make_unique<WineMachine>(prefix, folders);

@@ -2,10 +2,12 @@
 // case.
 #include <doctest/doctest.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <sys/xattr.h>
 #include <unistd.h>
 
 #include "platform/disk.h"
+#include "platform/wine/rewrite_in_place.h"
 
 namespace panelkit::test {
 namespace {
@@ -14,6 +16,28 @@ namespace fs = std::filesystem;
 
 void SetDosAttributes(const fs::path& file, std::string_view text) {
   REQUIRE(setxattr(file.c_str(), "user.DOSATTRIB", text.data(), text.size(), 0) == 0);
+}
+
+/// Has root's own steps bound by permissions, as any other user's are.
+class Bound {
+ public:
+  Bound() { Become(kNobody); }
+  ~Bound() { Become(0); }
+  static constexpr unsigned kNobody = 65534;
+
+ private:
+  static void Become(unsigned id) {
+    if (getuid() == 0) REQUIRE((setegid(0) == 0 && seteuid(0) == 0 && setegid(id) == 0));
+    if (getuid() == 0) REQUIRE(seteuid(id) == 0);
+  }
+};
+
+/// The number of a process that has ended.
+std::string EndedProcess() {
+  const pid_t child = fork();
+  if (child == 0) _exit(0);
+  waitpid(child, nullptr, 0);
+  return std::to_string(child);
 }
 
 TEST_CASE_FIXTURE(Disk, "A long listing gives what Windows would show") {
@@ -57,7 +81,124 @@ TEST_CASE_FIXTURE(Disk, "A rewrite follows links and keeps the owner and the per
   CHECK(status.st_mode == (S_IFREG | 0640U));
   CHECK(status.st_uid == (is_root ? 65534 : getuid()));
   CHECK(fs::is_symlink(folder / "Fs2002.cfg"));
-  CHECK(Tree(folder.Path()) == "Fs2002.cfg\nreal/fs2002.cfg\n");
+  fs::create_symlink("real/new", folder / "dangling");
+  CHECK(files.Replace(At("Dangling"), "made", Durability::Flushed) == FileFault::None);
+  CHECK(Get(folder / "real/new") == "made");
+  fs::create_symlink("gone/new", folder / "astray");
+  CHECK(files.Replace(At("astray"), "", Durability::Flushed) == FileFault::Absent);
+  fs::remove(folder / "astray");
+  CHECK(Tree(folder.Path()) == "Fs2002.cfg\ndangling\nreal/fs2002.cfg\nreal/new\n");
+}
+
+TEST_CASE_FIXTURE(Disk, "A file that cannot be read or written tells why") {
+  Put(folder / "marked", "old");
+  Put(folder / "shut/file", "old");
+  fs::permissions(folder / "marked", fs::perms(0444));
+  fs::permissions(folder / "shut/file", fs::perms(0));
+  fs::create_directory(folder / "closed");
+  Put(folder / "closed/file", "old");
+  fs::permissions(folder / "closed", fs::perms(0));
+  fs::create_directory(folder / "fixed");
+  fs::permissions(folder / "fixed", fs::perms(0555));
+  fs::resize_file((Put(folder / "huge", ""), folder / "huge"), kLargestFile + 1);
+  fs::create_symlink("loop", folder / "loop");
+  REQUIRE(mkfifo((folder / "pipe").c_str(), 0666) == 0);
+  const auto told = [this](const std::string& path) {
+    return std::pair(files.Read(path).fault, files.Replace(path, "new", Durability::Flushed));
+  };
+  using enum FileFault;
+  CHECK(told(At("MARKED")) == std::pair(None, ReadOnly));
+  const Bound bound;
+  CHECK(told(At("Shut\\file")) == std::pair(NoAccess, ReadOnly));
+  CHECK(told(At("Closed\\File")) == std::pair(NoAccess, NoAccess));
+  CHECK(told(At("fixed\\new")) == std::pair(Absent, NoAccess));
+  CHECK(told(At("pipe")) == std::pair(NotAFile, NotAFile));
+  CHECK(told(At("fixed")) == std::pair(NotAFile, NotAFile));
+  CHECK(told("Z:\\dev\\zero") == std::pair(NotAFile, NotAFile));
+  CHECK(told("Z:\\proc\\version") == std::pair(None, ReadOnly));
+  CHECK(files.Read(At("huge")).fault == TooLarge);
+  CHECK(told(At("absent\\x")) == std::pair(Absent, Absent));
+  CHECK(told(At("loop")) == std::pair(Absent, Absent));
+}
+
+TEST_CASE("A file that may be written but not replaced stays the file it is") {
+  const TempFolder folder;
+  const fs::path app = folder / "app";
+  fs::create_directory(app);
+  fs::permissions(app, fs::perms(0777));
+  fs::permissions(folder.Path(), fs::perms(0777));
+  const auto machine = OpenMachineAt(folder.Path(), app);
+  Files& files = machine->Services().files;
+  const bool is_root = getuid() == 0;
+  const struct {
+    const char* name;
+    unsigned owner, group, mode;
+  } cases[] = {{"others", 0, 0, 0666},
+               {"foreign group", Bound::kNobody, 0, 0640},
+               {"closed/file", Bound::kNobody, Bound::kNobody, 0600}};
+  for (const auto& tied : cases) {
+    const fs::path file = folder / tied.name;
+    Put(file, "the old content");
+    fs::permissions(file, fs::perms(tied.mode));
+    if (is_root) REQUIRE(chown(file.c_str(), tied.owner, tied.group) == 0);
+  }
+  fs::permissions(folder / "closed", fs::perms(0555));
+  for (const auto& tied : cases) {
+    CAPTURE(tied.name);
+    struct stat before {
+    }, after{};
+    REQUIRE(stat((folder / tied.name).c_str(), &before) == 0);
+    for (const Durability durability : {Durability::Flushed, Durability::Buffered}) {
+      const Bound bound;
+      CHECK(files.Replace(machine->WindowsPath((folder / tied.name).native()), "new", durability) ==
+            FileFault::None);
+    }
+    REQUIRE(stat((folder / tied.name).c_str(), &after) == 0);
+    CHECK(Get(folder / tied.name) == "new");
+    CHECK(after.st_mode == before.st_mode);
+    CHECK(after.st_uid == before.st_uid);
+    CHECK(after.st_gid == before.st_gid);
+    if (is_root) CHECK(after.st_ino == before.st_ino);
+  }
+  CHECK(Tree(folder.Path()) == "closed/file\nforeign group\nothers\n");
+}
+
+TEST_CASE_FIXTURE(Disk, "What killed runs left is finished or removed, what others do stays") {
+  const std::string ended = EndedProcess();
+  const std::string alive = std::to_string(getpid());
+  const auto record = [this](const std::string& maker, const fs::path& file) {
+    const std::string path = file.native();
+    Put(folder / ("rewrite-" + maker),
+        std::to_string(path.size()) + " 8 4\n" + path + "old textNEW!");
+    fs::permissions(folder / ("rewrite-" + maker), fs::perms(0600));
+  };
+  const struct {
+    std::string left, finished;
+    bool record_stays;
+  } contents[] = {{"NEW text", "NEW!", false},
+                  {"NEW!", "NEW!", false},
+                  {"old text", "old text", false},
+                  {"others'", "others'", true}};
+  for (const auto& content : contents) {
+    Put(folder / "file", content.left);
+    record(ended + "-7", folder / "file");
+    FinishRewrites(folder.Path());
+    CHECK(Get(folder / "file") == content.finished);
+    CHECK(fs::remove(folder / ("rewrite-" + ended + "-7")) == content.record_stays);
+  }
+  // Not yet whole, of a living process, or such as anybody can have written.
+  Put(folder / "file", "NEW text");
+  Put(folder / ("rewrite-" + ended + "-0"), "20 8 4\nNEW!");
+  record(alive + "-0", folder / "file");
+  record(ended + "-1", folder / "file");
+  fs::permissions(folder / ("rewrite-" + ended + "-1"), fs::perms(0666));
+  Put(folder / (".panelkit-" + ended + "-0.tmp"), "half");
+  Put(folder / (".panelkit-" + alive + "-0.tmp"), "being written");
+  FinishRewrites(folder.Path());
+  CHECK(files.Replace(At("page"), "page", Durability::Buffered) == FileFault::None);
+  CHECK(Get(folder / "file") == "NEW text");
+  CHECK(Tree(folder.Path()) == ".panelkit-" + alive + "-0.tmp\nfile\npage\nrewrite-" + alive +
+                                   "-0\nrewrite-" + ended + "-1\n");
 }
 
 TEST_CASE_FIXTURE(Disk,

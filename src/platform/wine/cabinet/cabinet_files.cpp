@@ -49,7 +49,6 @@ std::optional<std::string> TargetPaths::Find(std::string_view windows_path) {
   const auto [known, is_new] = folders_.try_emplace(folder);
   NamesByLoweredName& names = known->second;
   if (is_new) {
-    RemoveStaleTemporaries(folder);
     for (const auto& entry : ReadFolder(folder).value_or(std::vector<FolderEntry>())) {
       std::string& name = names[Lowered(entry.name)];
       if (name.empty() || entry.name < name) name = entry.name;
