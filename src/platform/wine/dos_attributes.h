@@ -5,11 +5,27 @@
 
 #include <string>
 
+#include "platform/wine/native_file.h"
+
 namespace panelkit {
 
 /// Whether the file is hidden or a system file: by its extended attribute "user.DOSATTRIB" (Wine's
 /// and Samba's text form, "0x22": 2 is hidden, 4 is system), or by a name that begins with a dot.
 bool IsHiddenOrSystem(const std::string& native_path);
+
+/// The entries of one folder: as IsHiddenOrSystem of each, but without a walk of the whole path for
+/// each where the system can do so. Any number of threads may ask.
+class FolderAttributes {
+ public:
+  explicit FolderAttributes(std::string folder);
+
+  /// `name` is an entry of the folder.
+  bool IsHiddenOrSystem(const std::string& name) const;
+
+ private:
+  std::string folder_;
+  OpenFile opened_;
+};
 
 /// Whether the file is read-only to Windows: nobody may write to it.
 bool IsReadOnly(const struct stat& status);

@@ -19,7 +19,7 @@ std::string WithoutClosingSlash(std::string path) {
   return path;
 }
 
-/// The part of `path` behind `folder`, or nothing where the folder does not hold it.
+/// The part of `path` behind `folder`; nullopt if the folder does not hold it.
 std::optional<std::string> Behind(const std::string& folder, std::string_view path) {
   if (!path.starts_with(folder)) return std::nullopt;
   const std::string_view rest = path.substr(folder.size());

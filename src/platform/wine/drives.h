@@ -16,18 +16,20 @@ class Drives {
   explicit Drives(std::string_view prefix);
 
   /// The native folder of the drive `letter` (either case), without a closing slash ("" for "/");
-  /// nothing where there is no such drive. The folder need not exist.
+  /// nullopt if there is no such drive. The folder need not exist.
   std::optional<std::string> Root(char letter) const;
 
-  /// The native folder that holds one folder a server, for paths like "\\server\share".
+  /// The native folder that holds a folder for each server, for paths like "\\server\share".
   std::string NetworkRoot() const;
 
-  /// The letter of the drive whose folder holds the absolute native path most closely, and the rest
-  /// of the path, empty or beginning with a slash. 'Z' and the whole path where none does.
+  /// A path seen from a drive.
   struct Place {
     char letter;
-    std::string rest;
+    std::string rest;  ///< Empty or beginning with a slash.
   };
+
+  /// The drive whose folder is the deepest that holds the absolute native path, and the rest of the
+  /// path. 'Z' and the whole path if none does.
   Place Holding(std::string_view native_path) const;
 
  private:

@@ -42,11 +42,10 @@ unsigned char KindOf(const FolderEntry& entry, const std::string& folder) {
 /// a listing takes, the more so on a disk that has to look for each.
 void RemoveHidden(const std::string& folder, std::vector<ListedEntry>& entries) {
   constexpr std::size_t kLeastShare = 256;  // Worth a thread.
-  const auto clear_hidden = [&folder, &entries](std::size_t begin, std::size_t end) {
-    std::string path = folder + '/';
+  const FolderAttributes attributes(folder);
+  const auto clear_hidden = [&attributes, &entries](std::size_t begin, std::size_t end) {
     for (std::size_t i = begin; i < end; ++i) {
-      path.replace(folder.size() + 1, std::string::npos, entries[i].name);
-      if (IsHiddenOrSystem(path)) entries[i].name.clear();
+      if (attributes.IsHiddenOrSystem(entries[i].name)) entries[i].name.clear();
     }
   };
   const std::size_t share =

@@ -4,7 +4,9 @@
 #include <charconv>
 #include <utility>
 
+#include "platform/files.h"
 #include "platform/wine/letter_case.h"
+#include "platform/wine/native_file.h"
 
 namespace panelkit {
 
@@ -21,12 +23,13 @@ class OpenHiveKey final : public RegistryKey {
     const auto& names = key_.Subkeys();
     if (index < 0 || static_cast<std::size_t>(index) >= names.size()) return std::nullopt;
     const std::string& name = names[static_cast<std::size_t>(index)];
-    if (text_.ToAnsi(name).size() + 1 > kRegistryBufferSize) return std::nullopt;
-    return name;
+    const std::string bytes = text_.ToAnsi(name);
+    if (bytes.size() + 1 > kRegistryBufferSize) return std::nullopt;
+    return text_.FromAnsi(bytes);
   }
 
   std::optional<RegistryValue> RegQueryValueExA(std::string_view name) const override {
-    auto found = key_.Value(name);
+    auto found = key_.Value(text_.FromAnsi(text_.ToAnsi(name)));
     if (!found) return std::nullopt;
     RegistryValue value{found->type,
                         found->is_text ? text_.ToAnsi(found->content) : std::move(found->content)};
@@ -57,12 +60,25 @@ std::string Redirected(std::string_view path) {
 
 }  // namespace
 
+std::shared_ptr<const Hive> HiveFile::Current() {
+  const auto status = StatusOf(path_);
+  if (!status) return nullptr;
+  if (!hive_ || !IsSameState(*status, read_)) {
+    auto text = ReadPlainFile(path_, kLargestFile).bytes;
+    if (!text) return nullptr;
+    hive_ = std::make_shared<const Hive>(*std::move(text));
+    read_ = *status;
+  }
+  return hive_;
+}
+
 std::unique_ptr<RegistryKey> WineRegistry::RegOpenKeyA(std::uint32_t root,
                                                        std::string_view path) const {
   if (root != HKEY_LOCAL_MACHINE_VALUE) return nullptr;
   auto hive = file_.Current();
   if (!hive) return nullptr;
-  auto key = hive->Find(hive->IsWin64() ? Redirected(path) : path);
+  const std::string passed = text_.FromAnsi(text_.ToAnsi(path));
+  auto key = hive->Find(hive->IsWin64() ? Redirected(passed) : passed);
   if (!key) return nullptr;
   return std::make_unique<OpenHiveKey>(std::move(hive), *std::move(key), text_);
 }

@@ -3,6 +3,7 @@
 #include <array>
 #include <cerrno>
 #include <optional>
+#include <utility>
 
 #include "platform/wine/letter_case.h"
 #include "platform/wine/utf8.h"
@@ -45,6 +46,11 @@ std::optional<Output> ConvertOne(const IconvHandle& conversion, std::string_view
   if (!converted || out_left == sizeof output) return std::nullopt;
   return output;
 }
+
+/// Code pages whose name on the web is not "windows-" and their number.
+constexpr std::pair<unsigned, const char*> kCharsets[] = {
+    {932, "shift_jis"}, {936, "gbk"}, {949, "euc-kr"}, {950, "big5"}, {kUtf8Page, "utf-8"},
+};
 
 std::string IconvName(unsigned page) {
   return "CP" + std::to_string(page);
@@ -124,6 +130,13 @@ char32_t WineText::Decode(std::string_view bytes, std::size_t& position) const {
     }
   }
   return Placeholder(byte);
+}
+
+std::string WineText::Charset() const {
+  for (const auto& [page, name] : kCharsets) {
+    if (page == page_) return name;
+  }
+  return "windows-" + std::to_string(page_);
 }
 
 std::string WineText::FromAnsi(std::string_view bytes) const {

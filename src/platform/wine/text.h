@@ -21,8 +21,8 @@ class WineText final : public Text {
   /// `page` is a Windows code page number; one that iconv does not know counts as 1252.
   explicit WineText(unsigned page);
 
-  /// The code page in use.
-  unsigned Page() const { return page_; }
+  /// The name of the code page in use, as web browsers know it.
+  std::string Charset() const;
 
   std::string FromAnsi(std::string_view bytes) const override;
   std::string ToAnsi(std::string_view text) const override;

@@ -84,22 +84,7 @@ std::vector<std::string> WineMachine::FoldersOfOwnFiles() const {
 }
 
 std::string WineMachine::Charset() const {
-  switch (text_.Page()) {
-    case 874:
-      return "windows-874";
-    case 932:
-      return "shift_jis";
-    case 936:
-      return "gbk";
-    case 949:
-      return "euc-kr";
-    case 950:
-      return "big5";
-    case 65001:
-      return "utf-8";
-    default:
-      return "windows-" + std::to_string(text_.Page());
-  }
+  return text_.Charset();
 }
 
 std::unique_ptr<LocalMachine> OpenLocalMachine(const std::function<bool(const Machine&)>& wanted) {

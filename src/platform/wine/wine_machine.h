@@ -10,7 +10,6 @@
 #include "platform/wine/date_stamps.h"
 #include "platform/wine/files.h"
 #include "platform/wine/folder_walk.h"
-#include "platform/wine/hive_file.h"
 #include "platform/wine/own_folders.h"
 #include "platform/wine/path_resolver.h"
 #include "platform/wine/registry.h"

@@ -50,6 +50,8 @@ TEST_CASE_FIXTURE(PrefixRegistry,
 [Software\\Dir\\_a] 1
 [Software\\Dir\\zoo\\Deep] 1
 [Software\\Dir\\Flight \[x\] \xe4\x20ac\xd83d\xde00] 1
+"Path"="C:\\Other"
+[Software\\Dir\\Flight \[x\] \xe4\x20ac] 1
 "Path"="C:\\FS"
 [Software\\Dir\\apple] 1
 [Software\\DirOther] 1
@@ -58,9 +60,13 @@ TEST_CASE_FIXTURE(PrefixRegistry,
 "Current"=dword:00000031
 )";
   Write("#arch=win32\n" + keys);
-  CHECK(Subkeys(registry, R"(SOFTWARE\dir)") == "apple|Flight [x] ä€😀|zoo|_a|");
+  CHECK(Subkeys(registry, R"(SOFTWARE\dir)") == "apple|Flight [x] ä€|Flight [x] ä€?|zoo|_a|");
   CHECK(Subkeys(registry, R"(Software\Di)") == "(no key)");
-  CHECK(Value(registry, R"(Software\Dir\FLIGHT [X] Ä€😀)", "path") == "1 C:\\FS$");
+  CHECK(Value(registry, R"(Software\Dir\FLIGHT [X] Ä€)", "path") == "1 C:\\FS$");
+  for (const char* letter : {"?", "😀"}) {
+    CHECK(Value(registry, R"(Software\Dir\Flight [x] ä€)" + std::string(letter), "Path") ==
+          "(no key)");
+  }
   Write("#arch=win64\n" + keys);
   CHECK(Subkeys(registry, R"(SOFTWARE\dir)") == "Only32|");
   CHECK(Subkeys(registry, R"(software\WOW6432NODE\Dir)") == "Only32|");
