@@ -65,7 +65,7 @@ TEST_CASE_FIXTURE(PrefixRegistry,
   CHECK(Value(registry, R"(Software\Dir\FLIGHT [X] Ä€)", "path") == "1 C:\\FS$");
   for (const char* letter : {"?", "😀"}) {
     CHECK(Value(registry, R"(Software\Dir\Flight [x] ä€)" + std::string(letter), "Path") ==
-          "(no key)");
+          "(none)");
   }
   Write("#arch=win64\n" + keys);
   CHECK(Subkeys(registry, R"(SOFTWARE\dir)") == "Only32|");
