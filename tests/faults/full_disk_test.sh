@@ -52,7 +52,7 @@ small_disk "$work/full" 100
 cp "$work/fs2002.cfg" "$work/full"
 fill "$work/full"
 expect 2 brake off --simulator "$work/full"
-complains 'cannot be written'
+complains 'the disk is full'
 [ "$(contents "$work/full")" = "$(sums "$work/fs2002.cfg")" ] || fail 'the configuration changed'
 
 small_disk "$work/unpacked" 100
@@ -66,6 +66,7 @@ before=$(contents "$work/full" "$work/unpacked")
 mount -o remount,ro "$work/full"
 mount -o remount,ro "$work/unpacked"
 expect 2 brake off --simulator "$work/full"
+complains 'it is read-only'
 expect 2 cab extract "$work/x.cab" --output-path "$work/unpacked"
 complains '(error 19)'
 [ "$(contents "$work/full" "$work/unpacked")" = "$before" ] || fail 'a write-protected file changed'
