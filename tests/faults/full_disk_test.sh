@@ -19,7 +19,7 @@ fill() { head -c 1M /dev/zero >"$1/filling" 2>/dev/null; }
 # contents FOLDER...: each file in them but the filling.
 contents() { sums "$@" ! -name filling; }
 
-rm "$gauges"/*
+rm -r "${gauges:?}"/*
 for i in {1..9}; do head -c 20000 /dev/urandom >"$gauges/spare_$i.gau"; done
 all=$(contents "$gauges")
 (cd "$gauges" && gcab -c "$work/x.cab" *)
