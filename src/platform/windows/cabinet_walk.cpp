@@ -11,7 +11,9 @@
 #include <iterator>
 #include <optional>
 
+#include "platform/windows/extracted_file.h"
 #include "platform/windows/handle.h"
+#include "platform/windows/native_file.h"
 #include "platform/windows/paths.h"
 #include "platform/windows/wide.h"
 
@@ -30,35 +32,41 @@ static_assert(sizeof(FILE_IN_CABINET_INFO_A::FullTargetName) == kLongestTargetNa
 /// One walk, from the call of the service to its return.
 class Walk {
  public:
-  Walk(const Text& text, CabinetMsgHandler handler, std::uint32_t context)
-      : text_(text), handler_(handler), context_(context) {}
+  Walk(const Text& text, const ShortLocks& locks, CabinetMsgHandler handler, std::uint32_t context)
+      : text_(text), locks_(locks), handler_(handler), context_(context) {}
 
-  /// The error that the walk ended with: none for one that the handler aborted.
+  /// Whether the handler, or an error of ours, ended the walk before its end.
   bool Stopped() const { return stopped_; }
+
+  /// The error that a stopped walk ends with: 0 if the handler aborted it.
   DWORD Error() const { return error_; }
+
+  /// Raises what the handler raised.
   void RaisePending() const {
     if (raised_) std::rethrow_exception(raised_);
   }
 
   /// Called by the service for each event. No exception leaves it: the frames between here and the
   /// caller are the system's, and cannot be unwound in a 32-bit program.
-  static UINT CALLBACK Notify(PVOID walk, UINT notification, UINT_PTR param1, UINT_PTR param2) {
-    return static_cast<Walk*>(walk)->Handle(notification, param1, param2);
+  static UINT CALLBACK Notify(PVOID walk, UINT notification, UINT_PTR param1, UINT_PTR /*param2*/) {
+    return static_cast<Walk*>(walk)->Handle(notification, param1);
   }
 
  private:
-  UINT Handle(UINT notification, UINT_PTR param1, UINT_PTR param2) {
+  UINT Handle(UINT notification, UINT_PTR record) {
     // Some implementations go on after an abort or an error: the rest is held back from the
     // handler.
     if (stopped_) return notification == SPFILENOTIFY_FILEINCABINET ? FILEOP_ABORT : error_;
     try {
       switch (notification) {
         case SPFILENOTIFY_FILEINCABINET:
-          return FileInCabinet(*reinterpret_cast<FILE_IN_CABINET_INFO_A*>(param1), param2);
+          return FileInCabinet(*reinterpret_cast<FILE_IN_CABINET_INFO_A*>(record));
         case SPFILENOTIFY_FILEEXTRACTED:
-          return FileExtracted(*reinterpret_cast<const FILEPATHS_A*>(param1), param2);
+          return FileExtracted(*reinterpret_cast<const FILEPATHS_A*>(record));
+        case SPFILENOTIFY_NEEDNEWCABINET:
+          return NeedNewCabinet(*reinterpret_cast<const CABINET_INFO_A*>(record));
         default:
-          return handler_(context_, notification, param1, param2);
+          return handler_(context_, notification, record, 0);
       }
     } catch (...) {
       raised_ = std::current_exception();
@@ -67,66 +75,81 @@ class Walk {
     }
   }
 
-  UINT FileInCabinet(FILE_IN_CABINET_INFO_A& theirs, UINT_PTR param2) {
+  UINT FileInCabinet(FILE_IN_CABINET_INFO_A& theirs) {
     const std::string name = text_.FromAnsi(theirs.NameInCabinet);
     panelkit::FILE_IN_CABINET_INFO ours;
     ours.NameInCabinet = name.c_str();
     ours.FileSize = theirs.FileSize;
     ours.DosDate = theirs.DosDate;
     ours.DosTime = theirs.DosTime;
-    const UINT answer = handler_(context_, SPFILENOTIFY_FILEINCABINET,
-                                 reinterpret_cast<std::uintptr_t>(&ours), param2);
+    const UINT answer =
+        handler_(context_, SPFILENOTIFY_FILEINCABINET, reinterpret_cast<std::uintptr_t>(&ours), 0);
     if (answer == FILEOP_DOIT) {
-      const std::string target = text_.ToAnsi(ours.FullTargetName).substr(0, kLongestTargetName);
-      *std::ranges::copy(target, theirs.FullTargetName).out = '\0';
+      file_.emplace(text_, ours.FullTargetName);
+      *std::ranges::copy(file_->NameForService(), theirs.FullTargetName).out = '\0';
     }
     if (answer == FILEOP_ABORT) stopped_ = true;
     return answer;
   }
 
-  UINT FileExtracted(const FILEPATHS_A& theirs, UINT_PTR param2) {
-    const std::string target = text_.FromAnsi(theirs.Target);
-    const panelkit::FILEPATHS ours{target.c_str(), theirs.Win32Error};
-    error_ = handler_(context_, SPFILENOTIFY_FILEEXTRACTED, reinterpret_cast<std::uintptr_t>(&ours),
-                      param2);
+  UINT FileExtracted(const FILEPATHS_A& theirs) {
+    const std::string target = file_ ? file_->Target() : text_.FromAnsi(theirs.Target);
+    DWORD outcome = theirs.Win32Error;
+    if (file_ && outcome == ERROR_SUCCESS) outcome = file_->Keep(locks_);
+    file_.reset();
+    const panelkit::FILEPATHS ours{target.c_str(), outcome};
+    error_ =
+        handler_(context_, SPFILENOTIFY_FILEEXTRACTED, reinterpret_cast<std::uintptr_t>(&ours), 0);
+    stopped_ = error_ != ERROR_SUCCESS;
+    return error_;
+  }
+
+  /// The service looks for the next cabinet where it is told to, in the same folder unless it is
+  /// told otherwise, and asks again, without end, for one that is not there.
+  UINT NeedNewCabinet(const CABINET_INFO_A& theirs) {
+    const std::string name = theirs.CabinetFile == nullptr ? "" : theirs.CabinetFile;
+    error_ = name == asked_for_ ? ERROR_FILE_NOT_FOUND
+                                : handler_(context_, SPFILENOTIFY_NEEDNEWCABINET,
+                                           reinterpret_cast<std::uintptr_t>(&theirs), 0);
+    asked_for_ = name;
     stopped_ = error_ != ERROR_SUCCESS;
     return error_;
   }
 
   const Text& text_;
+  const ShortLocks& locks_;
   CabinetMsgHandler handler_;
   std::uint32_t context_;
+  std::optional<ExtractedFile> file_;     // Being written.
+  std::optional<std::string> asked_for_;  // The next cabinet that the service last asked for.
   bool stopped_ = false;
   DWORD error_ = ERROR_SUCCESS;
   std::exception_ptr raised_;
 };
 
-/// The path in the narrow form that the service takes; by its short name where the code page lacks
-/// a letter of it or it is too long.
+/// A path (of FilePath) in the narrow form that the service takes: by its short name if the code
+/// page lacks a letter of it or it is too long. nullopt if the service cannot be told of it.
 std::optional<std::string> NarrowPath(const Text& text, const std::wstring& path) {
-  const auto fits = [&text](const std::wstring& candidate) -> std::optional<std::string> {
-    const std::string utf8 = Utf8(candidate);
+  const auto narrowed = [&text](const std::wstring& candidate) -> std::optional<std::string> {
+    const std::string utf8 = Utf8(PlainForm(candidate));
     std::string narrow = text.ToAnsi(utf8);
-    if (narrow.size() >= MAX_PATH || text.FromAnsi(narrow) != utf8) return std::nullopt;
+    if (narrow.empty() || narrow.size() >= MAX_PATH || text.FromAnsi(narrow) != utf8) {
+      return std::nullopt;
+    }
     return narrow;
   };
-  if (std::optional<std::string> narrow = fits(path)) return narrow;
+  if (std::optional<std::string> narrow = narrowed(path)) return narrow;
   std::wstring short_path(GetShortPathNameW(path.c_str(), nullptr, 0), L'\0');
   short_path.resize(
       GetShortPathNameW(path.c_str(), short_path.data(), static_cast<DWORD>(short_path.size())));
-  if (short_path.starts_with(L"\\\\?\\")) short_path.erase(0, 4);
-  if (short_path.empty()) return std::nullopt;
-  return fits(short_path);
+  return narrowed(short_path);
 }
 
 /// What prevents reading the file: the service does not always say.
-DWORD ReadError(const std::wstring& path) {
-  if (path.empty()) return ERROR_FILE_NOT_FOUND;
-  SetLastError(ERROR_SUCCESS);
-  const windows::Handle file(CreateFileW(path.c_str(), GENERIC_READ,
-                                         FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
-                                         nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
-  return file ? ERROR_SUCCESS : ::GetLastError();
+DWORD ReadError(const std::wstring& path, const ShortLocks& locks) {
+  const windows::Handle file = locks.Try([&path] { return Open(path, GENERIC_READ, 0); });
+  if (file) return ERROR_SUCCESS;
+  return ::GetLastError() == ERROR_DIRECTORY ? ERROR_ACCESS_DENIED : ::GetLastError();
 }
 
 }  // namespace
@@ -135,7 +158,7 @@ std::uint32_t WindowsCabinetWalk::SetupIterateCabinetA(const std::string& Cabine
                                                        CabinetMsgHandler MsgHandler,
                                                        std::uint32_t Context) {
   const std::wstring path = FilePath(CabinetFile);
-  last_error_ = static_cast<std::int32_t>(ReadError(path));
+  last_error_ = static_cast<std::int32_t>(ReadError(path, locks_));
   if (last_error_ != ERROR_SUCCESS) return 0;
   const std::optional<std::string> narrow = NarrowPath(text_, path);
   if (!narrow) {
@@ -143,7 +166,7 @@ std::uint32_t WindowsCabinetWalk::SetupIterateCabinetA(const std::string& Cabine
     return 0;
   }
 
-  Walk walk(text_, MsgHandler, Context);
+  Walk walk(text_, locks_, MsgHandler, Context);
   SetLastError(ERROR_SUCCESS);
   const bool walked = ::SetupIterateCabinetA(narrow->c_str(), 0, &Walk::Notify, &walk) != 0;
   const DWORD service_error = ::GetLastError();

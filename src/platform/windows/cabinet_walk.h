@@ -1,16 +1,18 @@
-// The cabinet walk by setupapi.
+// The cabinet service of this Windows, setupapi.dll.
 #pragma once
 
 #include "platform/cabinet_walk.h"
 #include "platform/text.h"
+#include "platform/windows/file_errors.h"
 
 namespace panelkit::windows {
 
-/// The system's own service, with its differences between systems levelled out.
+/// The system's own service, with its differences between systems levelled out. Entries are
+/// extracted under temporary names and get their own when they are whole.
 class WindowsCabinetWalk : public CabinetWalk {
  public:
-  /// `text` outlives this object.
-  explicit WindowsCabinetWalk(const Text& text) : text_(text) {}
+  /// Both outlive this object.
+  WindowsCabinetWalk(const Text& text, const ShortLocks& locks) : text_(text), locks_(locks) {}
 
   std::uint32_t SetupIterateCabinetA(const std::string& CabinetFile, CabinetMsgHandler MsgHandler,
                                      std::uint32_t Context) override;
@@ -18,6 +20,7 @@ class WindowsCabinetWalk : public CabinetWalk {
 
  private:
   const Text& text_;
+  const ShortLocks& locks_;
   std::int32_t last_error_ = 0;
 };
 

@@ -2,8 +2,10 @@
 
 #include <windows.h>
 
-#include "platform/windows/file_content.h"
-#include "platform/windows/handle.h"
+#include "platform/windows/file_replacement.h"
+#include "platform/windows/native_file.h"
+#include "platform/windows/new_file.h"
+#include "platform/windows/own_folders.h"
 #include "platform/windows/paths.h"
 
 namespace panelkit::windows {
@@ -14,93 +16,41 @@ constexpr int kOtherFailure = 57;
 
 constexpr DWORD kHiddenOrSystem = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
 
-/// INVALID_FILE_ATTRIBUTES where nothing has that name.
-DWORD Attributes(const std::wstring& path) {
-  return path.empty() ? INVALID_FILE_ATTRIBUTES : GetFileAttributesW(path.c_str());
-}
-
-bool Reach(const Handle& file, BY_HANDLE_FILE_INFORMATION& information) {
-  return file && GetFileInformationByHandle(file.Get(), &information) != 0;
-}
-
-bool SameFile(const std::wstring& path, const std::wstring& other) {
-  // Both stay open: only then are the two numbers comparable.
-  const Handle first = OpenAny(path);
-  const Handle second = OpenAny(other);
-  BY_HANDLE_FILE_INFORMATION a{};
-  BY_HANDLE_FILE_INFORMATION b{};
-  return Reach(first, a) && Reach(second, b) && a.dwVolumeSerialNumber == b.dwVolumeSerialNumber &&
-         a.nFileIndexHigh == b.nFileIndexHigh && a.nFileIndexLow == b.nFileIndexLow;
-}
-
-/// Has a copy reach the disk; a read-only one is opened for the length of the call.
-bool FlushCopy(const std::wstring& path) {
-  const DWORD attributes = Attributes(path);
-  const bool read_only = (attributes & FILE_ATTRIBUTE_READONLY) != 0;
-  if (read_only) SetFileAttributesW(path.c_str(), attributes & ~FILE_ATTRIBUTE_READONLY);
-  bool flushed = false;
-  {
-    const Handle file(CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
-                                  OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
-    flushed = file && FlushFileBuffers(file.Get()) != 0;
-  }
-  if (read_only) SetFileAttributesW(path.c_str(), attributes);
-  return flushed;
-}
-
-/// Read-only, hidden and system files stop a call that would replace them.
-void MakeReplaceable(const std::wstring& path) {
-  const DWORD attributes = Attributes(path);
-  if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) return;
-  if ((attributes & (FILE_ATTRIBUTE_READONLY | kHiddenOrSystem)) != 0) {
-    SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_NORMAL);
-  }
-}
-
-bool Move(const std::wstring& from, const std::wstring& to) {
-  return MoveFileExW(from.c_str(), to.c_str(),
-                     MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
-}
-
 }  // namespace
 
 bool WindowsFiles::IsFolder(std::string_view path) const {
-  const DWORD attributes = Attributes(FilePath(path));
-  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+  return Has(AttributesOf(FilePath(path)), FILE_ATTRIBUTE_DIRECTORY);
 }
 
 bool WindowsFiles::IsPlainFile(std::string_view path) const {
-  const DWORD attributes = Attributes(FilePath(path));
+  const DWORD attributes = AttributesOf(FilePath(path));
   return attributes != INVALID_FILE_ATTRIBUTES &&
-         (attributes & (FILE_ATTRIBUTE_DIRECTORY | kHiddenOrSystem)) == 0;
+         !Has(attributes, FILE_ATTRIBUTE_DIRECTORY | kHiddenOrSystem);
 }
 
 bool WindowsFiles::Exists(std::string_view path) const {
-  return Attributes(FilePath(path)) != INVALID_FILE_ATTRIBUTES;
+  return AttributesOf(FilePath(path)) != INVALID_FILE_ATTRIBUTES;
 }
 
 bool WindowsFiles::IsSame(std::string_view path, std::string_view other) const {
-  return SameFile(FilePath(path), FilePath(other));
+  return IsSameFile(FilePath(path), FilePath(other));
 }
 
 bool WindowsFiles::IsLink(std::string_view path) const {
-  const DWORD attributes = Attributes(FilePath(path));
-  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
+  return windows::IsLink(FilePath(path));
 }
 
 std::string WindowsFiles::UserFolder() const {
-  return {};
+  return windows::UserFolder();
 }
 
 FileContent WindowsFiles::Read(std::string_view path) const {
-  auto bytes = ReadContent(FilePath(path));
-  const FileFault fault = bytes ? FileFault::None : FileFault::Other;
-  return {std::move(bytes), fault};
+  return ReadPlainFile(FilePath(path), locks_);
 }
 
 FileFault WindowsFiles::Replace(std::string_view path, std::string_view bytes,
                                 Durability durability) {
-  return ReplaceContent(FilePath(path), bytes, durability) ? FileFault::None : FileFault::Other;
+  return ReplaceContent(FilePath(path), bytes, durability, locks_);
 }
 
 int WindowsFiles::MakeFolder(std::string_view path) {
@@ -120,37 +70,32 @@ int WindowsFiles::MakeFolder(std::string_view path) {
 }
 
 bool WindowsFiles::Copy(std::string_view source, std::string_view target) {
-  const std::wstring from = FilePath(source);
-  const std::wstring to = FilePath(target);
-  if (from.empty() || to.empty() || SameFile(from, to)) return false;
-  MakeReplaceable(to);
-  if (CopyFileW(from.c_str(), to.c_str(), FALSE) && FlushCopy(to)) return true;
-  MakeReplaceable(to);
-  DeleteFileW(to.c_str());
-  return false;
+  return CopyPlainFile(FilePath(source), FilePath(target), locks_);
 }
 
 bool WindowsFiles::Rename(std::string_view from, std::string_view to) {
   const std::wstring source = FilePath(from);
   const std::wstring target = FilePath(to);
-  if (source.empty() || target.empty()) return false;
-  if (!SameFile(source, target)) MakeReplaceable(target);
-  if (!Move(source, target)) return false;
+  if (source.empty() || target.empty() || !MoveOver(source, target, locks_)) return false;
   if (SpelledAsOnDisk(target) == target) return true;
   // Wine leaves the spelling of a file that gave way.
-  const std::wstring between = TemporaryName(target);
-  return Move(target, between) && Move(between, target);
+  const std::wstring between = TemporaryPathBeside(target);
+  return MoveOver(target, between, locks_) && MoveOver(between, target, locks_);
 }
 
 bool WindowsFiles::Delete(std::string_view path) {
   const std::wstring file = FilePath(path);
-  const DWORD attributes = Attributes(file);
-  if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0 ||
-      !SetFileAttributesW(file.c_str(), FILE_ATTRIBUTE_NORMAL)) {
+  const DWORD attributes = AttributesOf(file);
+  if (attributes == INVALID_FILE_ATTRIBUTES || Has(attributes, FILE_ATTRIBUTE_DIRECTORY)) {
     return false;
   }
-  if (DeleteFileW(file.c_str())) return true;
-  SetFileAttributesW(file.c_str(), attributes);
+  const bool is_read_only = Has(attributes, FILE_ATTRIBUTE_READONLY);
+  if (is_read_only) SetFileAttributesW(file.c_str(), FILE_ATTRIBUTE_NORMAL);
+  const bool deleted = locks_.Try([&file] { return DeleteFileW(file.c_str()) != 0; });
+  // For a user who may not write there, Windows may have made a private copy of the file when its
+  // attributes were set: that copy is deleted with success, and the file is there as before.
+  if (deleted && AttributesOf(file) == INVALID_FILE_ATTRIBUTES) return true;
+  if (is_read_only) SetFileAttributesW(file.c_str(), attributes);
   return false;
 }
 

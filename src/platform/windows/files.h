@@ -1,17 +1,18 @@
-// Files by the wide calls of kernel32.
+// The files of this Windows.
 #pragma once
 
 #include "platform/files.h"
 #include "platform/text.h"
+#include "platform/windows/file_errors.h"
 
 namespace panelkit::windows {
 
 /// The file system of this Windows. Device names and pipes name nothing here.
 class WindowsFiles : public Files {
  public:
-  /// `app_folder` as AppFolder gives it; `text` outlives this object.
-  WindowsFiles(std::string app_folder, const Text& text)
-      : app_folder_(std::move(app_folder)), text_(text) {}
+  /// `app_folder` as AppFolder gives it; `text` and `locks` outlive this object.
+  WindowsFiles(std::string app_folder, const Text& text, const ShortLocks& locks)
+      : app_folder_(std::move(app_folder)), text_(text), locks_(locks) {}
 
   std::string AppFolder() const override { return app_folder_; }
   std::string UserFolder() const override;
@@ -25,8 +26,6 @@ class WindowsFiles : public Files {
   FileContent Read(std::string_view path) const override;
   FileFault Replace(std::string_view path, std::string_view bytes, Durability durability) override;
   int MakeFolder(std::string_view path) override;
-
-  /// As promised, but that the copy's access rights are those that its folder hands down.
   bool Copy(std::string_view source, std::string_view target) override;
   bool Rename(std::string_view from, std::string_view to) override;
   bool Delete(std::string_view path) override;
@@ -34,6 +33,7 @@ class WindowsFiles : public Files {
  private:
   std::string app_folder_;
   const Text& text_;
+  const ShortLocks& locks_;
 };
 
 }  // namespace panelkit::windows

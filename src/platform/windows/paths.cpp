@@ -11,6 +11,10 @@ namespace {
 /// fits beside every file.
 constexpr std::size_t kPlainLimit = 200;
 
+/// What stands before a path without that limit; the second form for one on a server.
+constexpr std::wstring_view kFree = LR"(\\?\)";
+constexpr std::wstring_view kFreeShare = LR"(\\?\UNC\)";
+
 }  // namespace
 
 std::wstring FullPath(std::string_view path) {
@@ -25,9 +29,9 @@ std::wstring FullPath(std::string_view path) {
 
 std::wstring FilePath(std::string_view path) {
   std::wstring full = FullPath(path);
-  if (full.size() < kPlainLimit || full.starts_with(L"\\\\?\\")) return full;
-  if (full.starts_with(L"\\\\")) return L"\\\\?\\UNC" + full.substr(1);
-  return L"\\\\?\\" + full;
+  if (full.size() < kPlainLimit || full.starts_with(kFree)) return full;
+  if (full.starts_with(L"\\\\")) return std::wstring(kFreeShare) + full.substr(2);
+  return std::wstring(kFree) + full;
 }
 
 std::wstring SpelledAsOnDisk(const std::wstring& path) {
@@ -38,9 +42,10 @@ std::wstring SpelledAsOnDisk(const std::wstring& path) {
   return path.substr(0, path.rfind(L'\\') + 1) + found.cFileName;
 }
 
-std::wstring TemporaryName(const std::wstring& path) {
-  return path + L"." + std::to_wstring(GetCurrentProcessId()) + L"-" +
-         std::to_wstring(GetTickCount()) + L".tmp";
+std::wstring PlainForm(const std::wstring& path) {
+  if (path.starts_with(kFreeShare)) return L"\\\\" + path.substr(kFreeShare.size());
+  if (path.starts_with(kFree)) return path.substr(kFree.size());
+  return path;
 }
 
 std::string FolderOfProgram() {
@@ -53,7 +58,7 @@ std::string FolderOfProgram() {
     }
     file.resize(file.size() * 2);
   }
-  if (file.starts_with(L"\\\\?\\")) file.erase(0, 4);
+  file = PlainForm(file);
   return Utf8(std::wstring_view(file).substr(0, file.rfind(L'\\')));
 }
 

@@ -7,18 +7,19 @@
 namespace panelkit::windows {
 
 /// The whole, normalised form of a path, relative ones seen from the current folder. Empty for what
-/// names no file or folder: nothing at all, a text with an inner NUL, a device such as CON.
+/// names no file or folder: an empty text, one with an inner NUL, a device such as CON.
 std::wstring FullPath(std::string_view path);
 
-/// The same, freed from the limit of 260 characters where it is longer.
+/// The same, freed from the limit of 260 characters by a "\\?\" if it comes near it.
 std::wstring FilePath(std::string_view path);
 
-/// A path of FilePath with the case of its last name as the disk has it; the path itself where
-/// nothing has that name.
+/// A path of FilePath with the case of its last name as the disk has it; the path itself if nothing
+/// has that name.
 std::wstring SpelledAsOnDisk(const std::wstring& path);
 
-/// A name for a temporary file in the folder of a path of FilePath, unlike any in use.
-std::wstring TemporaryName(const std::wstring& path);
+/// A path without the "\\?\" that frees it from the limit of 260 characters: "\\?\C:\x" is "C:\x",
+/// "\\?\UNC\server\x" is "\\server\x".
+std::wstring PlainForm(const std::wstring& path);
 
 /// The folder that holds the running executable, without a closing backslash.
 std::string FolderOfProgram();

@@ -2,8 +2,6 @@
 
 #include <windows.h>
 
-#include <shellapi.h>
-
 #include <algorithm>
 #include <atomic>
 
@@ -79,13 +77,32 @@ bool WriteText(HANDLE stream, std::string_view text) {
 
 }  // namespace
 
+// No argument of ours holds a quotation mark, but many end in a backslash, which the usual rules
+// (CommandLineToArgvW) take together with the mark that closes "C:\FS2002\": so here a backslash is
+// a backslash, and a mark opens or closes.
 std::vector<std::string> Arguments(int, char**) {
-  int count = 0;
-  wchar_t** wide = CommandLineToArgvW(GetCommandLineW(), &count);
   std::vector<std::string> arguments;
-  arguments.reserve(count);
-  for (int i = 0; i < count; ++i) arguments.push_back(windows::Utf8(wide[i]));
-  LocalFree(static_cast<HLOCAL>(wide));
+  std::wstring argument;
+  bool inside = false;
+  bool quoted = false;
+  const auto finish = [&] {
+    if (inside) arguments.push_back(windows::Utf8(argument));
+    argument.clear();
+    inside = false;
+  };
+  for (const wchar_t letter : std::wstring_view(GetCommandLineW())) {
+    if (!quoted && (letter == L' ' || letter == L'\t')) {
+      finish();
+      continue;
+    }
+    inside = true;
+    if (letter == L'"') {
+      quoted = !quoted;
+    } else {
+      argument += letter;
+    }
+  }
+  finish();
   return arguments;
 }
 

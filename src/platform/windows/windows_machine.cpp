@@ -7,6 +7,7 @@
 #include "platform/windows/date_stamps.h"
 #include "platform/windows/files.h"
 #include "platform/windows/folder_walk.h"
+#include "platform/windows/own_folders.h"
 #include "platform/windows/paths.h"
 #include "platform/windows/registry.h"
 #include "platform/windows/text.h"
@@ -18,24 +19,45 @@ namespace {
 
 class ThisWindows : public LocalMachine {
  public:
-  explicit ThisWindows(std::string app_folder)
-      : text_(GetACP()), registry_(text_), files_(std::move(app_folder), text_), cabinets_(text_), archives_(text_) {}
+  explicit ThisWindows(std::string program_folder)
+      : program_folder_(std::move(program_folder)),
+        text_(GetACP()),
+        registry_(text_),
+        files_(ChosenAppFolder(program_folder_), text_, locks_),
+        cabinets_(text_, locks_),
+        archives_(text_) {}
 
-  Machine Services() override { return {registry_, files_, text_, cabinets_, dates_, folders_, archives_}; }
+  Machine Services() override {
+    return {registry_, files_, text_, cabinets_, dates_, folders_, archives_};
+  }
   std::string Origin() const override { return "the registry of this Windows"; }
 
   std::string WindowsPath(std::string_view typed) const override {
     const std::wstring full = FullPath(typed);
-    return full.empty() ? std::string(typed) : Utf8(full);
+    return full.empty() ? std::string(typed) : Utf8(PlainForm(full));
   }
 
   std::string NativePath(std::string_view windows_path) const override {
     return std::string(windows_path);
   }
 
-  std::string PictureFolder() const override { return files_.AppFolder(); }
-  std::string AppFolderOrigin() const override { return "the program's own folder"; }
-  std::vector<std::string> FoldersOfOwnFiles() const override { return {files_.AppFolder()}; }
+  std::string PictureFolder() const override { return program_folder_; }
+
+  std::string AppFolderOrigin() const override {
+    return files_.AppFolder() == program_folder_
+               ? "the program's own folder"
+               : "your own folder, since you may not write to " + program_folder_;
+  }
+
+  std::vector<std::string> FoldersOfOwnFiles() const override {
+    std::vector<std::string> folders{files_.AppFolder()};
+    for (const std::string& other : {program_folder_, UserFolderPath()}) {
+      if (other != folders.front() && files_.IsFolder(other)) folders.push_back(other);
+    }
+    return folders;
+  }
+
+  void WhileWaiting(std::function<void()> work) override { locks_.WhileWaiting(std::move(work)); }
 
   /// The names that the web gives to code pages which are not simply numbered.
   std::string Charset() const override {
@@ -58,8 +80,15 @@ class ThisWindows : public LocalMachine {
   }
 
  private:
+  static std::string ChosenAppFolder(const std::string& program_folder) {
+    const std::string own = CanWriteTo(program_folder) ? std::string() : UserFolder();
+    return own.empty() ? program_folder : own;
+  }
+
+  std::string program_folder_;
   WindowsText text_;
   WindowsRegistry registry_;
+  ShortLocks locks_;
   WindowsFiles files_;
   WindowsCabinetWalk cabinets_;
   WindowsDateStamps dates_;
@@ -69,8 +98,8 @@ class ThisWindows : public LocalMachine {
 
 }  // namespace
 
-std::unique_ptr<LocalMachine> OpenWindows(std::string app_folder) {
-  return std::make_unique<ThisWindows>(std::move(app_folder));
+std::unique_ptr<LocalMachine> OpenWindows(std::string program_folder) {
+  return std::make_unique<ThisWindows>(std::move(program_folder));
 }
 
 }  // namespace windows

@@ -1,4 +1,4 @@
-// This Windows as the machine of seam 2.
+// This Windows as the machine that the program runs on.
 #pragma once
 
 #include <memory>
@@ -8,7 +8,8 @@
 
 namespace panelkit::windows {
 
-/// Opens this Windows with `app_folder` as the program's folder, without a closing backslash.
-std::unique_ptr<LocalMachine> OpenWindows(std::string app_folder);
+/// Opens this Windows with `program_folder`, without a closing backslash, as the folder that the
+/// program lies in.
+std::unique_ptr<LocalMachine> OpenWindows(std::string program_folder);
 
 }  // namespace panelkit::windows

@@ -1,0 +1,42 @@
+// What the error of a failed file call means: what the user is told, or a lock that may pass.
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+#include <utility>
+
+#include "platform/files.h"
+
+namespace panelkit::windows {
+
+/// What an error of winerror.h is to the user; FileFault::None for ERROR_SUCCESS.
+FileFault FaultOf(DWORD error);
+
+/// Waits for the locks that other programs (virus scanners, the browser control, the simulator)
+/// hold on files for a moment.
+class ShortLocks {
+ public:
+  /// Has `work` called while a lock is waited for.
+  void WhileWaiting(std::function<void()> work) { work_ = std::move(work); }
+
+  /// Gives what `step` gives: something true or, with its error in GetLastError, false. While that
+  /// error may be a lock's (5, 32, 33, 1175), the step is tried again for about a second.
+  template <class Step>
+  auto Try(Step step) const {
+    for (int round = 0;; ++round) {
+      auto result = step();
+      if (result && round > 0) denied_in_vain_ = 0;
+      if (result || !Wait(GetLastError(), round)) return result;
+    }
+  }
+
+ private:
+  /// Waits for one round; false, with `error` in GetLastError again, if there is no point in it.
+  bool Wait(DWORD error, int round) const;
+
+  std::function<void()> work_;
+  mutable int denied_in_vain_ = 0;  ///< Waits in a row that did not turn a denied access.
+};
+
+}  // namespace panelkit::windows

@@ -1,0 +1,31 @@
+// Giving a file new content so that no half-written one is seen or left under its name.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/files.h"
+#include "platform/windows/file_errors.h"
+
+namespace panelkit::windows {
+
+/// As Files::Replace, for a path of FilePath. The new content goes to a temporary file beside the
+/// old one, which takes over its owner, access rights, attributes and creation time and then its
+/// name, in one step.
+///
+/// Where the folder, or whoever holds the file, allows no such step though the file may be written,
+/// it is written in place; if it is to be flushed, a whole copy of the new content stands beside it
+/// (or in the user's own folder) as "NAME.panelkit-whole" until it is. A kill or a full disk in
+/// between leaves that copy behind.
+FileFault ReplaceContent(const std::wstring& path, std::string_view bytes, Durability durability,
+                         const ShortLocks& locks);
+
+/// As Files::Copy, for paths of FilePath; but the copy's access rights are those that its folder
+/// hands down.
+bool CopyPlainFile(const std::wstring& source, const std::wstring& target, const ShortLocks& locks);
+
+/// Gives the file `from` the name `to`, in one step. A plain file there gives way, read-only or
+/// not. False, with GetLastError set, if it cannot.
+bool MoveOver(const std::wstring& from, const std::wstring& to, const ShortLocks& locks);
+
+}  // namespace panelkit::windows

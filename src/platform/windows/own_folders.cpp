@@ -1,0 +1,35 @@
+#include "platform/windows/own_folders.h"
+
+#include <windows.h>
+
+#include <shlobj.h>
+
+#include <array>
+
+#include "platform/windows/handle.h"
+#include "platform/windows/new_file.h"
+#include "platform/windows/paths.h"
+#include "platform/windows/wide.h"
+
+namespace panelkit::windows {
+
+std::string UserFolderPath() {
+  std::array<wchar_t, MAX_PATH> local{};
+  const HRESULT found =
+      SHGetFolderPathW(nullptr, CSIDL_LOCAL_APPDATA | CSIDL_FLAG_CREATE, nullptr, 0, local.data());
+  return SUCCEEDED(found) ? Utf8(local.data()) + "\\Panelkit" : std::string();
+}
+
+std::string UserFolder() {
+  const std::string folder = UserFolderPath();
+  const bool is_there = CreateDirectoryW(FilePath(folder).c_str(), nullptr) != 0 ||
+                        GetLastError() == ERROR_ALREADY_EXISTS;
+  return is_there ? folder : std::string();
+}
+
+bool CanWriteTo(const std::string& folder) {
+  const NewFile probe(TemporaryPathBeside(FilePath(folder) + L"\\"), FILE_ATTRIBUTE_NORMAL);
+  return probe.IsThere();
+}
+
+}  // namespace panelkit::windows

@@ -1,0 +1,217 @@
+// Files where the system refuses, pretends, or gives way only after a while.
+#include <doctest/doctest.h>
+
+#include "gauges/gauge_mover.h"
+#include "platform/disk.h"
+#include "platform/windows/handle.h"
+#include "platform/windows/replaced_call.h"
+
+namespace panelkit::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+using CreateCall = ReplacedCall<"CreateFileW", HANDLE(LPCWSTR, DWORD, DWORD, LPSECURITY_ATTRIBUTES,
+                                                      DWORD, DWORD, HANDLE)>;
+using MoveCall = ReplacedCall<"MoveFileExW", BOOL(LPCWSTR, LPCWSTR, DWORD)>;
+using DeleteCall = ReplacedCall<"DeleteFileW", BOOL(LPCWSTR)>;
+using WriteCall = ReplacedCall<"WriteFile", BOOL(HANDLE, LPCVOID, DWORD, LPDWORD, LPOVERLAPPED)>;
+
+template <class Result>
+Result Refuse(DWORD error, Result result) {
+  SetLastError(error);
+  return result;
+}
+
+/// A folder in which no file can be made.
+CreateCall::Replacement ClosedFolder(const fs::path& folder) {
+  return [closed = folder.wstring()](auto name, auto access, auto share, auto security, auto how,
+                                     auto flags, auto sample) {
+    return how == CREATE_NEW && std::wstring(name).starts_with(closed)
+               ? Refuse(ERROR_ACCESS_DENIED, INVALID_HANDLE_VALUE)
+               : CreateCall::System(name, access, share, security, how, flags, sample);
+  };
+}
+
+/// Opens a file as a program that lets nobody else at it.
+windows::Handle Hold(const fs::path& file) {
+  return windows::Handle(
+      CreateFileW(file.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr));
+}
+
+}  // namespace
+
+TEST_CASE_FIXTURE(Disk, "A lock of half a second is waited for, the window staying alive") {
+  Put(folder / "GAUGES.HTM", "old");
+  Put(folder / "a.gau", "gauge");
+  const std::function<bool()> calls[] = {
+      [this] { return files.Read(At("GAUGES.HTM")).bytes == "old"; },
+      [this] {
+        return files.Replace(At("GAUGES.HTM"), "new", Durability::Buffered) == FileFault::None;
+      },
+      [this] { return files.Copy(At("a.gau"), At("b.gau")); },
+      [this] { return files.Rename(At("a.gau"), At("c.gau")); },
+      [this] { return files.Delete(At("c.gau")); }};
+  const char* held[] = {"GAUGES.HTM", "GAUGES.HTM", "a.gau", "a.gau", "c.gau"};
+  for (std::size_t i = 0; i < std::size(calls); ++i) {
+    CAPTURE(i);
+    auto holder = Hold(folder / held[i]);
+    REQUIRE(holder);
+    int turns = 0;
+    machine->WhileWaiting([&] {
+      if (++turns == 25) holder.Close();
+    });
+    CHECK(calls[i]());
+    CHECK(turns == 25);
+  }
+  CHECK(Tree(folder.Path()) == "GAUGES.HTM\nb.gau\n");
+  // A pane that is slow to let go of the page: one more error in place of the sharing violation.
+  int refusals = 20;
+  const MoveCall slow([&refusals](LPCWSTR from, LPCWSTR to, DWORD flags) {
+    return --refusals > 0 ? Refuse(refusals % 2 == 0 ? 1175 : ERROR_ACCESS_DENIED, FALSE)
+                          : MoveCall::System(from, to, flags);
+  });
+  CHECK(files.Replace(At("b.gau"), "new", Durability::Flushed) == FileFault::None);
+  CHECK(refusals == 0);
+}
+
+TEST_CASE_FIXTURE(Disk, "Why a file cannot be read or written is told, and it stays as it was") {
+  Put(folder / "sub/x", "x");
+  Put(folder / "read-only", "x");
+  Put(folder / "held", "x");
+  Put(folder / "full", "x");
+  fs::permissions(folder / "read-only", fs::perms::owner_read);
+  fs::resize_file(folder / "full", kLargestFile + 1);
+  CHECK(files.Read(At("full")).fault == FileFault::TooLarge);
+  fs::resize_file(folder / "full", 1);
+  const auto holder = Hold(folder / "held");
+  CHECK(files.Read(At("held")).fault == FileFault::InUse);
+  const auto replaced = [this](const char* name) {
+    return files.Replace(At(name), "new", Durability::Flushed);
+  };
+  CHECK(replaced("held") == FileFault::InUse);
+  CHECK(replaced("sub") == FileFault::NotAFile);
+  CHECK(files.Read(At("sub")).fault == FileFault::NotAFile);
+  CHECK(replaced("absent\\x") == FileFault::Absent);
+  CHECK(files.Read(At("absent")).fault == FileFault::Absent);
+  CHECK(replaced("read-only") == FileFault::ReadOnly);
+  {
+    const WriteCall full([](auto...) { return Refuse(ERROR_DISK_FULL, FALSE); });
+    CHECK(replaced("full") == FileFault::NoRoom);
+  }
+  const CreateCall closed(
+      [](auto...) { return Refuse(ERROR_ACCESS_DENIED, INVALID_HANDLE_VALUE); });
+  CHECK(files.Read(At("full")).fault == FileFault::NoAccess);
+  CHECK(replaced("full") == FileFault::NoAccess);
+  CHECK(Tree(folder.Path()) == "full\nheld\nread-only\nsub/x\n");
+}
+
+TEST_CASE_FIXTURE(Disk,
+                  "What may be written but not replaced is written in place, a copy at hand") {
+  const fs::path file = folder / "fs2002.cfg";
+  const std::string old = "old, and longer than the new", longer(100'000, 'n');
+  const fs::path beside = folder / "fs2002.cfg.panelkit-whole";
+  const fs::path apart = fs::path(FromUtf8(files.UserFolder())) / "fs2002.cfg.panelkit-whole";
+  for (const bool closed_folder : {true, false}) {
+    CAPTURE(closed_folder);
+    const fs::path& copy = closed_folder ? apart : beside;
+    Put(file, old);
+    int writes = 0;
+    std::function<bool()> fails = [] { return false; };
+    const WriteCall write([&](auto handle, auto bytes, auto size, auto written, auto overlapped) {
+      if (fs::exists(copy)) {
+        ++writes;
+        CHECK(Get(copy) == longer);
+        if (fails()) return Refuse(ERROR_CRC, FALSE);
+      }
+      return WriteCall::System(handle, bytes, size, written, overlapped);
+    });
+    const CreateCall create(closed_folder ? ClosedFolder(folder.Path()) : CreateCall::System);
+    const MoveCall move([&](LPCWSTR from, LPCWSTR to, DWORD flags) {
+      return to == file.wstring() ? Refuse(ERROR_ACCESS_DENIED, FALSE)
+                                  : MoveCall::System(from, to, flags);
+    });
+    CHECK(files.Replace(At("fs2002.cfg"), longer, Durability::Flushed) == FileFault::None);
+    CHECK(writes == 1);
+    CHECK(Get(file) == longer);
+    CHECK(files.Replace(At("fs2002.cfg"), "page", Durability::Buffered) == FileFault::None);
+    CHECK(Get(file) == "page");
+    CHECK_FALSE(fs::exists(copy));
+    // A disk that fails in between leaves the copy, and the next rewrite does not touch it.
+    fails = [] { return true; };
+    CHECK(files.Replace(At("fs2002.cfg"), longer, Durability::Flushed) == FileFault::Other);
+    fails = [] { return false; };
+    CHECK(files.Replace(At("fs2002.cfg"), longer, Durability::Flushed) == FileFault::None);
+    CHECK(Get(copy) == longer);
+    CHECK(fs::remove(copy));
+    CHECK(Tree(folder.Path()) == "fs2002.cfg\n");
+  }
+}
+
+TEST_CASE_FIXTURE(Disk, "A delete counts only if the file is gone; else its attributes come back") {
+  Put(folder / "Gauges/a.gau", "gauge");
+  Put(folder / "Gauges/b.gau", "gauge");
+  fs::permissions(folder / "Gauges/a.gau", fs::perms::owner_read);
+  const GaugeFolders folders{At("Gauges"), At("SpareGauges")};
+  // As for a user whose private copy of a protected file goes away in its place.
+  const DeleteCall pretended([](LPCWSTR path) {
+    return std::wstring(path).ends_with(L"a.gau") ? TRUE : DeleteCall::System(path);
+  });
+  const MoveOutcome outcome = ArchiveGauges(files, folders, {"a", "b"});
+  CHECK(outcome.stayed == std::vector<std::string>{"a.gau"});
+  CHECK(outcome.moved == std::vector<std::string>{"b.gau"});
+  CHECK((GetFileAttributesW((folder / "Gauges/a.gau").c_str()) & FILE_ATTRIBUTE_READONLY) != 0);
+}
+
+TEST_CASE_FIXTURE(Disk, "What killed runs left is removed, what others are writing is not") {
+  const std::string own = ".panelkit-" + std::to_string(GetCurrentProcessId()) + "-7.tmp";
+  Put(folder / own, "being written");
+  Put(folder / ".panelkit-4294967292-0.tmp", "left");
+  fs::permissions(folder / ".panelkit-4294967292-0.tmp", fs::perms::owner_read);
+  CHECK(files.Replace(At("x"), "new", Durability::Buffered) == FileFault::None);
+  CHECK(Tree(folder.Path()) == own + "\nx\n");
+}
+
+TEST_CASE_FIXTURE(Disk, "Links are symbolic links and junctions, not files that lie in a cloud") {
+  Put(folder / "x", "");
+  DWORD tag = 0;
+  const ReplacedCall<"GetFileAttributesW", DWORD(LPCWSTR)> attributes([](LPCWSTR path) {
+    return decltype(attributes)::System(path) | FILE_ATTRIBUTE_REPARSE_POINT;
+  });
+  const ReplacedCall<"FindFirstFileW", HANDLE(LPCWSTR, LPWIN32_FIND_DATAW)> find(
+      [&tag](LPCWSTR path, LPWIN32_FIND_DATAW found) {
+        const HANDLE search = decltype(find)::System(path, found);
+        found->dwReserved0 = tag;
+        return search;
+      });
+  const std::pair<DWORD, bool> tags[] = {
+      {IO_REPARSE_TAG_SYMLINK, true}, {IO_REPARSE_TAG_MOUNT_POINT, true}, {0x9000001A, false}};
+  for (const auto& [reparse_tag, is_link] : tags) {
+    tag = reparse_tag;
+    CHECK(files.IsLink(At("x")) == is_link);
+  }
+}
+
+TEST_CASE_FIXTURE(Disk, "A listing has its order also on disks that keep none") {
+  for (const char* name : {"a.gau", "B.gau"}) Put(folder / name, "");
+  const ReplacedCall<"FindNextFileW", BOOL(HANDLE, LPWIN32_FIND_DATAW)> next(
+      [](HANDLE search, LPWIN32_FIND_DATAW found) {
+        const BOOL more = decltype(next)::System(search, found);
+        wchar_t& letter = found->cFileName[0];
+        letter = letter == L'a' ? L'B' : letter == L'B' ? L'a' : letter;
+        return more;
+      });
+  CHECK(List("*.gau", ListedEntries::PlainFiles) == "a.gau B.gau ");
+}
+
+TEST_CASE("A program folder that is closed to the user gives way to one of the user's own") {
+  const CreateCall closed(
+      [](auto...) { return Refuse(ERROR_ACCESS_DENIED, INVALID_HANDLE_VALUE); });
+  const auto machine = OpenLocalMachine({});
+  const Files& files = machine->Services().files;
+  CHECK(files.AppFolder().ends_with("\\Panelkit"));
+  CHECK(files.AppFolder() == files.UserFolder());
+  CHECK(files.IsFolder(files.UserFolder()));
+}
+
+}  // namespace panelkit::test

@@ -1,0 +1,55 @@
+// Standing in for single system calls, for what no test can make the system do.
+#pragma once
+
+#include <windows.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <functional>
+#include <utility>
+
+namespace panelkit::test {
+
+/// Has this program's imported function `name` be `function` from now on and gives what it was
+/// until now. Throws std::logic_error if the program does not import it.
+void* Redirect(const char* name, void* function);
+
+/// The name of a function, as a template argument.
+template <std::size_t size>
+struct FunctionName {
+  constexpr FunctionName(const char (&name)[size]) { std::copy_n(name, size, text); }
+  char text[size];
+};
+
+/// While one of these lives, this program's calls of a system function go to a replacement. One at
+/// a time for each function:
+///   ReplacedCall<"DeleteFileW", BOOL(LPCWSTR)> pretended([](LPCWSTR) { return TRUE; });
+template <FunctionName name, class Signature>
+class ReplacedCall;
+
+template <FunctionName name, class Result, class... Arguments>
+class ReplacedCall<name, Result(Arguments...)> {
+ public:
+  using Replacement = std::function<Result(Arguments...)>;
+
+  explicit ReplacedCall(Replacement replacement) {
+    now_ = std::move(replacement);
+    system_ = Redirect(name.text, reinterpret_cast<void*>(&Call));
+  }
+  ~ReplacedCall() { Redirect(name.text, system_); }
+  ReplacedCall(const ReplacedCall&) = delete;
+  ReplacedCall& operator=(const ReplacedCall&) = delete;
+
+  /// The system's own function.
+  static Result System(Arguments... arguments) {
+    return reinterpret_cast<Result(WINAPI*)(Arguments...)>(system_)(arguments...);
+  }
+
+ private:
+  static Result WINAPI Call(Arguments... arguments) { return now_(arguments...); }
+
+  static inline Replacement now_;
+  static inline void* system_ = nullptr;
+};
+
+}  // namespace panelkit::test
