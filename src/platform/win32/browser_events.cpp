@@ -1,8 +1,7 @@
 #include "platform/win32/browser_events.h"
 
 #include <exdispid.h>
-#include <olectl.h>
-#include <wrl/client.h>
+#include <shobjidl.h>
 
 namespace panelkit::windows {
 namespace {
@@ -10,10 +9,12 @@ namespace {
 using Microsoft::WRL::ComPtr;
 
 // Where the arguments of the events stand: the last one first.
+constexpr UINT kBeforeNavigateFrame = 6;
 constexpr UINT kBeforeNavigateUrl = 5;
 constexpr UINT kBeforeNavigateCancel = 0;
 constexpr UINT kNewWindow2Cancel = 0;
 constexpr UINT kNewWindow3Cancel = 3;
+constexpr UINT kNewWindow3Flags = 2;
 constexpr UINT kNewWindow3Url = 0;
 constexpr UINT kWindowClosingCancel = 0;
 
@@ -23,6 +24,12 @@ std::wstring TextOf(const DISPPARAMS& arguments, UINT index) {
   if (V_VT(value) == (VT_BYREF | VT_VARIANT)) value = V_VARIANTREF(value);
   if (V_VT(value) != VT_BSTR || V_BSTR(value) == nullptr) return {};
   return {V_BSTR(value), SysStringLen(V_BSTR(value))};
+}
+
+LONG NumberOf(const DISPPARAMS& arguments, UINT index) {
+  if (index >= arguments.cArgs) return 0;
+  const VARIANT& value = arguments.rgvarg[index];
+  return V_VT(&value) == VT_I4 || V_VT(&value) == VT_UI4 ? V_I4(&value) : 0;
 }
 
 void Cancel(const DISPPARAMS& arguments, UINT index) {
@@ -35,12 +42,18 @@ void Cancel(const DISPPARAMS& arguments, UINT index) {
 
 void BrowserEvents::ListenTo(IWebBrowser2& browser) {
   ComPtr<IConnectionPointContainer> sources;
-  ComPtr<IConnectionPoint> source;
-  DWORD cookie = 0;
+  browser.QueryInterface(IID_PPV_ARGS(&main_frame_));
   if (SUCCEEDED(browser.QueryInterface(IID_PPV_ARGS(&sources))) &&
-      SUCCEEDED(sources->FindConnectionPoint(DIID_DWebBrowserEvents2, &source))) {
-    source->Advise(this, &cookie);
+      SUCCEEDED(sources->FindConnectionPoint(DIID_DWebBrowserEvents2, &source_))) {
+    source_->Advise(this, &cookie_);
   }
+}
+
+void BrowserEvents::StopListening() {
+  if (source_ != nullptr) source_->Unadvise(cookie_);
+  source_.Reset();
+  main_frame_.Reset();
+  decisions_ = {};
 }
 
 HRESULT BrowserEvents::QueryInterface(REFIID id, void** object) {
@@ -62,20 +75,35 @@ HRESULT BrowserEvents::GetTypeInfoCount(UINT* count) {
   return S_OK;
 }
 
+/// An event that names no frame is taken for the main frame's.
+bool BrowserEvents::IsMainFrame(const DISPPARAMS& arguments) const {
+  if (kBeforeNavigateFrame >= arguments.cArgs) return true;
+  const VARIANT& frame = arguments.rgvarg[kBeforeNavigateFrame];
+  ComPtr<IUnknown> identity;
+  if (V_VT(&frame) != VT_DISPATCH || V_DISPATCH(&frame) == nullptr) return true;
+  V_DISPATCH(&frame)->QueryInterface(IID_PPV_ARGS(&identity));
+  return identity == main_frame_;
+}
+
 HRESULT BrowserEvents::Invoke(DISPID event, REFIID, LCID, WORD, DISPPARAMS* arguments, VARIANT*,
                               EXCEPINFO*, UINT*) {
+  if (decisions_.may_go == nullptr) return DISP_E_MEMBERNOTFOUND;
   switch (event) {
     case DISPID_BEFORENAVIGATE2:
-      if (!decisions_.may_load(TextOf(*arguments, kBeforeNavigateUrl))) {
+      if (!decisions_.may_go(TextOf(*arguments, kBeforeNavigateUrl), IsMainFrame(*arguments))) {
         Cancel(*arguments, kBeforeNavigateCancel);
       }
       return S_OK;
-    case DISPID_NEWWINDOW3:
+    case DISPID_NEWWINDOW3: {
       Cancel(*arguments, kNewWindow3Cancel);
-      decisions_.new_window_wanted(TextOf(*arguments, kNewWindow3Url));
+      const LONG flags = NumberOf(*arguments, kNewWindow3Flags);
+      decisions_.new_window_wanted(TextOf(*arguments, kNewWindow3Url),
+                                   (flags & (NWMF_USERINITED | NWMF_USERREQUESTED)) != 0);
       return S_OK;
-    case DISPID_NEWWINDOW2:  // From browsers before NewWindow3, which do not tell the address.
+    }
+    case DISPID_NEWWINDOW2:  // From browsers before NewWindow3, which tell nothing more.
       Cancel(*arguments, kNewWindow2Cancel);
+      decisions_.new_window_wanted({}, false);
       return S_OK;
     case DISPID_WINDOWCLOSING:  // A script wants to close the window, which is not its own.
       Cancel(*arguments, kWindowClosingCancel);

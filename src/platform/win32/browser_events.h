@@ -4,6 +4,8 @@
 #include <windows.h>
 
 #include <exdisp.h>
+#include <ocidl.h>
+#include <wrl/client.h>
 
 #include <atomic>
 #include <functional>
@@ -14,9 +16,11 @@ namespace panelkit::windows {
 /// The decisions of the pane.
 struct BrowserDecisions {
   /// Whether the pane, or a frame in it, may go to an address.
-  std::function<bool(const std::wstring& address)> may_load;
-  /// Told the address of each window that a page wanted to open; none is opened.
-  std::function<void(const std::wstring& address)> new_window_wanted;
+  std::function<bool(const std::wstring& address, bool is_main_frame)> may_go;
+  /// Told the address of each window that a page wanted to open, and whether by the user's own
+  /// click; none is opened. The address is empty if the control does not tell it (before Windows XP
+  /// Service Pack 2).
+  std::function<void(const std::wstring& address, bool user_acted)> new_window_wanted;
 };
 
 /// The receiver of the control's events (DWebBrowserEvents2). Counted by references, as the control
@@ -26,8 +30,9 @@ class BrowserEvents final : public IDispatch {
   explicit BrowserEvents(BrowserDecisions decisions) : decisions_(std::move(decisions)) {}
   virtual ~BrowserEvents() = default;
 
-  /// Has `browser` send its events here, for as long as it lives.
+  /// Has `browser` send its events here until StopListening.
   void ListenTo(IWebBrowser2& browser);
+  void StopListening();
 
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override;
   ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
@@ -41,7 +46,12 @@ class BrowserEvents final : public IDispatch {
                                    VARIANT*, EXCEPINFO*, UINT*) override;
 
  private:
+  bool IsMainFrame(const DISPPARAMS& arguments) const;
+
   BrowserDecisions decisions_;
+  Microsoft::WRL::ComPtr<IConnectionPoint> source_;  ///< Null while nothing is listened to.
+  Microsoft::WRL::ComPtr<IUnknown> main_frame_;
+  DWORD cookie_ = 0;
   std::atomic<ULONG> references_{1};
 };
 

@@ -1,25 +1,47 @@
-// Which addresses the pane may load.
+// What the pane may go to, fetch and run, by what it shows.
 #pragma once
 
+#include <mutex>
 #include <set>
 #include <string>
 #include <string_view>
 
 namespace panelkit::windows {
 
-/// Page files carry text of downloaded aircraft as it came, so a link in one could name any file of
-/// the user's: no file loads but those that the program asked for.
+/// Page files carry text of downloaded aircraft as it came. So nothing in one may take the pane
+/// away, name a file of the user's, or fetch anything but the program's own pictures; only the
+/// program and the user's own clicks lead from one page to another. The browser control may ask
+/// from any thread.
 class NavigationPolicy {
  public:
-  /// Lets a file, given by its Windows path, load from now on.
-  void Admit(std::wstring_view path);
+  /// Lets the pane show an address that the program asks for: the path of a page file, with the
+  /// pictures beside it, or a web address.
+  void Admit(std::wstring_view address);
 
-  /// Whether the pane may load an address, written as a path or a URL: a web address, a page of
-  /// the browser's own (about:blank, or an error page in "res:..."), or an admitted file.
-  bool MayLoad(std::wstring_view address) const;
+  /// Whether the pane's main frame may go to an address, written as a path or a URL: to what the
+  /// program admitted, to the web at the user's own word, or to the system's own error pages. From
+  /// a web page the web is open.
+  bool MayShow(std::wstring_view address, bool user_acted) const;
+
+  /// Whether a frame inside the page may go there: only to the web, from the web.
+  bool MayShowInFrame(std::wstring_view address) const;
+
+  /// The main frame is going to an address that it may show.
+  void Going(std::wstring_view address);
+
+  /// True while the main frame shows, or goes to, a page file; at first too.
+  bool ShowsPageFile() const;
+
+  /// Whether what the pane shows may load an address: anything for a web page; for a page file
+  /// itself and the program's pictures beside it.
+  bool MayFetch(std::wstring_view address) const;
 
  private:
-  std::set<std::wstring> files_;
+  mutable std::mutex mutex_;
+  std::set<std::wstring> pages_;
+  std::set<std::wstring> pictures_;
+  std::wstring asked_for_;  ///< The web address that the program asked for last.
+  bool shows_page_file_ = true;
 };
 
 /// Whether a text is an http or https address, in any case.

@@ -1,10 +1,9 @@
 #include "platform/win32/win32_browser.h"
 
-#include <mshtmhst.h>
 #include <shellapi.h>
 #include <urlmon.h>
 
-#include "platform/win32/browser_events.h"
+#include "platform/win32/active_link.h"
 #include "platform/windows/system_library.h"
 #include "platform/windows/wide.h"
 
@@ -12,6 +11,9 @@ namespace panelkit::windows {
 namespace {
 
 using Microsoft::WRL::ComPtr;
+
+/// How long after a click or key the control may begin to navigate for it, in milliseconds.
+constexpr DWORD kActionCounts = 1000;
 
 /// A text as OLE passes it.
 class OleText {
@@ -26,63 +28,12 @@ class OleText {
   BSTR text_;
 };
 
-/// Null where the system has no host for controls or no browser control.
-HWND CreateHost(HWND form, RECT place, UINT id) {
-  const auto initialise = SystemCall<BOOL WINAPI()>(L"atl.dll", "AtlAxWinInit");
-  if (initialise == nullptr) return nullptr;
-  initialise();  // Its result is no help: Wine gives false where the class is there already.
-  return CreateWindowExW(WS_EX_CLIENTEDGE, L"AtlAxWin", L"Shell.Explorer.2",
-                         WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_TABSTOP, place.left,
-                         place.top, place.right - place.left, place.bottom - place.top, form,
-                         reinterpret_cast<HMENU>(static_cast<UINT_PTR>(id)),
-                         GetModuleHandleW(nullptr), nullptr);
-}
-
-HWND CreateWhitePane(HWND form, RECT place, UINT id) {
-  return CreateWindowExW(WS_EX_CLIENTEDGE, L"STATIC", nullptr, WS_CHILD | WS_VISIBLE | SS_WHITERECT,
-                         place.left, place.top, place.right - place.left, place.bottom - place.top,
-                         form, reinterpret_cast<HMENU>(static_cast<UINT_PTR>(id)),
-                         GetModuleHandleW(nullptr), nullptr);
-}
-
-/// Asks the host `pane` for the object that `call` of atl.dll gives.
-template <typename Interface>
-ComPtr<Interface> AskHost(HWND pane, const char* call) {
-  const auto ask = SystemCall<HRESULT WINAPI(HWND, IUnknown**)>(L"atl.dll", call);
-  ComPtr<IUnknown> object;
-  ComPtr<Interface> wanted;
-  if (ask != nullptr && SUCCEEDED(ask(pane, &object)) && object != nullptr) object.As(&wanted);
-  return wanted;
-}
-
-/// Has the pages' text grow with the screen's resolution. The host knows the property by name
-/// (IAxWinAmbientDispatch).
-void ScaleWithScreen(HWND pane) {
-  const ComPtr<IDispatch> host = AskHost<IDispatch>(pane, "AtlAxGetHost");
-  std::wstring name = L"DocHostFlags";
-  LPOLESTR names = name.data();
-  DISPID property = 0;
-  if (host == nullptr ||
-      FAILED(host->GetIDsOfNames(IID_NULL, &names, 1, LOCALE_SYSTEM_DEFAULT, &property))) {
-    return;
-  }
-  VARIANT flags;
-  V_VT(&flags) = VT_I4;
-  V_I4(&flags) = DOCHOSTUIFLAG_NO3DBORDER | DOCHOSTUIFLAG_THEME | DOCHOSTUIFLAG_DPI_AWARE;
-  DISPID put = DISPID_PROPERTYPUT;
-  DISPPARAMS arguments{&flags, &put, 1, 1};
-  host->Invoke(property, IID_NULL, LOCALE_SYSTEM_DEFAULT, DISPATCH_PROPERTYPUT, &arguments, nullptr,
-               nullptr, nullptr);
-}
-
-void OpenInUsersBrowser(const std::wstring& address) {
-  if (!IsWebAddress(address)) return;
-  ShellExecuteW(nullptr, L"open", address.c_str(), nullptr, nullptr, SW_SHOWNORMAL);
-}
-
-/// Shortcuts of the control that would open windows or dialogs of a whole browser.
+/// Shortcuts of the control that would open windows or dialogs of a whole browser. Ctrl and Alt
+/// together are AltGr, which types letters.
 bool IsBrowserShortcut(const MSG& message) {
-  if (message.message != WM_KEYDOWN || GetKeyState(VK_CONTROL) >= 0) return false;
+  if (message.message != WM_KEYDOWN || GetKeyState(VK_CONTROL) >= 0 || GetKeyState(VK_MENU) < 0) {
+    return false;
+  }
   return message.wParam == 'N' || message.wParam == 'O' || message.wParam == 'L';
 }
 
@@ -99,49 +50,126 @@ void LockLocalPages() {
   }
 }
 
+ATOM Win32Browser::RegisterPaneClass() {
+  WNDCLASSEXW pane{};
+  pane.cbSize = sizeof pane;
+  pane.lpfnWndProc = &PaneProcedure;
+  pane.hInstance = GetModuleHandleW(nullptr);
+  pane.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+  pane.hbrBackground = static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH));
+  pane.lpszClassName = L"PanelkitPane";
+  return RegisterClassExW(&pane);
+}
+
 Win32Browser::Win32Browser(HWND form, const ControlDescription& control, const ScreenScale& scale,
-                           UINT id) {
-  const RECT place{scale.PixelsX(control.left), scale.PixelsY(control.top),
-                   scale.PixelsX(control.left + control.width),
-                   scale.PixelsY(control.top + control.height)};
-  pane_ = CreateHost(form, place, id);
-  if (pane_ != nullptr) {
-    Connect();
-  } else {
-    pane_ = CreateWhitePane(form, place, id);
-  }
-  // After the host has read the name of its control there.
-  SetWindowTextW(pane_, Wide(control.accessible_name).c_str());
+                           UINT id, Win32EventLoop& loop)
+    : loop_(loop),
+      guard_([policy = policy_](const std::wstring& url) { return policy->MayFetch(url); }) {
+  static const ATOM pane_class = RegisterPaneClass();
+  const int left = scale.PixelsX(control.left);
+  const int top = scale.PixelsY(control.top);
+  pane_ = CreateWindowExW(
+      WS_EX_CLIENTEDGE, MAKEINTATOM(pane_class), Wide(control.accessible_name).c_str(),
+      WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_TABSTOP, left, top,
+      scale.PixelsX(control.left + control.width) - left,
+      scale.PixelsY(control.top + control.height) - top, form,
+      reinterpret_cast<HMENU>(static_cast<UINT_PTR>(id)), GetModuleHandleW(nullptr), nullptr);
+  SetWindowLongPtrW(pane_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+  Connect();
+}
+
+Win32Browser::~Win32Browser() {
+  SetWindowLongPtrW(pane_, GWLP_USERDATA, 0);
+  events_->StopListening();
+  host_->Close();
 }
 
 void Win32Browser::Connect() {
-  ScaleWithScreen(pane_);
-  browser_ = AskHost<IWebBrowser2>(pane_, "AtlAxGetControl");
-  if (browser_ == nullptr) return;
-  browser_->put_Silent(VARIANT_TRUE);
-  browser_->put_RegisterAsDropTarget(VARIANT_FALSE);
-  const ComPtr<BrowserEvents> events(
-      new BrowserEvents({[this](const std::wstring& address) { return rules_.MayLoad(address); },
-                         OpenInUsersBrowser}));
-  events->ListenTo(*browser_.Get());
+  events_.Attach(new BrowserEvents({[this](const std::wstring& address, bool is_main_frame) {
+                                      return MayGo(address, is_main_frame);
+                                    },
+                                    [this](const std::wstring& address, bool user_acted) {
+                                      NewWindowWanted(address, user_acted);
+                                    }}));
+  host_.Attach(new BrowserHost(pane_, {[policy = policy_] { return policy->ShowsPageFile(); },
+                                       [this] { menu_was_open_ = true; }}));
+  if (host_->Control() == nullptr) return;
+  host_->Control()->put_Silent(VARIANT_TRUE);
+  host_->Control()->put_RegisterAsDropTarget(VARIANT_FALSE);
+  events_->ListenTo(*host_->Control());
 }
 
 void Win32Browser::Navigate(const std::string& address) {
-  if (browser_ == nullptr) return;
+  if (host_->Control() == nullptr) return;
   const std::wstring wide = Wide(address);
-  if (!IsWebAddress(wide)) rules_.Admit(wide);
+  policy_->Admit(wide);
   VARIANT none;
   VariantInit(&none);
-  browser_->Navigate(OleText(wide).Get(), &none, &none, &none, &none);
+  host_->Control()->Navigate(OleText(wide).Get(), &none, &none, &none, &none);
+}
+
+bool Win32Browser::UserActed() const {
+  return menu_was_open_ || (has_acted_ && GetTickCount() - acted_at_ < kActionCounts);
+}
+
+bool Win32Browser::MayGo(const std::wstring& address, bool is_main_frame) {
+  if (!is_main_frame) return policy_->MayShowInFrame(address);
+  if (!policy_->MayShow(address, UserActed())) return false;
+  has_acted_ = menu_was_open_ = false;
+  policy_->Going(address);
+  guard_.Turn(policy_->ShowsPageFile());
+  host_->DownloadControlChanged();
+  return true;
+}
+
+void Win32Browser::NewWindowWanted(const std::wstring& address, bool user_acted) {
+  if (!address.empty()) {
+    if (user_acted) OpenOutside(address);
+  } else if (UserActed()) {
+    OpenOutside(ActiveLink(*host_->Control()));
+  }
+}
+
+/// From the event loop: inside the control's event, the shell's own messages would reach the
+/// control while it waits for the answer.
+void Win32Browser::OpenOutside(const std::wstring& address) {
+  if (!IsWebAddress(address)) return;
+  loop_.Post(alive_, [this, address] {
+    constexpr INT_PTR kLastError = 32;
+    const auto result = reinterpret_cast<INT_PTR>(
+        ShellExecuteW(nullptr, L"open", address.c_str(), nullptr, nullptr, SW_SHOWNORMAL));
+    if (result <= kLastError && link_not_opened_) link_not_opened_();
+  });
+}
+
+void Win32Browser::Notice(const MSG& message) {
+  const bool is_action = message.message == WM_LBUTTONUP || message.message == WM_MBUTTONUP ||
+                         message.message == WM_XBUTTONUP || message.message == WM_KEYDOWN ||
+                         message.message == WM_SYSKEYDOWN;
+  if (!is_action || (message.hwnd != pane_ && !IsChild(pane_, message.hwnd))) return;
+  has_acted_ = true;
+  acted_at_ = GetTickCount();
 }
 
 bool Win32Browser::Translate(MSG& message) {
-  if (browser_ == nullptr || message.message < WM_KEYFIRST || message.message > WM_KEYLAST) {
+  if (host_->Control() == nullptr || message.message < WM_KEYFIRST ||
+      message.message > WM_KEYLAST) {
     return false;
   }
   if (IsBrowserShortcut(message)) return true;
   ComPtr<IOleInPlaceActiveObject> page;
-  return SUCCEEDED(browser_.As(&page)) && page->TranslateAccelerator(&message) == S_OK;
+  return SUCCEEDED(host_->Control()->QueryInterface(IID_PPV_ARGS(&page))) &&
+         page->TranslateAccelerator(&message) == S_OK;
+}
+
+LRESULT CALLBACK Win32Browser::PaneProcedure(HWND window, UINT message, WPARAM wparam,
+                                             LPARAM lparam) {
+  auto* pane = reinterpret_cast<Win32Browser*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+  if (message == WM_SETFOCUS && pane != nullptr && pane->host_->Control() != nullptr) {
+    pane->host_->Activate();
+    return 0;
+  }
+  return DefWindowProcW(window, message, wparam, lparam);
 }
 
 }  // namespace panelkit::windows

@@ -7,12 +7,17 @@
 #include <wrl/client.h>
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <utility>
 
 #include "platform/browser.h"
+#include "platform/win32/browser_events.h"
+#include "platform/win32/browser_host.h"
+#include "platform/win32/fetch_guard.h"
 #include "platform/win32/navigation_policy.h"
 #include "platform/win32/screen_scale.h"
+#include "platform/win32/win32_event_loop.h"
 
 namespace panelkit::windows {
 
@@ -20,12 +25,15 @@ namespace panelkit::windows {
 /// Windows can.
 void LockLocalPages();
 
-/// Hosted by the AtlAxWin class of atl.dll. Where the system lacks one of the two, the pane stays
-/// white.
+/// Where the system lacks the control, the pane stays white. A page that could not be written to
+/// its file is not shown.
 class Win32Browser final : public WebBrowser {
  public:
   /// Makes the pane inside `form`; `id` as in CreateControl. OLE is initialised on this thread.
-  Win32Browser(HWND form, const ControlDescription& control, const ScreenScale& scale, UINT id);
+  /// `loop` outlives the pane.
+  Win32Browser(HWND form, const ControlDescription& control, const ScreenScale& scale, UINT id,
+               Win32EventLoop& loop);
+  ~Win32Browser() override;
   Win32Browser(const Win32Browser&) = delete;
   Win32Browser& operator=(const Win32Browser&) = delete;
 
@@ -34,7 +42,11 @@ class Win32Browser final : public WebBrowser {
     link_not_opened_ = std::move(handler);
   }
 
-  /// Offers a message to the page: Tab, Enter on a link, Ctrl+C, Ctrl+P and the like. True when the
+  /// Sees each message for the form's windows first: a click or a key inside the pane lets the page
+  /// lead away from itself.
+  void Notice(const MSG& message);
+
+  /// Offers a message to the page: Tab, Enter on a link, Ctrl+C, Ctrl+P and the like. True if the
   /// page took it.
   bool Translate(MSG& message);
 
@@ -45,11 +57,26 @@ class Win32Browser final : public WebBrowser {
 
  private:
   void Connect();
+  bool MayGo(const std::wstring& address, bool is_main_frame);
+  void NewWindowWanted(const std::wstring& address, bool user_acted);
+  void OpenOutside(const std::wstring& address);
+  bool UserActed() const;
+  static LRESULT CALLBACK PaneProcedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
+  static ATOM RegisterPaneClass();
 
+  Win32EventLoop& loop_;
   HWND pane_ = nullptr;
-  NavigationPolicy rules_;
+  std::shared_ptr<NavigationPolicy> policy_ = std::make_shared<NavigationPolicy>();
+  FetchGuard guard_;
+  Microsoft::WRL::ComPtr<BrowserHost> host_;
+  Microsoft::WRL::ComPtr<BrowserEvents> events_;
   std::function<void()> link_not_opened_;
-  Microsoft::WRL::ComPtr<IWebBrowser2> browser_;
+  DWORD acted_at_ = 0;          ///< GetTickCount of the user's last click or key in the pane.
+  bool has_acted_ = false;      ///< Whether there was one since the last navigation.
+  bool menu_was_open_ = false;  ///< Whether the page's menu was opened since then.
+
+  /// Watched by what is still on its way when the pane ends.
+  std::shared_ptr<const void> alive_ = std::make_shared<int>();
 };
 
 }  // namespace panelkit::windows

@@ -51,6 +51,11 @@ Win32Form::Win32Form(const FormDescription& description, const ScreenScale& scal
                  reinterpret_cast<LPARAM>(ProgramIcon(SM_CXICON, SM_CYICON)));
   }
   menu_.emplace(window_, description.menu);
+  closes_by_escape_ = description.border == Border::FixedToolWindow;
+  if (!description.help_menu.empty()) {
+    const std::string caption = MenuNamed(description.help_menu).Caption();
+    help_key_ = static_cast<unsigned char>(caption.at(caption.find('&') + 1));
+  }
   FitClientArea(description);
   AddControls(description);
   loop_.Add(window_, [this](MSG& message) { return Filter(message); });
@@ -59,6 +64,7 @@ Win32Form::Win32Form(const FormDescription& description, const ScreenScale& scal
 Win32Form::~Win32Form() {
   loop_.Remove(window_);
   SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
+  browsers_.clear();  // Before the windows that they lie in.
   DestroyWindow(window_);
   DeleteObject(font_);
 }
@@ -94,7 +100,7 @@ void Win32Form::AddControls(const FormDescription& description) {
 void Win32Form::AddControl(const ControlDescription& control, UINT id) {
   const std::string name(control.name);
   if (control.kind == ControlKind::WebBrowser) {
-    browsers_.try_emplace(name, window_, control, scale_, id);
+    browsers_.try_emplace(name, window_, control, scale_, id, loop_);
     return;
   }
   const HWND window = CreateControl(window_, control, scale_, id);
@@ -132,10 +138,11 @@ void Win32Form::OnClick(std::string_view name, std::function<void()> handler) {
   clicks_.insert_or_assign(std::string(name), std::move(handler));
 }
 
+// Not by ShowWindow, which shows a process's first window as its shortcut asks for: maximised or
+// minimised, where a window of fixed size cannot be brought back from.
 void Win32Form::Show() {
-  ShowWindow(window_, SW_SHOWNORMAL);
-  // A shortcut may ask for a minimised first window, which this one could not be brought back from.
   if (IsIconic(window_)) ShowWindow(window_, SW_RESTORE);
+  SetWindowPos(window_, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_SHOWWINDOW);
   SetForegroundWindow(window_);
 }
 
@@ -156,10 +163,13 @@ void Win32Form::MoveTo(Twips left, Twips top) {
                SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-// A page takes its keys first; elsewhere Tab and Enter work as in a dialog.
+// A page takes its keys first, but for those of the menu; elsewhere Tab and Enter work as in a
+// dialog.
 bool Win32Form::Filter(MSG& message) {
+  for (auto& [name, browser] : browsers_) browser.Notice(message);
+  if (message.message == WM_KEYDOWN && OpensOrCloses(message.wParam)) return true;
   for (auto& [name, browser] : browsers_) {
-    if (browser.HasFocus()) return browser.Translate(message);
+    if (browser.HasFocus()) return OpensMenu(message) || browser.Translate(message);
   }
   // Windows itself presses only default buttons by Enter.
   if (message.message == WM_KEYDOWN && message.wParam == VK_RETURN &&
@@ -168,6 +178,29 @@ bool Win32Form::Filter(MSG& message) {
     return true;
   }
   return IsDialogMessageW(window_, &message) != 0;
+}
+
+/// F1 opens the help menu, Escape closes a tool window.
+bool Win32Form::OpensOrCloses(WPARAM key) const {
+  if (key == VK_F1 && help_key_ != 0) {
+    PostMessageW(window_, WM_SYSCOMMAND, SC_KEYMENU, help_key_);
+    return true;
+  }
+  const bool closes = key == VK_ESCAPE && closes_by_escape_;
+  if (closes) PostMessageW(window_, WM_CLOSE, 0, 0);
+  return closes;
+}
+
+/// Alt with a letter, which the page would keep for itself. Other keys with Alt are the page's.
+bool Win32Form::OpensMenu(MSG& message) const {
+  if (message.message == WM_SYSCHAR) {
+    SendMessageW(window_, WM_SYSCOMMAND, SC_KEYMENU, static_cast<LPARAM>(message.wParam));
+    return true;
+  }
+  const bool is_letter = message.message == WM_SYSKEYDOWN &&
+                         IsCharAlphaNumericW(static_cast<wchar_t>(message.wParam)) != 0;
+  if (is_letter) TranslateMessage(&message);  // Into the WM_SYSCHAR above.
+  return is_letter;
 }
 
 void Win32Form::FocusFirst() const {

@@ -1,0 +1,33 @@
+// Keeps a page from fetching what it must not, below the browser control.
+#pragma once
+
+#include <windows.h>
+
+#include <urlmon.h>
+#include <wrl/client.h>
+
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace panelkit::windows {
+
+/// While it is on, everything that this process asks of urlmon.dll by a file, http, https or ftp
+/// address goes past `may_fetch` first (a temporary namespace handler, IInternetSession): what it
+/// refuses is answered as a resource that is not there, before any file or connection is opened.
+class FetchGuard {
+ public:
+  explicit FetchGuard(std::function<bool(const std::wstring& address)> may_fetch);
+  ~FetchGuard() { Turn(false); }
+  FetchGuard(const FetchGuard&) = delete;
+  FetchGuard& operator=(const FetchGuard&) = delete;
+
+  /// Off at first. Does nothing on a system without urlmon.dll's sessions.
+  void Turn(bool on);
+
+ private:
+  Microsoft::WRL::ComPtr<IClassFactory> handlers_;
+  Microsoft::WRL::ComPtr<IInternetSession> session_;  ///< Held while on.
+};
+
+}  // namespace panelkit::windows
