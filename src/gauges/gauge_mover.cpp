@@ -23,7 +23,11 @@ void RemoveHalfMoved(Files& files, const GaugeFolders& folders) {
 // one place.
 bool MoveFile(Files& files, const std::string& source, const std::string& folder,
               const std::string& name) {
-  return CopyGauge(files, source, folder, name) && files.Delete(source);
+  if (!CopyGauge(files, source, folder, name)) return false;
+  if (files.Delete(source)) return true;
+  // What stays is not to be found in the other folder too.
+  if (files.Exists(source)) files.Delete(folder + "\\" + name);
+  return false;
 }
 
 bool HasGaugeEnding(std::string_view name) {

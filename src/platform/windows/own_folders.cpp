@@ -6,7 +6,7 @@
 
 #include <array>
 
-#include "platform/windows/handle.h"
+#include "platform/browser.h"
 #include "platform/windows/new_file.h"
 #include "platform/windows/paths.h"
 #include "platform/windows/wide.h"
@@ -30,6 +30,15 @@ std::string UserFolder() {
 bool CanWriteTo(const std::string& folder) {
   const NewFile probe(TemporaryPathBeside(FilePath(folder) + L"\\"), FILE_ATTRIBUTE_NORMAL);
   return probe.IsThere();
+}
+
+void LayPicturesBeside(const std::string& folder) {
+  const std::string program_folder = FolderOfProgram();
+  if (folder == program_folder) return;
+  for (const std::string_view picture : kPagePictures) {
+    const std::string name = '\\' + std::string(picture);
+    CopyFileW(FilePath(program_folder + name).c_str(), FilePath(folder + name).c_str(), TRUE);
+  }
 }
 
 }  // namespace panelkit::windows

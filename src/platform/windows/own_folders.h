@@ -5,12 +5,19 @@
 
 namespace panelkit::windows {
 
-/// "%LOCALAPPDATA%\Panelkit", without a closing backslash; made if it is missing. Empty if it
-/// cannot be made.
+/// "%LOCALAPPDATA%\Panelkit", without a closing backslash, whether or not it is there. Empty for a
+/// user without such a place.
+std::string UserFolderPath();
+
+/// The same folder, made if it is missing. Empty if it cannot be made.
 std::string UserFolder();
 
 /// Whether this process can make files in a folder. True also where Windows keeps such files for
 /// the user in another place (a virtualised process under "Program Files").
 bool CanWriteTo(const std::string& folder);
+
+/// Copies the pictures of the pages from the program's folder to `folder`, where the pages lie; one
+/// that is there, or missing here, is passed over.
+void LayPicturesBeside(const std::string& folder);
 
 }  // namespace panelkit::windows

@@ -106,7 +106,9 @@ std::unique_ptr<LocalMachine> OpenWindows(std::string program_folder) {
 
 // There is one registry to choose from.
 std::unique_ptr<LocalMachine> OpenLocalMachine(const std::function<bool(const Machine&)>&) {
-  return windows::OpenWindows(windows::FolderOfProgram());
+  auto machine = windows::OpenWindows(windows::FolderOfProgram());
+  windows::LayPicturesBeside(machine->Services().files.AppFolder());
+  return machine;
 }
 
 std::vector<std::unique_ptr<LocalMachine>> OpenLocalMachines(const std::string& prefix) {

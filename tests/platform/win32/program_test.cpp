@@ -45,10 +45,13 @@ class RunningProgram {
     std::filesystem::copy_file(program, copy);
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
+    startup.dwFlags = STARTF_USESHOWWINDOW;
+    startup.wShowWindow = SW_SHOWMAXIMIZED;  // As a shortcut may ask for.
     REQUIRE(CreateProcessW(copy.c_str(), nullptr, nullptr, nullptr, FALSE, 0, nullptr, nullptr,
                            &startup, &process_));
     REQUIRE(WaitFor([] { return IsWindowVisible(TopWindow(kMainTitle)) != 0; }));
     window_ = TopWindow(kMainTitle);
+    CHECK_FALSE(IsZoomed(window_));
   }
   ~RunningProgram() {
     TerminateProcess(process_.hProcess, 1);

@@ -6,10 +6,9 @@
 #include <exdisp.h>
 #include <wrl/client.h>
 
-#include "platform/win32/browser_events.h"
 #include "platform/win32/win32_toolkit.h"
 #include "platform/win32/windows_on_screen.h"
-#include "platform/windows/system_library.h"
+#include "platform/windows/replaced_call.h"
 #include "platform/windows/wide.h"
 #include "support/simulator.h"
 
@@ -66,6 +65,17 @@ LRESULT CALLBACK BeforeMessage(int code, WPARAM of_thread, LPARAM param) {
   return CallNextHookEx(nullptr, code, of_thread, param);
 }
 
+/// Sees SC_KEYMENU, which would open a menu and wait in it, in place of the window.
+std::function<void(LPARAM letter)> on_menu_key;
+LRESULT CALLBACK OnMenuKey(int code, WPARAM removed, LPARAM param) {
+  auto& message = *reinterpret_cast<MSG*>(param);
+  if (code == HC_ACTION && message.message == WM_SYSCOMMAND && message.wParam == SC_KEYMENU) {
+    on_menu_key(message.lParam);
+    message.message = WM_NULL;
+  }
+  return CallNextHookEx(nullptr, code, removed, param);
+}
+
 RECT Outer(HWND window) {
   RECT outer{};
   GetWindowRect(window, &outer);
@@ -76,17 +86,6 @@ bool IsCentred(HWND window) {
   const RECT outer = Outer(window);
   return std::abs(outer.left + outer.right - GetSystemMetrics(SM_CXSCREEN)) <= 3 &&
          std::abs(outer.top + outer.bottom - GetSystemMetrics(SM_CYSCREEN)) <= 3;
-}
-
-/// The browser control inside a form's pane.
-Microsoft::WRL::ComPtr<IWebBrowser2> ControlIn(HWND form) {
-  const auto ask =
-      windows::SystemCall<HRESULT WINAPI(HWND, IUnknown**)>(L"atl.dll", "AtlAxGetControl");
-  Microsoft::WRL::ComPtr<IUnknown> object;
-  Microsoft::WRL::ComPtr<IWebBrowser2> control;
-  REQUIRE(SUCCEEDED(ask(FindWindowExW(form, nullptr, L"AtlAxWin", nullptr), &object)));
-  REQUIRE(SUCCEEDED(object.As(&control)));
-  return control;
 }
 
 std::string Location(IWebBrowser2& control) {
@@ -159,27 +158,25 @@ TEST_CASE_FIXTURE(Screen, "The window has its size, its frame, no task-bar entry
   CHECK((style & (WS_THICKFRAME | WS_MINIMIZEBOX | WS_MAXIMIZEBOX)) == 0);
   CHECK((style & WS_SYSMENU) != 0);
   CHECK_FALSE(IsWindowVisible(GetWindow(window, GW_OWNER)));
-  const HWND pane = FindWindowExW(window, nullptr, L"AtlAxWin", nullptr);
+  const HWND pane = FindWindowExW(window, nullptr, L"PanelkitPane", nullptr);
   REQUIRE(pane != nullptr);
   CHECK(WindowText(pane) == "Report");
   CHECK(GetWindow(pane, GW_CHILD) != nullptr);  // the browser control itself
 }
 
-TEST_CASE_FIXTURE(Screen, "The pane shows the page, and follows no link to a file of the user's") {
+TEST_CASE_FIXTURE(Screen, "The pane shows the page, and is led to no file and no refresh from it") {
+  Microsoft::WRL::ComPtr<IWebBrowser2> control;
+  const ReplacedCall<"CoCreateInstance", HRESULT(REFCLSID, LPUNKNOWN, DWORD, REFIID, LPVOID*)>
+      creation([&control](REFCLSID id, LPUNKNOWN outer, DWORD context, REFIID type, LPVOID* made) {
+        const HRESULT result = decltype(creation)::System(id, outer, context, type, made);
+        if (id == CLSID_WebBrowser) control = static_cast<IWebBrowser2*>(*made);
+        return result;
+      });
   Start();
-  const auto control = ControlIn(window);
+  REQUIRE(control != nullptr);
   CHECK(Until([&] { return Location(*control.Get()).ends_with("GAUGES.HTM"); }));
-  static std::wstring asked;  // The control may outlive this test by a turn.
-  asked.clear();
-  const Microsoft::WRL::ComPtr<windows::BrowserEvents> witness(
-      new windows::BrowserEvents({[](const std::wstring& address) {
-                                    asked = address;
-                                    return true;
-                                  },
-                                  [](const std::wstring&) {}}));
-  witness->ListenTo(*control.Get());
   Follow(*control.Get(), L"C:\\windows\\win.ini");
-  CHECK(Until([] { return asked.ends_with(L"win.ini"); }));
+  Follow(*control.Get(), L"http://127.0.0.1:9/");
   Follow(*control.Get(), L"about:blank");
   std::string last;
   CHECK(Until([&] {
@@ -187,6 +184,25 @@ TEST_CASE_FIXTURE(Screen, "The pane shows the page, and follows no link to a fil
     return last != Location(*control.Get());
   }));
   CHECK(last.ends_with("GAUGES.HTM"));
+}
+
+TEST_CASE_FIXTURE(Screen, "Alt with a letter, and F1, reach the menu while the page has the keys") {
+  Start();
+  const HWND pane = FindWindowExW(window, nullptr, L"PanelkitPane", nullptr);
+  SetFocus(pane);
+  REQUIRE(Until([pane] { return GetFocus() == pane || IsChild(pane, GetFocus()); }));
+  constexpr LPARAM kWithAlt = 1 << 29;
+  PostMessageW(GetFocus(), WM_SYSKEYDOWN, 'P', kWithAlt);
+  CHECK(Until([this] { return LabelsOf(window)[1] == "Done"; }));
+  LPARAM opened = 0;
+  before_text = nullptr;
+  on_menu_key = [&opened](LPARAM letter) { opened = letter; };
+  const HHOOK hook = SetWindowsHookExW(WH_GETMESSAGE, &OnMenuKey, nullptr, GetCurrentThreadId());
+  SetFocus(pane);
+  PostMessageW(GetFocus(), WM_KEYDOWN, VK_F1, 0);
+  CHECK(Until([&opened] { return opened != 0; }));
+  UnhookWindowsHookEx(hook);
+  CHECK(opened == 'H');
 }
 
 TEST_CASE_FIXTURE(Screen, "About comes back where it stood after OK, and centred after a close") {
@@ -205,7 +221,7 @@ TEST_CASE_FIXTURE(Screen, "About comes back where it stood after OK, and centred
   CHECK(Until([about] { return IsWindowVisible(about) != 0; }));
   CHECK(Outer(about).left == 7);
 
-  PostMessageW(about, WM_CLOSE, 0, 0);
+  PostMessageW(FindWindowExW(about, nullptr, L"BUTTON", L"OK"), WM_KEYDOWN, VK_ESCAPE, 0);
   CHECK(Until([] { return TopWindow(kAboutTitle) == nullptr; }));
   Pick(6, 1);
   REQUIRE(Until([] { return IsWindowVisible(TopWindow(kAboutTitle)) != 0; }));

@@ -155,11 +155,12 @@ TEST_CASE_FIXTURE(Disk, "A delete counts only if the file is gone; else its attr
   const GaugeFolders folders{At("Gauges"), At("SpareGauges")};
   // As for a user whose private copy of a protected file goes away in its place.
   const DeleteCall pretended([](LPCWSTR path) {
-    return std::wstring(path).ends_with(L"a.gau") ? TRUE : DeleteCall::System(path);
+    return std::wstring(path).ends_with(L"\\Gauges\\a.gau") ? TRUE : DeleteCall::System(path);
   });
   const MoveOutcome outcome = ArchiveGauges(files, folders, {"a", "b"});
   CHECK(outcome.stayed == std::vector<std::string>{"a.gau"});
   CHECK(outcome.moved == std::vector<std::string>{"b.gau"});
+  CHECK(Tree(folder.Path()) == "Gauges/a.gau\nSpareGauges/b.gau\n");
   CHECK((GetFileAttributesW((folder / "Gauges/a.gau").c_str()) & FILE_ATTRIBUTE_READONLY) != 0);
 }
 

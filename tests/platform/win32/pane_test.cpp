@@ -1,0 +1,242 @@
+// The pane's parts as COM objects, each asked directly: what needs no HTML engine.
+#include <windows.h>
+
+#include <doctest/doctest.h>
+#include <exdispid.h>
+#include <mshtmdid.h>
+#include <shobjidl.h>
+#include <urlmon.h>
+#include <winsock2.h>
+
+#include <functional>
+
+#include "platform/win32/browser_events.h"
+#include "platform/win32/browser_host.h"
+#include "platform/win32/fetch_guard.h"
+#include "platform/win32/win32_browser.h"
+#include "platform/windows/wide.h"
+#include "support/temp_folder.h"
+
+namespace panelkit::test {
+namespace {
+
+using Microsoft::WRL::ComPtr;
+
+struct Ole {
+  Ole() { OleInitialize(nullptr); }
+  ~Ole() { OleUninitialize(); }
+  Ole(const Ole&) = delete;
+  Ole& operator=(const Ole&) = delete;
+};
+
+/// A window of the system's own kind, never shown.
+struct Window {
+  Window() = default;
+  ~Window() { DestroyWindow(handle); }
+  Window(const Window&) = delete;
+  Window& operator=(const Window&) = delete;
+  HWND handle = CreateWindowExW(0, L"STATIC", nullptr, WS_POPUP, 0, 0, 200, 100, nullptr, nullptr,
+                                GetModuleHandleW(nullptr), nullptr);
+};
+
+/// A socket that listens on the loopback address.
+struct Listener {
+  Listener() {
+    WSADATA data;
+    WSAStartup(MAKEWORD(2, 2), &data);
+    socket = ::socket(AF_INET, SOCK_STREAM, 0);
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    bind(socket, reinterpret_cast<sockaddr*>(&address), sizeof address);
+    listen(socket, 5);
+    u_long non_blocking = 1;
+    ioctlsocket(socket, FIONBIO, &non_blocking);
+    int size = sizeof address;
+    getsockname(socket, reinterpret_cast<sockaddr*>(&address), &size);
+    url = L"http://127.0.0.1:" + std::to_wstring(ntohs(address.sin_port)) + L"/x.gif";
+  }
+  ~Listener() {
+    closesocket(socket);
+    WSACleanup();
+  }
+  Listener(const Listener&) = delete;
+  Listener& operator=(const Listener&) = delete;
+
+  bool SawConnection() const { return accept(socket, nullptr, nullptr) != INVALID_SOCKET; }
+
+  SOCKET socket;
+  std::wstring url;
+};
+
+/// Fetches an address as the browser control does; the bytes, or "refused".
+std::string Fetch(const std::wstring& url) {
+  ComPtr<IStream> stream;
+  if (FAILED(URLOpenBlockingStreamW(nullptr, url.c_str(), &stream, 0, nullptr))) return "refused";
+  char bytes[100] = {};
+  ULONG read = 0;
+  stream->Read(bytes, sizeof bytes, &read);
+  return {bytes, read};
+}
+
+/// An event with these arguments, the last one first; what the control finds in its cancel flag.
+bool IsCancelled(windows::BrowserEvents& events, DISPID event, std::vector<VARIANT> arguments,
+                 std::size_t cancel) {
+  VARIANT_BOOL cancelled = VARIANT_FALSE;
+  V_VT(&arguments[cancel]) = VT_BYREF | VT_BOOL;
+  V_BOOLREF(&arguments[cancel]) = &cancelled;
+  DISPPARAMS parameters{arguments.data(), nullptr, static_cast<UINT>(arguments.size()), 0};
+  CHECK(events.Invoke(event, IID_NULL, 0, DISPATCH_METHOD, &parameters, nullptr, nullptr,
+                      nullptr) == S_OK);
+  for (VARIANT& argument : arguments) VariantClear(&argument);
+  return cancelled == VARIANT_TRUE;
+}
+
+VARIANT Text(const wchar_t* text) {
+  VARIANT value{};
+  V_VT(&value) = VT_BSTR;
+  V_BSTR(&value) = SysAllocString(text);
+  return value;
+}
+
+VARIANT Number(LONG number) {
+  VARIANT value{};
+  V_VT(&value) = VT_UI4;
+  V_I4(&value) = number;
+  return value;
+}
+
+VARIANT Frame(IDispatch* frame) {
+  VARIANT value{};
+  V_VT(&value) = VT_DISPATCH;
+  V_DISPATCH(&value) = frame;
+  frame->AddRef();
+  return value;
+}
+
+}  // namespace
+
+TEST_CASE("The control may run and load by what the main frame shows, and ends with its window") {
+  const Ole ole;
+  const Window window;
+  bool page_file = true;
+  auto* host = new windows::BrowserHost(window.handle, {[&] { return page_file; }, [] {}});
+  REQUIRE(host->Control() != nullptr);
+  const auto allowed = [host] {
+    ComPtr<IDispatch> ambient;
+    VARIANT value{};
+    REQUIRE(SUCCEEDED(host->QueryInterface(IID_PPV_ARGS(&ambient))));
+    REQUIRE(SUCCEEDED(ambient->Invoke(DISPID_AMBIENT_DLCONTROL, IID_NULL, 0, DISPATCH_PROPERTYGET,
+                                      nullptr, &value, nullptr, nullptr)));
+    return V_I4(&value);
+  };
+  constexpr LONG kKeptOut = DLCTL_NO_SCRIPTS | DLCTL_NO_JAVA | DLCTL_NO_RUNACTIVEXCTLS |
+                            DLCTL_NO_DLACTIVEXCTLS | DLCTL_NO_FRAMEDOWNLOAD | DLCTL_NO_CLIENTPULL |
+                            DLCTL_FORCEOFFLINE;
+  CHECK((allowed() & kKeptOut) == kKeptOut);
+  CHECK((allowed() & (DLCTL_DLIMAGES | DLCTL_VIDEOS | DLCTL_BGSOUNDS)) == DLCTL_DLIMAGES);
+  page_file = false;
+  CHECK((allowed() & (kKeptOut & ~DLCTL_NO_DLACTIVEXCTLS)) == 0);
+  host->Close();
+  CHECK(GetWindow(window.handle, GW_CHILD) == nullptr);
+  CHECK(host->Release() == 0);
+}
+
+TEST_CASE("While the guard is on, nothing refused is opened or connected to") {
+  const Ole ole;
+  const TempFolder folder;
+  const Listener listener;
+  Put(folder / "easy.gif", "picture");
+  Put(folder / "other.gif", "other");
+  const std::wstring picture = L"file:///" + (folder / "easy.gif").wstring();
+  const std::wstring other = L"file:///" + (folder / "other.gif").wstring();
+  std::vector<std::wstring> asked;
+  windows::FetchGuard guard([&](const std::wstring& url) {
+    asked.push_back(url);
+    return url.ends_with(L"easy.gif");
+  });
+  CHECK(Fetch(other) == "other");
+  guard.Turn(true);
+  CHECK(Fetch(picture) == "picture");
+  CHECK(Fetch(other) == "refused");
+  CHECK(Fetch(listener.url) == "refused");
+  CHECK(Fetch(L"file://server/share/x.gif") == "refused");
+  CHECK_FALSE(listener.SawConnection());
+  CHECK(asked.size() == 4);
+  guard.Turn(false);
+  CHECK(Fetch(other) == "other");
+  CHECK(asked.size() == 4);
+}
+
+TEST_CASE("A page gets a new window only by the user's click, and frames are told apart") {
+  std::wstring log;
+  const ComPtr<windows::BrowserEvents> events = [&log] {
+    ComPtr<windows::BrowserEvents> made;
+    made.Attach(
+        new windows::BrowserEvents({[&log](const std::wstring& address, bool is_main_frame) {
+                                      log += address + (is_main_frame ? L" main|" : L" frame|");
+                                      return address != L"http://no.example";
+                                    },
+                                    [&log](const std::wstring& address, bool user_acted) {
+                                      log += L"new " + address + (user_acted ? L" by user|" : L"|");
+                                    }}));
+    return made;
+  }();
+  const auto new_window = [&](LONG flags) {
+    return IsCancelled(*events.Get(), DISPID_NEWWINDOW3,
+                       {Text(L"http://a.example"), Text(L""), Number(flags), {}, {}}, 3);
+  };
+  CHECK(new_window(NWMF_USERINITED | NWMF_FIRST));
+  CHECK(new_window(NWMF_FIRST));
+  CHECK(IsCancelled(*events.Get(), DISPID_NEWWINDOW2, {{}, {}}, 0));
+  CHECK(log == L"new http://a.example by user|new http://a.example|new |");
+
+  log.clear();
+  const Ole ole;
+  ComPtr<IWebBrowser2> pane;
+  ComPtr<IWebBrowser2> frame;
+  for (auto& control : {std::ref(pane), std::ref(frame)}) {
+    REQUIRE(SUCCEEDED(CoCreateInstance(CLSID_WebBrowser, nullptr, CLSCTX_INPROC_SERVER,
+                                       IID_IWebBrowser2,
+                                       reinterpret_cast<void**>(control.get().GetAddressOf()))));
+  }
+  events->ListenTo(*pane.Get());
+  const auto navigates = [&](IWebBrowser2* where, const wchar_t* address) {
+    return !IsCancelled(*events.Get(), DISPID_BEFORENAVIGATE2,
+                        {{}, {}, {}, {}, {}, Text(address), Frame(where)}, 0);
+  };
+  CHECK(navigates(pane.Get(), L"http://a.example"));
+  CHECK_FALSE(navigates(frame.Get(), L"http://no.example"));
+  CHECK(log == L"http://a.example main|http://no.example frame|");
+  events->StopListening();
+  ComPtr<IConnectionPointContainer> sources;
+  ComPtr<IConnectionPoint> source;
+  ComPtr<IEnumConnections> connections;
+  REQUIRE(SUCCEEDED(pane.As(&sources)));
+  REQUIRE(SUCCEEDED(sources->FindConnectionPoint(DIID_DWebBrowserEvents2, &source)));
+  CONNECTDATA connection{};
+  if (SUCCEEDED(source->EnumConnections(&connections))) {
+    CHECK(connections->Next(1, &connection, nullptr) != S_OK);
+  }
+  events->AddRef();
+  CHECK(events->Release() == 1);
+}
+
+TEST_CASE("Ctrl with N opens no window; AltGr with N is a letter") {
+  const Ole ole;
+  const Window form;
+  windows::Win32EventLoop loop;
+  const ControlDescription pane{"pane", ControlKind::WebBrowser, 0, 0, 1500, 1500, 0, "", ""};
+  windows::Win32Browser browser(form.handle, pane, windows::ScreenScale::OfScreen(), 1, loop);
+  MSG key{browser.Window(), WM_KEYDOWN, 'N', 0, 0, {}};
+  BYTE keys[256] = {};
+  keys[VK_CONTROL] = 0x80;
+  SetKeyboardState(keys);
+  CHECK(browser.Translate(key));
+  keys[VK_MENU] = 0x80;
+  SetKeyboardState(keys);
+  CHECK_FALSE(browser.Translate(key));
+  SetKeyboardState(std::vector<BYTE>(256).data());
+}
+
+}  // namespace panelkit::test
