@@ -82,7 +82,7 @@ bool BrowserEvents::IsMainFrame(const DISPPARAMS& arguments) const {
   ComPtr<IUnknown> identity;
   if (V_VT(&frame) != VT_DISPATCH || V_DISPATCH(&frame) == nullptr) return true;
   V_DISPATCH(&frame)->QueryInterface(IID_PPV_ARGS(&identity));
-  return identity == main_frame_;
+  return identity.Get() == main_frame_.Get();
 }
 
 HRESULT BrowserEvents::Invoke(DISPID event, REFIID, LCID, WORD, DISPPARAMS* arguments, VARIANT*,

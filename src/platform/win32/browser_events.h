@@ -24,7 +24,7 @@ struct BrowserDecisions {
 };
 
 /// The receiver of the control's events (DWebBrowserEvents2). Counted by references, as the control
-/// expects; made with one.
+/// expects; made without one.
 class BrowserEvents final : public IDispatch {
  public:
   explicit BrowserEvents(BrowserDecisions decisions) : decisions_(std::move(decisions)) {}
@@ -52,7 +52,7 @@ class BrowserEvents final : public IDispatch {
   Microsoft::WRL::ComPtr<IConnectionPoint> source_;  ///< Null while nothing is listened to.
   Microsoft::WRL::ComPtr<IUnknown> main_frame_;
   DWORD cookie_ = 0;
-  std::atomic<ULONG> references_{1};
+  std::atomic<ULONG> references_{0};
 };
 
 }  // namespace panelkit::windows

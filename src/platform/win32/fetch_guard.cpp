@@ -9,9 +9,11 @@
 namespace panelkit::windows {
 namespace {
 
+using Microsoft::WRL::ComPtr;
 using MayFetch = std::function<bool(const std::wstring& address)>;
 
-constexpr std::array kSchemes{L"file", L"http", L"https", L"ftp"};
+constexpr const wchar_t* kFile = L"file";
+constexpr std::array kSchemes{kFile, L"http", L"https", L"ftp"};
 
 /// Of this handler, made up for it.
 constexpr CLSID kGuardClass = {
@@ -83,7 +85,7 @@ class GuardedRequest final : public IInternetProtocol {
   IUnknown* outer_;
 };
 
-/// Makes the requests. Made with one reference.
+/// Makes the requests. Made without a reference.
 class RequestFactory final : public IClassFactory {
  public:
   explicit RequestFactory(MayFetch may_fetch)
@@ -115,30 +117,35 @@ class RequestFactory final : public IClassFactory {
 
  private:
   std::shared_ptr<const MayFetch> may_fetch_;
-  std::atomic<ULONG> references_{1};
+  std::atomic<ULONG> references_{0};
 };
 
 }  // namespace
 
 FetchGuard::FetchGuard(MayFetch may_fetch) {
-  handlers_.Attach(new RequestFactory(std::move(may_fetch)));
+  handlers_ = new RequestFactory(std::move(may_fetch));
 }
 
-void FetchGuard::Turn(bool on) {
-  if (on == (session_ != nullptr)) return;
-  if (on) {
-    const auto get_session = SystemCall<HRESULT WINAPI(DWORD, IInternetSession**, DWORD)>(
-        L"urlmon.dll", "CoInternetGetSession");
-    if (get_session == nullptr || FAILED(get_session(0, &session_, 0))) return;
-  }
+void FetchGuard::TurnOn(const std::wstring& page) {
+  if (session_ != nullptr) return;
+  const auto get_session = SystemCall<HRESULT WINAPI(DWORD, IInternetSession**, DWORD)>(
+      L"urlmon.dll", "CoInternetGetSession");
+  const auto open = SystemCall<HRESULT WINAPI(IUnknown*, LPCWSTR, IStream**, DWORD, void*)>(
+      L"urlmon.dll", "URLOpenBlockingStreamW");
+  if (get_session == nullptr || open == nullptr || FAILED(get_session(0, &session_, 0))) return;
   for (const wchar_t* scheme : kSchemes) {
-    if (on) {
-      session_->RegisterNameSpace(handlers_.Get(), kGuardClass, scheme, 0, nullptr, 0);
-    } else {
-      session_->UnregisterNameSpace(handlers_.Get(), scheme);
-    }
+    session_->RegisterNameSpace(handlers_.Get(), kGuardClass, scheme, 0, nullptr, 0);
   }
-  if (!on) session_.Reset();
+  ComPtr<IStream> opened;
+  if (open(nullptr, page.c_str(), &opened, 0, nullptr) == INET_E_USE_DEFAULT_PROTOCOLHANDLER) {
+    session_->UnregisterNameSpace(handlers_.Get(), kFile);
+  }
+}
+
+void FetchGuard::TurnOff() {
+  if (session_ == nullptr) return;
+  for (const wchar_t* scheme : kSchemes) session_->UnregisterNameSpace(handlers_.Get(), scheme);
+  session_.Reset();
 }
 
 }  // namespace panelkit::windows

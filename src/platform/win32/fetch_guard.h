@@ -18,12 +18,15 @@ namespace panelkit::windows {
 class FetchGuard {
  public:
   explicit FetchGuard(std::function<bool(const std::wstring& address)> may_fetch);
-  ~FetchGuard() { Turn(false); }
+  ~FetchGuard() { TurnOff(); }
   FetchGuard(const FetchGuard&) = delete;
   FetchGuard& operator=(const FetchGuard&) = delete;
 
-  /// Off at first. Does nothing on a system without urlmon.dll's sessions.
-  void Turn(bool on);
+  /// Off at first. `page` is an address that may be fetched: where urlmon.dll cannot go on from
+  /// here to the system's own handler for it, file addresses are left alone. Does nothing on a
+  /// system without urlmon.dll's sessions.
+  void TurnOn(const std::wstring& page);
+  void TurnOff();
 
  private:
   Microsoft::WRL::ComPtr<IClassFactory> handlers_;

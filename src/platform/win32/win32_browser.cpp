@@ -85,14 +85,15 @@ Win32Browser::~Win32Browser() {
 }
 
 void Win32Browser::Connect() {
-  events_.Attach(new BrowserEvents({[this](const std::wstring& address, bool is_main_frame) {
-                                      return MayGo(address, is_main_frame);
-                                    },
-                                    [this](const std::wstring& address, bool user_acted) {
-                                      NewWindowWanted(address, user_acted);
-                                    }}));
-  host_.Attach(new BrowserHost(pane_, {[policy = policy_] { return policy->ShowsPageFile(); },
-                                       [this] { menu_was_open_ = true; }}));
+  events_ = new BrowserEvents({[this](const std::wstring& address, bool is_main_frame) {
+                                 return MayGo(address, is_main_frame);
+                               },
+                               [this](const std::wstring& address, bool user_acted) {
+                                 NewWindowWanted(address, user_acted);
+                               }});
+  host_ = new BrowserHost(pane_, {[policy = policy_] { return policy->ShowsPageFile(); },
+                                  [this] { menu_was_open_ = true; }});
+  host_->Release();  // The reference that it was made with.
   if (host_->Control() == nullptr) return;
   host_->Control()->put_Silent(VARIANT_TRUE);
   host_->Control()->put_RegisterAsDropTarget(VARIANT_FALSE);
@@ -117,7 +118,11 @@ bool Win32Browser::MayGo(const std::wstring& address, bool is_main_frame) {
   if (!policy_->MayShow(address, UserActed())) return false;
   has_acted_ = menu_was_open_ = false;
   policy_->Going(address);
-  guard_.Turn(policy_->ShowsPageFile());
+  if (policy_->ShowsPageFile()) {
+    guard_.TurnOn(address);
+  } else {
+    guard_.TurnOff();
+  }
   host_->DownloadControlChanged();
   return true;
 }
