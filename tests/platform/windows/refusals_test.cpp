@@ -157,7 +157,7 @@ TEST_CASE_FIXTURE(Disk, "A delete counts only if the file is gone; else its attr
   const DeleteCall pretended([](LPCWSTR path) {
     return std::wstring(path).ends_with(L"\\Gauges\\a.gau") ? TRUE : DeleteCall::System(path);
   });
-  const MoveOutcome outcome = ArchiveGauges(files, folders, {"a", "b"});
+  const MoveOutcome outcome = ArchiveGauges(files, folders, {"a", "b"}, {});
   CHECK(outcome.stayed == std::vector<std::string>{"a.gau"});
   CHECK(outcome.moved == std::vector<std::string>{"b.gau"});
   CHECK(Tree(folder.Path()) == "Gauges/a.gau\nSpareGauges/b.gau\n");
