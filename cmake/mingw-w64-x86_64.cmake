@@ -1,2 +1,0 @@
-set(PANELKIT_WINDOWS_CPU x86_64)
-include(${CMAKE_CURRENT_LIST_DIR}/mingw-w64.cmake)
