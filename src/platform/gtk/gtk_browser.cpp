@@ -206,7 +206,7 @@ void GtkBrowser::ProcessEnded(WebKitWebView* view, WebKitWebProcessTerminationRe
 
 void GtkBrowser::ShowFailure(const char* address, const char* reason) {
   const auto escaped = [](const char* text) {
-    const TextPtr markup(g_markup_escape_text(text, -1));
+    const TextPtr markup(g_markup_escape_text(text != nullptr ? text : "", -1));
     return std::string(markup.get());
   };
   const std::string back = escaped(pages_.Last().c_str());

@@ -233,6 +233,8 @@ class WindowTest(unittest.TestCase):
         wait(lambda: program.place("link", "Back to *").width, "the way back")
         program.click("link", "Back to *")
         program.wait_for_page("We hope you find this program helpful")
+        run("pkill", "-P", str(program.pid), "WebKitWeb")
+        program.wait_for_page("The page has broken its viewer")
         self.start(XDG_DATA_HOME="/dev/null")  # No place for a page file.
 
     def test_keys_of_the_pane_and_of_the_window(self):
