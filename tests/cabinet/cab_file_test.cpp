@@ -51,8 +51,8 @@ struct Fixture {
 
   Fixture() {
     const Machine real = simulator.Services();
-    cab = CABFile::Create({real.registry, real.files, real.text, walk, real.dates,
-                           real.folders, real.archives});
+    cab = CABFile::Create(
+        {real.registry, real.files, real.text, walk, real.dates, real.folders, real.archives});
     cab->CabName = simulator.AppFolder() + "\\x.cab";
     cab->FileFound = [this](const auto& file, double date, int size, const auto& folder) {
       walk.log += file + "," + std::to_string(date) + "," + std::to_string(size) + ",";

@@ -49,7 +49,8 @@ fresh
 query 0 ".simulator.native_path == \"$fs\" and .is_there" where
 query 0 ".simulators | length == 1 and .[0].aircraft == 14 and .[0].gauges == 34 and .[0].native_path == \"$fs\"" \
   where --all
-WINEPREFIX=$work/none query 0 ".simulator.native_path == \"$fs\"" where --prefix "$WINEPREFIX"
+prefix=$WINEPREFIX
+WINEPREFIX=$work/none query 0 ".simulator.native_path == \"$fs\"" where --prefix "$prefix"
 query 1 '(.missing | length) == 13 and .missing[12].name == "Étoile_Dépression" and
   ([.panels[].windows[].gauges[] | select(.missing)] | length) == 21' probe
 query 1 '[.missing[].hints[].kind] | unique == ["damaged-cabinet", "elsewhere", "lacks-entry", "near-name",

@@ -30,8 +30,7 @@ void Simulator::AddGauge(std::string_view file) {
 
 Machine Simulator::Services() {
   const Machine real = machine_->Services();
-  return {registry, real.files, real.text, real.cabinets, real.dates,
-          real.folders, real.archives};
+  return {registry, real.files, real.text, real.cabinets, real.dates, real.folders, real.archives};
 }
 
 std::string Simulator::Golden(std::string_view name) const {

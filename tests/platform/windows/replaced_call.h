@@ -17,6 +17,7 @@ void* Redirect(const char* name, void* function);
 /// The name of a function, as a template argument.
 template <std::size_t size>
 struct FunctionName {
+  // cppcheck-suppress noExplicitConstructor ; a template argument is converted.
   constexpr FunctionName(const char (&name)[size]) { std::copy_n(name, size, text); }
   char text[size];
 };
