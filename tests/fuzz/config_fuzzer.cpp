@@ -21,10 +21,10 @@ void panelkit::fuzz::Try(std::string_view input) {
     added += line + (is_clock ? "\r\nshow_brake_message=1\r\n" : "\r\n");
     set += (is_setting ? "show_brake_message=0" : line) + "\r\n";
   }
-  const LineTurn turn = [] {};
-  Require(AsRead(input, turn) == as_read + "\r\n");
-  Require(WithSettingAdded(input, turn) == added + "\r\n");
-  Require(WithSettingSet(input, 0, turn) == set + "\r\n");
-  Require(BrakeMessagesShown(input, turn).has_value() == has_setting);
-  Require(BrakeMessagesShown(set, turn).value_or(!has_setting) == !has_setting);
+  const BetweenLines nothing = [] {};
+  Require(AsRead(input, nothing) == as_read + "\r\n");
+  Require(WithSettingAdded(input, nothing) == added + "\r\n");
+  Require(WithSettingSet(input, 0, nothing) == set + "\r\n");
+  Require(BrakeMessagesShown(input, nothing).has_value() == has_setting);
+  Require(BrakeMessagesShown(set, nothing).value_or(!has_setting) == !has_setting);
 }

@@ -16,11 +16,12 @@ void panelkit::fuzz::Try(std::string_view input) {
     input.remove_prefix(std::min(piece.size() + 1, input.size()));
     test::Put(prefix.c / "Aircraft" / panel, piece);
   }
+  static const GaugeTable nothing_installed;
   QuietLoop loop;
   const auto read = [&](ReportKind kind, NameList& collected) {
     GaugeReport report;
     report.kind = kind;
-    PanelReport panel("a", text, {}, collected, report);
+    PanelReport panel("a", text, nothing_installed, collected, report);
     PanelReader(prefix.machine.Services().files, text, loop).Read("C:", "a", panel);
     return report;
   };
