@@ -114,7 +114,7 @@ class Gap {
     // As a click would, not inside the pane's own turn.
     PostToLoop(alive, [&] { Probe(program); });
   });
-  RunEventLoop();
+  RunEventLoop(*toolkit);
 }
 
 [[noreturn]] void ShowEmptyWindow(const char* page) {

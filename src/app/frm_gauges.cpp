@@ -12,8 +12,7 @@
 namespace panelkit {
 
 frmGauges::frmGauges(Toolkit& toolkit, const Machine& machine, std::string simulator)
-    : toolkit_(toolkit),
-      machine_(machine),
+    : machine_(machine),
       simulator_(std::move(simulator)),
       form_(toolkit.CreateForm(kGaugesWindow)),
       loop_(toolkit.Loop()),

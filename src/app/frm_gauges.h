@@ -128,7 +128,6 @@ class frmGauges {
   void SetBrakeCaption(bool shown);
   void TellOfBrakes();
 
-  Toolkit& toolkit_;
   Machine machine_;
   std::string simulator_;
   std::unique_ptr<Form> form_;

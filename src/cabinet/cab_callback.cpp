@@ -58,7 +58,7 @@ std::uint32_t CABFile::EntryFound(std::uint32_t Context, FILE_IN_CABINET_INFO& I
   }
 }
 
-std::uint32_t CABFile::EntryExtracted(const FILEPATHS& Paths) {
+std::uint32_t CABFile::EntryExtracted(const FILEPATHS& Paths) const {
   // The program reads the low 16 bits of the code, as a signed number.
   const auto code = static_cast<std::int16_t>(Paths.Win32Error);
   if (code == 0 && AfterExtract) AfterExtract(StringFromAnsiPointer(Paths.Target));

@@ -76,7 +76,7 @@ class CABFile : public std::enable_shared_from_this<CABFile> {
 
   std::uint32_t Dispatch(std::uint32_t Context, std::uint32_t Notification, std::uintptr_t Param1);
   std::uint32_t EntryFound(std::uint32_t Context, FILE_IN_CABINET_INFO& Info);
-  std::uint32_t EntryExtracted(const FILEPATHS& Paths);
+  std::uint32_t EntryExtracted(const FILEPATHS& Paths) const;
   std::uint32_t InfoEntry(const FILE_IN_CABINET_INFO& Info);
   std::uint32_t XmlEntry(const FILE_IN_CABINET_INFO& Info);
   std::uint32_t ExtractEntry(FILE_IN_CABINET_INFO& Info);

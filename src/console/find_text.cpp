@@ -16,7 +16,7 @@ double LocalDate(std::int64_t seconds_since_1970) {
   const auto days = sys_days(year(local->tm_year + 1900) / (local->tm_mon + 1) / local->tm_mday) -
                     sys_days(year(1899) / December / 30);
   const int seconds = (local->tm_hour * 60 + local->tm_min) * 60 + local->tm_sec;
-  return days.count() + seconds / 86400.0;
+  return static_cast<double>(days.count()) + seconds / 86400.0;
 }
 
 std::string OfferLine(LocalMachine& machine, const RequiredFile& required, const Offer& offer) {

@@ -71,9 +71,10 @@ std::string TimeText(std::int64_t seconds_since_1970) {
   const year_month_day date(day);
   const hh_mm_ss clock(time - day);
   std::array<char, 80> text{};
-  std::snprintf(text.data(), text.size(), "%04d-%02u-%02uT%02d:%02d:%02dZ", int(date.year()),
-                unsigned(date.month()), unsigned(date.day()), int(clock.hours().count()),
-                int(clock.minutes().count()), int(clock.seconds().count()));
+  static_cast<void>(std::snprintf(text.data(), text.size(), "%04d-%02u-%02uT%02d:%02d:%02dZ",
+                                  int(date.year()), unsigned(date.month()), unsigned(date.day()),
+                                  int(clock.hours().count()), int(clock.minutes().count()),
+                                  int(clock.seconds().count())));
   return text.data();
 }
 

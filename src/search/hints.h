@@ -27,7 +27,7 @@ enum class HintKind {
 
 /// One fact.
 struct Hint {
-  HintKind kind;
+  HintKind kind = HintKind::Elsewhere;
   std::string path;          ///< Windows path of the file that was seen.
   std::string wanted = {};   ///< LacksEntry: the gauge; empty if the panel names the file alone.
   std::string nearest = {};  ///< LacksEntry: the entry most like it. DamagedCabinet: the last

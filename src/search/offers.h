@@ -14,8 +14,8 @@ namespace panelkit {
 
 /// A candidate for one required file.
 struct Offer {
-  const Candidate* candidate;
-  bool has_exact_name;                    ///< Its name is the required one, case ignored.
+  const Candidate* candidate = nullptr;
+  bool has_exact_name = false;            ///< Its name is the required one, case ignored.
   std::vector<std::string_view> entries;  ///< Which of the file's missing entries it satisfies.
 };
 

@@ -65,7 +65,7 @@ TEST_CASE("the setting is found, added, and switched by a pick") {
     CHECK(brakes.Status() == brakes.first_status);
 
     brakes.Click("menBrake");
-    const bool has_setting = row.after_pick.find("=") != std::string::npos;
+    const bool has_setting = row.after_pick.find('=') != std::string::npos;
     CHECK(brakes.Status() == (has_setting
                                   ? brakes.first_status
                                   : "fs2002.cfg has no SYSCLOCK line to put the setting behind."));

@@ -19,10 +19,12 @@ TEST_CASE("A stamp of the FAT layout becomes a date-time value, unshifted, or 16
       {0x2C21, 0x0780, -109205},  // 60 minutes.
       {0x2C21, 0x001E, -109205},  // 60 seconds.
   };
-  for (const auto& [date, time, value] : stamps) {
+  for (const auto& stamp : stamps) {
+    const auto date = std::get<0>(stamp);
+    const auto time = std::get<1>(stamp);
     CAPTURE(date);
     CAPTURE(time);
-    CHECK(DosStampToDate(date, time) == doctest::Approx(value).epsilon(1e-12));
+    CHECK(DosStampToDate(date, time) == doctest::Approx(std::get<2>(stamp)).epsilon(1e-12));
   }
 }
 

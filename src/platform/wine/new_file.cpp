@@ -1,12 +1,12 @@
 #include "platform/wine/new_file.h"
 
 #include <fcntl.h>
-#include <signal.h>
 #include <sys/file.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <charconv>
+#include <csignal>
 #include <cstdio>
 #include <ctime>
 #include <mutex>

@@ -167,7 +167,7 @@ TEST_CASE_FIXTURE(Disk, "What killed runs left is finished or removed, what othe
   const std::string ended = EndedProcess();
   const std::string alive = std::to_string(getpid());
   const auto record = [this](const std::string& maker, const fs::path& file) {
-    const std::string path = file.native();
+    const std::string& path = file.native();
     Put(folder / ("rewrite-" + maker),
         std::to_string(path.size()) + " 8 4\n" + path + "old textNEW!");
     fs::permissions(folder / ("rewrite-" + maker), fs::perms(0600));
