@@ -12,6 +12,8 @@ namespace panelkit::libarchive {
 /// the program starts: it brings a dozen libraries with it, which would make each start several
 /// times as long, and not every system has it.
 struct Library {
+  // NOLINTBEGIN(cppcoreguidelines-macro-usage,bugprone-macro-parentheses): members and look-ups are
+  // both made from this one list.
 #define PANELKIT_ARCHIVE_CALLS(CALL)       \
   CALL(archive_entry_filetype)             \
   CALL(archive_entry_hardlink)             \
@@ -36,6 +38,7 @@ struct Library {
 #define PANELKIT_ARCHIVE_MEMBER(name) decltype(&::name) name = nullptr;
   PANELKIT_ARCHIVE_CALLS(PANELKIT_ARCHIVE_MEMBER)
 #undef PANELKIT_ARCHIVE_MEMBER
+  // NOLINTEND(cppcoreguidelines-macro-usage,bugprone-macro-parentheses)
 };
 
 /// The loaded library; null if this system has none.

@@ -41,7 +41,7 @@ unit_tests() {
     say "$(basename "$program")"
     # Wine's cabinet service, unlike Windows', tells nothing of a cabinet that is damaged.
     PANELKIT_EXE="Z:$2" in_wine "$program" \
-      --test-case-exclude='a damaged cabinet gives the rows before the damage'
+      --test-case-exclude='a damaged cabinet *'
     count=$((count + 1))
   done < <(find "$1/tests" -name 'test_*.exe' | sort)
   [ $count -gt 0 ] || stop 'There are no unit tests for Windows'
