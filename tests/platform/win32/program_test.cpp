@@ -5,6 +5,7 @@
 #include <doctest/doctest.h>
 
 #include <cstdlib>
+#include <cstring>
 
 #include "platform/win32/windows_on_screen.h"
 #include "platform/windows/handle.h"
@@ -21,18 +22,33 @@ class RegisteredSimulator : public Simulator {
     const std::string path = Services().text.ToAnsi(FSPath());
     RegCreateKeyExA(HKEY_LOCAL_MACHINE, kKey, 0, nullptr, 0, KEY_ALL_ACCESS | KEY_WOW64_32KEY,
                     nullptr, &key_, nullptr);
-    RegSetValueExA(key_, "Path", 0, REG_SZ, reinterpret_cast<const BYTE*>(path.c_str()),
-                   static_cast<DWORD>(path.size() + 1));
+    DWORD size = sizeof before_;
+    had_path_ = RegQueryValueExA(key_, "Path", nullptr, nullptr, reinterpret_cast<BYTE*>(before_),
+                                 &size) == ERROR_SUCCESS;
+    SetPath(path.c_str());
   }
   ~RegisteredSimulator() {
-    RegDeleteValueA(key_, "Path");
+    // What was registered before is what other tests of this prefix go by.
+    if (had_path_) {
+      SetPath(before_);
+    } else {
+      RegDeleteValueA(key_, "Path");
+    }
     RegCloseKey(key_);
   }
 
  private:
   static constexpr const char* kKey =
       "Software\\Microsoft\\DirectPlay\\Applications\\Microsoft Flight Simulator 2002";
+
+  void SetPath(const char* path) {
+    RegSetValueExA(key_, "Path", 0, REG_SZ, reinterpret_cast<const BYTE*>(path),
+                   static_cast<DWORD>(std::strlen(path) + 1));
+  }
+
   HKEY key_ = nullptr;
+  char before_[MAX_PATH + 1] = {};
+  bool had_path_ = false;
 };
 
 /// Panelkit.exe, copied to the simulator's program folder and started there.
