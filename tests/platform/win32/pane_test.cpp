@@ -48,7 +48,7 @@ struct Listener {
     sockaddr_in address{};
     address.sin_family = AF_INET;
     address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    bind(socket, reinterpret_cast<sockaddr*>(&address), sizeof address);
+    REQUIRE(::bind(socket, reinterpret_cast<sockaddr*>(&address), sizeof address) == 0);
     listen(socket, 5);
     u_long non_blocking = 1;
     ioctlsocket(socket, FIONBIO, &non_blocking);

@@ -43,7 +43,7 @@ class RegisteredSimulator : public Simulator {
 
   void SetPath(const char* path) {
     RegSetValueExA(key_, "Path", 0, REG_SZ, reinterpret_cast<const BYTE*>(path),
-                   static_cast<DWORD>(std::strlen(path) + 1));
+                   static_cast<DWORD>(std::strlen(path)) + 1);
   }
 
   HKEY key_ = nullptr;

@@ -26,6 +26,7 @@ std::vector<std::string> LabelsOf(HWND form) {
     by_top.emplace(place.top, WindowText(label));
   }
   std::vector<std::string> texts;
+  texts.reserve(by_top.size());
   for (auto& [top, text] : by_top) texts.push_back(std::move(text));
   return texts;
 }
