@@ -1,4 +1,4 @@
-// Seam 2, files: folders and files by Windows path.
+// Files and folders of the machine, by Windows path.
 #pragma once
 
 #include <optional>

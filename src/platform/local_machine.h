@@ -1,4 +1,4 @@
-// Seam 2, opening: the machine that this process runs on. Each system's back end implements
+// Opens the machine that this process runs on. Each system's back end implements
 // OpenLocalMachine; the build links one of them.
 #pragma once
 
@@ -12,7 +12,7 @@
 
 namespace panelkit {
 
-/// An opened machine and what the faces need to know about it beside its services.
+/// An opened machine, and what the two programs need to know about it beside its services.
 class LocalMachine {
  public:
   virtual ~LocalMachine() = default;

@@ -1,4 +1,4 @@
-// Seam 2 as a whole: what the program asks of the machine.
+// All that the program asks of the machine: the services of this folder as one value.
 #pragma once
 
 #include "platform/archive.h"

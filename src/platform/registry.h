@@ -1,4 +1,4 @@
-// Seam 2, registry: the read-only part of the Windows registry that the program needs.
+// The read-only part of the Windows registry that the program needs.
 #pragma once
 
 #include <cstddef>
@@ -27,11 +27,11 @@ class RegistryKey {
  public:
   virtual ~RegistryKey() = default;
 
-  /// UTF-8 name of the subkey at `index`, counted from 0 in the registry's order; nothing past the
+  /// UTF-8 name of the subkey at `index`, counted from 0 in the registry's order; nullopt past the
   /// last one, for a negative index, or where the name does not fit the buffer.
   virtual std::optional<std::string> RegEnumKeyA(std::int32_t index) const = 0;
 
-  /// The value `name` (UTF-8, case ignored); nothing where there is none or it does not fit.
+  /// The value `name` (UTF-8, case ignored); nullopt if there is none or it does not fit.
   virtual std::optional<RegistryValue> RegQueryValueExA(std::string_view name) const = 0;
 };
 

@@ -1,4 +1,4 @@
-// Seam 1, terminal: what a program without a window needs of its shell. Each system's back end
+// The terminal or pipes of a program without a window. Each system's back end
 // implements these functions.
 #pragma once
 

@@ -1,4 +1,4 @@
-// Seam 2, text: the machine's ANSI code page and its rule of case.
+// The machine's ANSI code page and its rule of case.
 #pragma once
 
 #include <string>

@@ -39,7 +39,7 @@ InstallFault Install(const Machine& machine, const Candidate& candidate, const s
 
 /// Offers the best candidates for all required files to `take`, one after the other: none
 /// whose name is taken in `gauges`, each candidate once, as many as it takes to satisfy the entries
-/// that can be. Where `take` answers false, the next best has its turn.
+/// that can be. If `take` answers false, the next best is offered.
 void ForEachChoice(const std::vector<RequiredFile>& required, const CandidatePool& pool,
                    const Machine& machine, const std::string& gauges,
                    const std::function<bool(const Candidate&)>& take);

@@ -13,7 +13,7 @@ struct FolderEntry {
   unsigned char type = 0;  ///< DT_REG, DT_DIR, ..., DT_UNKNOWN of dirent.h.
 };
 
-/// All entries but "." and "..", in no order; nothing where the folder cannot be read.
+/// All entries but "." and "..", in no order; nullopt if the folder cannot be read.
 std::optional<std::vector<FolderEntry>> ReadFolder(const std::string& native_path);
 
 }  // namespace panelkit

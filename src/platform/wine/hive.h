@@ -17,7 +17,7 @@ class HiveKey {
   /// Names of the subkeys in UTF-8, ordered by upper-cased name.
   const std::vector<std::string>& Subkeys() const { return subkeys_; }
 
-  /// The value of that name, case ignored ("" for the key's unnamed one). Nothing where there is
+  /// The value of that name, case ignored ("" for the key's unnamed one). nullopt if there is
   /// none or it is damaged.
   std::optional<HiveValue> Value(std::string_view name) const;
 

@@ -18,7 +18,7 @@ struct QuotedText {
 
 /// Reads a text up to its closing character `end` on the same line: escapes are a backslash and a
 /// letter of "abefnrtv", up to three octal digits, "x" and up to four hexadecimal ones (a unit of
-/// UTF-16), or the character itself. Nothing where the closing character is missing.
+/// UTF-16), or the character itself. nullopt if the closing character is missing.
 std::optional<QuotedText> ReadQuoted(std::string_view notation, char end);
 
 /// A value of a key.
@@ -29,7 +29,7 @@ struct HiveValue {
 };
 
 /// Reads what stands behind the "=" of a value, over continued lines: a quoted text, str(N): and
-/// one, dword:, hex: or hex(N):. Nothing for a damaged value.
+/// one, dword:, hex: or hex(N):. nullopt for a damaged value.
 std::optional<HiveValue> ReadHiveValue(std::string_view notation);
 
 }  // namespace panelkit

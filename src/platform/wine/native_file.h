@@ -25,7 +25,7 @@ class OpenFile {
   bool IsOpen() const { return descriptor_ >= 0; }
   int Descriptor() const { return descriptor_; }
 
-  /// False where what was written could not be kept after all.
+  /// False if what was written could not be kept after all.
   bool Close();
 
  private:
@@ -42,7 +42,7 @@ std::optional<struct stat> StatusOf(const std::string& path);
 /// stamp tell.
 bool IsSameState(const struct stat& a, const struct stat& b);
 
-/// One read(2), not stopped by signals; the number of bytes, 0 at the end, nothing on failure.
+/// One read(2), not stopped by signals; the number of bytes, 0 at the end, nullopt on failure.
 std::optional<std::size_t> ReadSome(int descriptor, char* buffer, std::size_t size);
 
 /// Writes all bytes, waiting where the receiver is busy. False on failure.

@@ -28,15 +28,15 @@ class PathResolver {
   /// exist).
   std::optional<std::string> Existing(std::string_view windows_path) const;
 
-  /// Where the path leads if each of its parts is spelt as its entry is; nothing without its drive.
-  /// Asks nothing of the disk.
+  /// Where the path leads if each of its parts is spelt as its entry is; nullopt if its drive is
+  /// missing. Asks nothing of the disk.
   std::optional<std::string> AsSpelt(std::string_view windows_path) const;
 
   /// What exists there, as stat(2) tells it.
   std::optional<struct stat> Status(std::string_view windows_path) const;
 
   /// Where a file or folder of that path is to be created: the native path of its existing folder,
-  /// then the last part as it is spelt, or as an entry of that name in other case is. Nothing where
+  /// then the last part as it is spelt, or as an entry of that name in other case is. nullopt if
   /// the folder is missing or IsPossible is false.
   std::optional<std::string> ForCreation(std::string_view windows_path) const;
 

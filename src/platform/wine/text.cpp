@@ -27,7 +27,7 @@ bool IsPrivatePlaceholder(char32_t c) {
   return c >= kPrivateUse + 0x80 && c <= kPrivateUse + 0xFF;
 }
 
-/// What the bytes of one character become; nothing where they are undefined. `errno` is EINVAL then
+/// What the bytes of one character become; nullopt if they are undefined. `errno` is EINVAL then
 /// where more bytes must follow.
 template <typename Output>
 std::optional<Output> ConvertOne(const IconvHandle& conversion, std::string_view bytes) {

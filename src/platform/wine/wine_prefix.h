@@ -13,9 +13,8 @@ struct WinePrefix {
 };
 
 /// The prefixes of this user, by preference: the one that the variable WINEPREFIX names, alone;
-/// else
-/// ~/.wine, whether or not it is there, then those that hold a registry in the usual folders of
-/// Lutris, Bottles, PlayOnLinux and Steam, in flatpak homes too. Never empty; no prefix twice.
+/// else ~/.wine, whether or not it is there, then those that hold a registry in the usual folders
+/// of Lutris, Bottles, PlayOnLinux and Steam, in flatpak homes too. Never empty; no prefix twice.
 std::vector<WinePrefix> WinePrefixes();
 
 /// The file of a prefix that holds the registry of the machine.
