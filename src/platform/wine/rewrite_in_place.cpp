@@ -65,7 +65,7 @@ bool OverwriteAndFlush(int descriptor, std::string_view bytes) {
 /// Whether `content` can be what was left of a rewrite: at each place the old byte, the new one, or
 /// the 0 of a block that did not reach the disk.
 bool IsHalfDone(const std::string& content, const Rewrite& rewrite) {
-  const auto [shorter, longer] = std::minmax(rewrite.old_bytes.size(), rewrite.new_bytes.size());
+  const auto [shorter, longer] = std::minmax({rewrite.old_bytes.size(), rewrite.new_bytes.size()});
   if (content.size() < shorter || content.size() > longer) return false;
   for (std::size_t i = 0; i < content.size(); ++i) {
     const auto holds = [&](const std::string& bytes) {
