@@ -4,7 +4,8 @@
 # --no-install clears it: need_packages then only says what is missing.
 may_install=yes
 
-build_packages=(g++ cmake ninja-build pkg-config libarchive-dev libmspack-dev libcli11-dev nlohmann-json3-dev)
+build_packages=(g++ cmake ninja-build pkg-config libarchive-dev libmspack-dev libcli11-dev nlohmann-json3-dev
+  robin-map-dev)
 window_packages=(libgtk-3-dev libwebkit2gtk-4.1-dev fonts-liberation)
 
 say() { printf '== %s\n' "$*"; }

@@ -7,9 +7,8 @@
 
 namespace panelkit {
 
-/// Keeps tens of thousands of short texts, and the nodes of std::pmr containers of views of them,
-/// in a few large blocks: cheaper than an allocation each, above all at the end, when the blocks
-/// are freed at once.
+/// Keeps tens of thousands of short texts in a few large blocks: cheaper than an allocation each,
+/// above all at the end, when the blocks are freed at once.
 class TextStore {
  public:
   /// A copy of `text`, valid as long as the store.
@@ -18,9 +17,6 @@ class TextStore {
     std::copy(text.begin(), text.end(), copy);
     return {copy, text.size()};
   }
-
-  /// The blocks, for containers that do not outlive the store.
-  std::pmr::memory_resource* Memory() { return &memory_; }
 
  private:
   std::pmr::monotonic_buffer_resource memory_;
