@@ -1,23 +1,15 @@
 #include "platform/wine/files.h"
 
-#include <dirent.h>
 #include <fcntl.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
-#include <future>
-#include <thread>
-#include <utility>
 
 #include "platform/wine/dos_attributes.h"
 #include "platform/wine/file_replacement.h"
-#include "platform/wine/folder_reader.h"
-#include "platform/wine/letter_case.h"
 #include "platform/wine/native_file.h"
-#include "platform/wine/utf8.h"
-#include "text/matching.h"
 
 namespace panelkit {
 
@@ -25,56 +17,6 @@ namespace {
 
 /// MakeFolder's numbers for other failures lie above all numbers that mean something.
 constexpr int kOtherFailure = 1000;
-
-bool CanBeNamed(const std::string& name) {
-  return utf8::IsValid(name) && name.find('\\') == std::string::npos;
-}
-
-/// The kind of an entry, links followed: DT_REG, DT_DIR or another.
-unsigned char KindOf(const FolderEntry& entry, const std::string& folder) {
-  if (entry.type != DT_LNK && entry.type != DT_UNKNOWN) return entry.type;
-  const auto status = StatusOf(folder + '/' + entry.name);
-  if (!status) return DT_UNKNOWN;
-  return static_cast<unsigned char>(IFTODT(status->st_mode));
-}
-
-/// Takes hidden and system entries of the folder out. Threads share the work, most of the time that
-/// a listing takes, the more so on a disk that has to look for each.
-void RemoveHidden(const std::string& folder, std::vector<ListedEntry>& entries) {
-  constexpr std::size_t kLeastShare = 256;  // Worth a thread.
-  const FolderAttributes attributes(folder);
-  const auto clear_hidden = [&attributes, &entries](std::size_t begin, std::size_t end) {
-    for (std::size_t i = begin; i < end; ++i) {
-      if (attributes.IsHiddenOrSystem(entries[i].name)) entries[i].name.clear();
-    }
-  };
-  const std::size_t share =
-      std::max(kLeastShare, entries.size() / std::max(1U, std::thread::hardware_concurrency()) + 1);
-  std::vector<std::future<void>> others;
-  for (std::size_t begin = share; begin < entries.size(); begin += share) {
-    // One for which there is no thread runs below.
-    others.push_back(std::async(std::launch::async | std::launch::deferred, clear_hidden, begin,
-                                std::min(begin + share, entries.size())));
-  }
-  clear_hidden(0, std::min(share, entries.size()));
-  for (auto& other : others) other.get();
-  std::erase_if(entries, [](const ListedEntry& entry) { return entry.name.empty(); });
-}
-
-/// Orders the entries by their upper-cased names.
-void Sort(std::vector<ListedEntry>& entries) {
-  std::vector<std::pair<std::string, ListedEntry>> by_upper;
-  by_upper.reserve(entries.size());
-  for (auto& entry : entries) {
-    std::string upper = Uppered(entry.name);
-    by_upper.emplace_back(std::move(upper), std::move(entry));
-  }
-  std::sort(by_upper.begin(), by_upper.end(), [](const auto& a, const auto& b) {
-    return a.first != b.first ? a.first < b.first : a.second.name < b.second.name;
-  });
-  std::transform(by_upper.begin(), by_upper.end(), entries.begin(),
-                 [](auto& entry) { return std::move(entry.second); });
-}
 
 std::string_view WithoutClosingSeparator(std::string_view path) {
   return path.substr(0, path.find_last_not_of("\\/") + 1);
@@ -91,24 +33,8 @@ std::optional<std::vector<ListedEntry>> WineFiles::List(std::string_view pattern
                                                         ListedEntries entries) const {
   const std::size_t name_start = pattern.find_last_of("\\/") + 1;
   const auto folder = resolver_.Existing(name_start == 0 ? "." : pattern.substr(0, name_start));
-  auto found = folder ? ReadFolder(*folder) : std::nullopt;
-  if (!found) return std::nullopt;
-  const std::string wanted = Lowered(pattern.substr(name_start));
-  const bool with_folders = entries == ListedEntries::FilesAndFolders;
-  std::vector<ListedEntry> listed;
-  for (auto& entry : *found) {
-    if (!CanBeNamed(entry.name) || !MatchesWildcard(wanted, Lowered(entry.name))) continue;
-    const unsigned char kind = KindOf(entry, *folder);
-    if (kind == DT_REG || (kind == DT_DIR && with_folders)) {
-      listed.push_back({std::move(entry.name), kind == DT_DIR});
-    }
-  }
-  RemoveHidden(*folder, listed);
-  Sort(listed);
-  for (const char* name : {"..", "."}) {
-    if (with_folders && MatchesWildcard(wanted, name)) listed.insert(listed.begin(), {name, true});
-  }
-  return listed;
+  if (!folder) return std::nullopt;
+  return listing_.List(*folder, pattern.substr(name_start), entries);
 }
 
 std::optional<std::string> WineFiles::PlainFile(std::string_view path) const {

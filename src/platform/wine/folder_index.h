@@ -8,6 +8,8 @@
 #include <unordered_map>
 #include <vector>
 
+#include "platform/wine/folder_reader.h"
+
 namespace panelkit {
 
 /// Remembers the names in folders that were searched. A folder is read again when its time stamp
@@ -19,8 +21,7 @@ class FolderIndex {
 
  private:
   struct Folder {
-    struct stat status {};
-    bool shows_changes = false;
+    FolderState state;
     std::unordered_map<std::string, std::vector<std::string>> by_lowered_name;
   };
   static Folder Read(const std::string& folder, const struct stat& status);

@@ -3,7 +3,10 @@
 #include <dirent.h>
 
 #include <cerrno>
+#include <ctime>
 #include <memory>
+
+#include "platform/wine/native_file.h"
 
 namespace panelkit {
 
@@ -12,6 +15,16 @@ namespace {
 struct CloseFolder {
   void operator()(DIR* folder) const { closedir(folder); }
 };
+
+/// Whether any change from now on gives the folder another time stamp. Stamps move in steps: of at
+/// most 10 milliseconds, or of 2 seconds on FAT, where they are whole seconds.
+bool ShowsChanges(const struct stat& status) {
+  timespec now{};
+  clock_gettime(CLOCK_REALTIME, &now);
+  const auto age = static_cast<double>(now.tv_sec - status.st_mtim.tv_sec) +
+                   static_cast<double>(now.tv_nsec - status.st_mtim.tv_nsec) / 1e9;
+  return age > (status.st_mtim.tv_nsec == 0 ? 3.0 : 0.05);
+}
 
 }  // namespace
 
@@ -28,6 +41,13 @@ std::optional<std::vector<FolderEntry>> ReadFolder(const std::string& native_pat
   }
   if (errno != 0) return std::nullopt;
   return entries;
+}
+
+FolderState::FolderState(const struct stat& status)
+    : status_(status), shows_changes_(ShowsChanges(status)) {}
+
+bool FolderState::StillHolds(const struct stat& now) const {
+  return shows_changes_ && IsSameState(status_, now);
 }
 
 }  // namespace panelkit

@@ -1,5 +1,7 @@
-// The entries of a native folder.
+// The entries of a native folder, and whether what was read of it still holds.
 #pragma once
+
+#include <sys/stat.h>
 
 #include <optional>
 #include <string>
@@ -15,5 +17,20 @@ struct FolderEntry {
 
 /// All entries but "." and "..", in no order; nullopt if the folder cannot be read.
 std::optional<std::vector<FolderEntry>> ReadFolder(const std::string& native_path);
+
+/// A folder's state, to be taken before its entries are read.
+class FolderState {
+ public:
+  explicit FolderState(const struct stat& status);
+
+  /// Whether `now`, a later status of the same path, shows the same folder and no entry added,
+  /// renamed or removed since. False also where the folder was so young that such a change might
+  /// not show in its time stamp.
+  bool StillHolds(const struct stat& now) const;
+
+ private:
+  struct stat status_ {};
+  bool shows_changes_ = false;
+};
 
 }  // namespace panelkit

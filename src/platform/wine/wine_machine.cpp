@@ -5,6 +5,7 @@
 #include <system_error>
 #include <utility>
 
+#include "platform/wine/heap.h"
 #include "platform/wine/native_file.h"
 #include "platform/wine/rewrite_in_place.h"
 
@@ -88,6 +89,7 @@ std::string WineMachine::Charset() const {
 }
 
 std::unique_ptr<LocalMachine> OpenLocalMachine(const std::function<bool(const Machine&)>& wanted) {
+  UseHugePages();
   const OwnFolders folders = OwnFoldersOf(ExecutableFolder());
   FinishRewrites(folders.app);
   const std::vector<WinePrefix> prefixes = WinePrefixes();
@@ -99,6 +101,7 @@ std::unique_ptr<LocalMachine> OpenLocalMachine(const std::function<bool(const Ma
 }
 
 std::vector<std::unique_ptr<LocalMachine>> OpenLocalMachines(const std::string& prefix) {
+  UseHugePages();
   std::error_code error;
   const auto prefixes = prefix.empty()
                             ? WinePrefixes()

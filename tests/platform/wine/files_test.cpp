@@ -6,6 +6,9 @@
 #include <sys/xattr.h>
 #include <unistd.h>
 
+#include <chrono>
+#include <thread>
+
 #include "platform/disk.h"
 #include "platform/wine/rewrite_in_place.h"
 
@@ -65,6 +68,30 @@ TEST_CASE_FIXTURE(Disk, "A file that appears or goes is seen at once, in other c
     fs::last_write_time(folder.Path(), stamp);
     CHECK(files.Exists(At("FILE.GAU")) == is_there);
   }
+}
+
+TEST_CASE_FIXTURE(Disk, "A listing shows what has changed since the last one") {
+  const auto list = [this] { return List("in\\*.gau", ListedEntries::PlainFiles); };
+  // So old that any change gives it another time stamp.
+  const auto age = [this] {
+    fs::last_write_time(folder / "in", fs::file_time_type::clock::now() - std::chrono::hours(1));
+  };
+  for (const char* name : {"in/a.gau", "in/b.gau", "elsewhere"}) Put(folder / name, "x");
+  fs::create_symlink("../elsewhere", folder / "in/link.gau");
+  age();
+  REQUIRE(list() == "a.gau b.gau link.gau ");
+  CHECK(List("in\\*.cab", ListedEntries::PlainFiles).empty());
+  fs::rename(folder / "in/b.gau", folder / "in/B.cab");
+  CHECK(list() == "a.gau link.gau ");
+  age();
+  CHECK(List("in\\*.cab", ListedEntries::PlainFiles) == "B.cab ");
+  // Neither of these changes the folder itself.
+  fs::remove(folder / "elsewhere");
+  CHECK(list() == "a.gau ");
+  SetDosAttributes(folder / "in/a.gau", "0x2");
+  const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(30);
+  while (!list().empty() && std::chrono::steady_clock::now() < deadline) std::this_thread::yield();
+  CHECK(list().empty());
 }
 
 TEST_CASE_FIXTURE(Disk, "A rewrite follows links and keeps the owner and the permissions") {

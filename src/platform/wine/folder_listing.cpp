@@ -1,0 +1,134 @@
+#include "platform/wine/folder_listing.h"
+
+#include <dirent.h>
+
+#include <algorithm>
+#include <future>
+#include <thread>
+#include <utility>
+
+#include "platform/wine/dos_attributes.h"
+#include "platform/wine/letter_case.h"
+#include "platform/wine/native_file.h"
+#include "platform/wine/utf8.h"
+#include "text/matching.h"
+
+namespace panelkit {
+
+namespace {
+
+constexpr std::chrono::seconds kAttributesHold{1};
+
+bool CanBeNamed(const std::string& name) {
+  return utf8::IsValid(name) && name.find('\\') == std::string::npos;
+}
+
+/// The kind of an entry, links followed: DT_REG, DT_DIR or another.
+unsigned char KindOf(const FolderEntry& entry, const std::string& folder) {
+  if (entry.type != DT_LNK && entry.type != DT_UNKNOWN) return entry.type;
+  const auto status = StatusOf(folder + '/' + entry.name);
+  if (!status) return DT_UNKNOWN;
+  return static_cast<unsigned char>(IFTODT(status->st_mode));
+}
+
+/// Orders entries by their upper-cased names.
+void Sort(std::vector<FolderEntry>& entries) {
+  struct Keyed {
+    std::string upper;
+    FolderEntry* entry;
+  };
+  std::vector<Keyed> keyed;
+  keyed.reserve(entries.size());
+  for (FolderEntry& entry : entries) keyed.push_back({Uppered(entry.name), &entry});
+  std::vector<const Keyed*> order;  // Of addresses, which are cheaper to move than texts.
+  order.reserve(keyed.size());
+  for (const Keyed& key : keyed) order.push_back(&key);
+  std::sort(order.begin(), order.end(), [](const Keyed* a, const Keyed* b) {
+    const int upper = a->upper.compare(b->upper);
+    return upper != 0 ? upper < 0 : a->entry->name < b->entry->name;
+  });
+  std::vector<FolderEntry> sorted;
+  sorted.reserve(entries.size());
+  for (const Keyed* key : order) sorted.push_back(std::move(*key->entry));
+  entries = std::move(sorted);
+}
+
+}  // namespace
+
+std::optional<std::vector<ListedEntry>> FolderListing::List(const std::string& folder,
+                                                            std::string_view pattern,
+                                                            ListedEntries entries) {
+  if (!Refresh(folder)) return std::nullopt;
+  const std::string wanted = Lowered(pattern);
+  const bool with_folders = entries == ListedEntries::FilesAndFolders;
+  std::vector<std::pair<Entry*, unsigned char>> matching;
+  std::vector<Entry*> unknown;
+  for (Entry& entry : entries_) {
+    if (!MatchesWildcard(wanted, Lowered(entry.entry.name))) continue;
+    const unsigned char kind = KindOf(entry.entry, folder);
+    if (kind != DT_REG && (kind != DT_DIR || !with_folders)) continue;
+    matching.emplace_back(&entry, kind);
+    if (entry.hidden == Hidden::Unknown) unknown.push_back(&entry);
+  }
+  LookForHidden(unknown);
+  std::vector<ListedEntry> listed;
+  listed.reserve(matching.size() + 2);
+  for (const char* name : {".", ".."}) {
+    if (with_folders && MatchesWildcard(wanted, name)) listed.push_back({name, true});
+  }
+  for (const auto& [entry, kind] : matching) {
+    if (entry->hidden == Hidden::No) listed.push_back({entry->entry.name, kind == DT_DIR});
+  }
+  return listed;
+}
+
+/// False if the folder cannot be read.
+bool FolderListing::Refresh(const std::string& folder) {
+  const auto status = StatusOf(folder);
+  const auto now = std::chrono::steady_clock::now();
+  if (status && folder == folder_ && state_ && state_->StillHolds(*status)) {
+    if (now - read_at_ < kAttributesHold) return true;
+    for (Entry& entry : entries_) entry.hidden = Hidden::Unknown;
+    read_at_ = now;
+    return true;
+  }
+  state_.reset();
+  entries_.clear();
+  if (!status) return false;
+  const FolderState state(*status);
+  auto found = ReadFolder(folder);
+  if (!found) return false;
+  std::erase_if(*found, [](const FolderEntry& entry) { return !CanBeNamed(entry.name); });
+  Sort(*found);
+  entries_.reserve(found->size());
+  for (FolderEntry& entry : *found) entries_.push_back({std::move(entry)});
+  folder_ = folder;
+  state_ = state;
+  read_at_ = now;
+  return true;
+}
+
+/// Threads share the work, most of the time that a listing takes, the more so on a disk that has to
+/// look for each.
+void FolderListing::LookForHidden(const std::vector<Entry*>& entries) const {
+  constexpr std::size_t kLeastShare = 256;  // Worth a thread.
+  const FolderAttributes attributes(folder_);
+  const auto look_at = [&attributes, &entries](std::size_t begin, std::size_t end) {
+    for (std::size_t i = begin; i < end; ++i) {
+      const bool hidden = attributes.IsHiddenOrSystem(entries[i]->entry.name);
+      entries[i]->hidden = hidden ? Hidden::Yes : Hidden::No;
+    }
+  };
+  const std::size_t share =
+      std::max(kLeastShare, entries.size() / std::max(1U, std::thread::hardware_concurrency()) + 1);
+  std::vector<std::future<void>> others;
+  for (std::size_t begin = share; begin < entries.size(); begin += share) {
+    // One for which there is no thread runs below.
+    others.push_back(std::async(std::launch::async | std::launch::deferred, look_at, begin,
+                                std::min(begin + share, entries.size())));
+  }
+  look_at(0, std::min(share, entries.size()));
+  for (auto& other : others) other.get();
+}
+
+}  // namespace panelkit

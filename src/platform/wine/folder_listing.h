@@ -1,0 +1,41 @@
+// Listings of a folder's entries, as Windows programs see them.
+#pragma once
+
+#include <chrono>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/files.h"
+#include "platform/wine/folder_reader.h"
+
+namespace panelkit {
+
+/// Makes the listings of Files::List. The last folder is remembered: as long as its time stamp
+/// shows no change, a second listing of it reads no entries, and for a second after the first asks
+/// for no attributes again. For one thread.
+class FolderListing {
+ public:
+  /// The entries of the native folder that match the pattern ("*.gau"); nullopt if the folder
+  /// cannot be read.
+  std::optional<std::vector<ListedEntry>> List(const std::string& folder, std::string_view pattern,
+                                               ListedEntries entries);
+
+ private:
+  enum class Hidden { Unknown, No, Yes };
+  struct Entry {
+    FolderEntry entry;
+    Hidden hidden = Hidden::Unknown;
+  };
+
+  bool Refresh(const std::string& folder);
+  void LookForHidden(const std::vector<Entry*>& entries) const;
+
+  std::string folder_;
+  std::optional<FolderState> state_;  // nullopt if no folder is remembered.
+  std::chrono::steady_clock::time_point read_at_;
+  std::vector<Entry> entries_;  // Those that a Windows path can hold, by their upper-cased names.
+};
+
+}  // namespace panelkit
