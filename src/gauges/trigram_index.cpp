@@ -1,6 +1,7 @@
 #include "gauges/trigram_index.h"
 
 #include <algorithm>
+#include <iterator>
 #include <numeric>
 #include <utility>
 
@@ -8,6 +9,7 @@ namespace panelkit {
 namespace {
 
 constexpr std::size_t kTrigram = 3;
+constexpr std::size_t kShortestPart = 4;  // That has a trigram at an even and at an odd position.
 constexpr unsigned kHashBits = 15;
 constexpr std::size_t kLists = std::size_t{1} << kHashBits;
 
@@ -32,10 +34,10 @@ std::vector<Posting> PostingsOf(const std::vector<std::string_view>& texts) {
   std::vector<std::uint32_t> next_text(kLists);  // By list: one more than the last text in it.
   std::size_t bytes = 0;
   for (const std::string_view text : texts) bytes += text.size();
-  postings.reserve(bytes);
+  postings.reserve(bytes / 2);
   for (std::uint32_t number = 0; number < texts.size(); ++number) {
     const std::string_view text = texts[number];
-    for (std::size_t i = 0; i + kTrigram <= text.size(); ++i) {
+    for (std::size_t i = 0; i + kTrigram <= text.size(); i += 2) {
       const std::uint16_t list = ListAt(text, i);
       if (std::exchange(next_text[list], number + 1) == number + 1) continue;
       postings.push_back({list, static_cast<std::uint16_t>(number)});
@@ -60,37 +62,44 @@ bool TrigramIndex::ContainsBefore(std::size_t count, std::string_view part) cons
   const auto holds_part = [part](std::string_view text) {
     return text.find(part) != std::string_view::npos;
   };
-  if (part.size() < kTrigram) {
+  if (part.size() < kShortestPart) {
     const auto end = texts_.begin() + static_cast<std::ptrdiff_t>(count);
     return std::any_of(texts_.begin(), end, holds_part);
   }
-  const std::size_t list = ShortestList(part);
-  for (std::uint32_t i = starts_[list]; i < starts_[list + 1] && postings_[i] < count; ++i) {
-    if (holds_part(texts_[postings_[i]])) return true;
-  }
-  return false;
+  const auto lists = Candidates(part);
+  return std::any_of(lists.begin(), lists.end(), [&](List list) {
+    const auto end = std::lower_bound(list.begin(), list.end(), count);
+    return std::any_of(list.begin(), end,
+                       [&](std::uint16_t number) { return holds_part(texts_[number]); });
+  });
 }
 
 std::vector<std::size_t> TrigramIndex::Containing(std::string_view part) const {
-  std::vector<std::size_t> found;
-  const auto look_at = [&](std::size_t number) {
-    if (texts_[number].find(part) != std::string_view::npos) found.push_back(number);
-  };
-  if (part.size() < kTrigram) {
-    for (std::size_t number = 0; number < texts_.size(); ++number) look_at(number);
+  std::vector<std::size_t> candidates;
+  if (part.size() < kShortestPart) {
+    candidates.resize(texts_.size());
+    std::iota(candidates.begin(), candidates.end(), std::size_t{0});
   } else {
-    const std::size_t list = ShortestList(part);
-    for (std::uint32_t i = starts_[list]; i < starts_[list + 1]; ++i) look_at(postings_[i]);
+    const auto [even, odd] = Candidates(part);
+    std::set_union(even.begin(), even.end(), odd.begin(), odd.end(),
+                   std::back_inserter(candidates));
   }
-  return found;
+  std::erase_if(candidates, [&](std::size_t number) {
+    return texts_[number].find(part) == std::string_view::npos;
+  });
+  return candidates;
 }
 
-std::size_t TrigramIndex::ShortestList(std::string_view part) const {
-  const auto length = [this](std::size_t list) { return starts_[list + 1] - starts_[list]; };
-  std::size_t shortest = ListAt(part, 0);
-  for (std::size_t i = 1; i + kTrigram <= part.size(); ++i) {
-    const std::size_t list = ListAt(part, i);
-    if (length(list) < length(shortest)) shortest = list;
+// The shortest posting list of the part's trigrams at even positions, and of those at odd ones.
+std::array<TrigramIndex::List, 2> TrigramIndex::Candidates(std::string_view part) const {
+  const auto list_at = [&](std::size_t position) {
+    const std::size_t list = ListAt(part, position);
+    return List(postings_).subspan(starts_[list], starts_[list + 1] - starts_[list]);
+  };
+  std::array<List, 2> shortest = {list_at(0), list_at(1)};
+  for (std::size_t i = 2; i + kTrigram <= part.size(); ++i) {
+    const List list = list_at(i);
+    if (list.size() < shortest.at(i % 2).size()) shortest.at(i % 2) = list;
   }
   return shortest;
 }

@@ -1,16 +1,19 @@
 // A collection of texts that answers quickly whether one of them contains a given text.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string_view>
 #include <vector>
 
 namespace panelkit {
 
-/// A trigram index. A trigram is a run of three bytes; its posting list holds the texts that it
-/// occurs in. Only the texts of the shortest posting list among those of a question's trigrams are
-/// searched. Bytes are compared exactly; lower both sides to ignore case.
+/// A trigram index. A trigram is a run of three bytes; its posting list holds the texts in which it
+/// occurs at an even position. Wherever a question occurs in a text, either its trigrams at even
+/// positions or those at odd ones stand there, so only the texts of the shortest posting list of
+/// each of these two are searched. Bytes are compared exactly; lower both sides to ignore case.
 class TrigramIndex {
  public:
   /// Takes at most 65,536 texts. What they view must outlive the index.
@@ -26,7 +29,10 @@ class TrigramIndex {
   std::vector<std::size_t> Containing(std::string_view part) const;
 
  private:
-  std::size_t ShortestList(std::string_view part) const;
+  // A posting list, or the part of one that is still to be searched.
+  using List = std::span<const std::uint16_t>;
+
+  std::array<List, 2> Candidates(std::string_view part) const;
 
   std::vector<std::string_view> texts_;
 
