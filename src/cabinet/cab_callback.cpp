@@ -68,19 +68,23 @@ std::uint32_t CABFile::EntryExtracted(const FILEPATHS& Paths) const {
 std::uint32_t CABFile::InfoEntry(const FILE_IN_CABINET_INFO& Info) {
   const std::string full_name = StringFromAnsiPointer(Info.NameInCabinet);
   if (!EntryFilter.empty() && !MatchesFilter(full_name)) return FILEOP_SKIP;
-  const auto [folder, file] = modGauges::SplitPath(full_name);
-  if (FileFound) {
-    FileFound(file, DosStampToDate(Info.DosDate, Info.DosTime),
-              static_cast<std::int32_t>(Info.FileSize), folder);
+  const bool is_gauge = adds_rows_ && full_name.ends_with(kGaugeEnding);
+  if (FileFound || is_gauge) {
+    const auto [folder, file] = modGauges::SplitPath(full_name);
+    if (FileFound) {
+      FileFound(file, DosStampToDate(Info.DosDate, Info.DosTime),
+                static_cast<std::int32_t>(Info.FileSize), folder);
+    }
+    if (is_gauge) AddGaugeRow(file);
   }
-  if (adds_rows_ && file.ends_with(kGaugeEnding)) AddGaugeRow(file);
   return EntryFilter.empty() ? FILEOP_SKIP : FILEOP_ABORT;
 }
 
 void CABFile::AddGaugeRow(const std::string& file) const {
   const std::string& cabinet = modGauges::CurrentCabinet;
-  const std::string gauge = file.substr(0, file.size() - kGaugeEnding.size());
-  if (!modGauges::InstalledGauges.Add(machine_.text, cabinet, cabinet + "!" + gauge)) {
+  std::string key = cabinet + "!";
+  key.append(file, 0, file.size() - kGaugeEnding.size());
+  if (!modGauges::InstalledGauges.Add(machine_.text, cabinet, key)) {
     throw CabError(kOverflow, kCabFileSource, "Overflow");
   }
 }

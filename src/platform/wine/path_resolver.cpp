@@ -12,10 +12,8 @@ namespace panelkit {
 
 namespace {
 
-constexpr std::string_view kSeparators = "\\/";
-
 bool IsSeparator(char c) {
-  return kSeparators.find(c) != std::string_view::npos;
+  return c == '\\' || c == '/';
 }
 
 bool HasDrive(std::string_view path) {
@@ -30,7 +28,8 @@ std::string_view WithoutTrailingDots(std::string_view name) {
 /// Puts each part of `parts` behind the path; ".." takes one away, but never of the root.
 void Append(std::string& path, std::size_t root_length, std::string_view parts) {
   while (!parts.empty()) {
-    const std::size_t end = std::min(parts.find_first_of(kSeparators), parts.size());
+    const auto length = std::find_if(parts.begin(), parts.end(), IsSeparator) - parts.begin();
+    const auto end = static_cast<std::size_t>(length);
     const std::string_view part = parts.substr(0, end);
     if (part == "..") {
       path.resize(std::max(root_length, std::min(path.rfind('/'), path.size())));
@@ -177,7 +176,7 @@ std::vector<std::string> PathResolver::OtherSpellings(const std::string& native_
 
 bool PathResolver::IsPossible(std::string_view windows_path) {
   if (HasDrive(windows_path)) windows_path.remove_prefix(2);
-  const std::string_view name = windows_path.substr(windows_path.find_last_of(kSeparators) + 1);
+  const std::string_view name = windows_path.substr(windows_path.find_last_of("\\/") + 1);
   return !WithoutTrailingDots(name).empty() &&
          name.find_first_of("<>:\"|?*") == std::string_view::npos &&
          std::none_of(name.begin(), name.end(),

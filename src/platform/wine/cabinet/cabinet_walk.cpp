@@ -62,7 +62,7 @@ class Walk {
   // loses none of its bytes.
   std::string NameOf(const StoredEntry& entry) const {
     const bool is_utf8 = (entry.attributes & kNameIsUtf8) != 0 && utf8::IsValid(entry.name);
-    return is_utf8 ? entry.name : text_.FromAnsi(entry.name);
+    return is_utf8 ? std::string(entry.name) : text_.FromAnsi(entry.name);
   }
 
   // 0 to go on, else the error that stops the walk.

@@ -49,7 +49,7 @@ std::optional<StoredEntry> HeaderReader::Next() {
   const std::size_t name_length = bytes.substr(kEntrySize).find('\0');
   if (name_length == 0 || name_length == std::string_view::npos) return Damaged();
 
-  StoredEntry entry{.name = std::string(bytes.substr(kEntrySize, name_length)),
+  StoredEntry entry{.name = bytes.substr(kEntrySize, name_length),
                     .size = Number(bytes, 0, 4),
                     .folder = Short(bytes, 8),
                     .date = Short(bytes, 10),

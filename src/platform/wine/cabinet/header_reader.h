@@ -13,7 +13,9 @@ namespace panelkit {
 
 /// One entry as stored (CFFILE of [MS-CAB]).
 struct StoredEntry {
-  std::string name;  ///< In the ANSI code page, or UTF-8 where kNameIsUtf8 says so; never empty.
+  /// In the ANSI code page, or UTF-8 where kNameIsUtf8 says so; never empty. Valid until the
+  /// reader's next call.
+  std::string_view name;
   std::uint32_t size = 0;        ///< Bytes, unpacked.
   std::uint16_t folder = 0;      ///< Index, or one of the kContinued values.
   std::uint16_t date = 0;        ///< FAT layout.
