@@ -23,7 +23,6 @@ namespace panelkit {
 namespace {
 
 constexpr mode_t kPermissions = 07777;
-constexpr mode_t kOwnerOnly = 0600;
 constexpr mode_t kByUmask = 0666;
 
 /// The path at the end of a chain of links, whether or not a file is there.

@@ -12,6 +12,9 @@
 
 namespace panelkit {
 
+/// The permissions of a new file that nobody else may read.
+inline constexpr mode_t kOwnerOnly = 0600;
+
 /// A new file, open for reading and writing, that is removed again unless it is kept. It is locked
 /// (flock(2)) while it is open, which tells it from one that a killed process left.
 class NewFile {

@@ -15,7 +15,7 @@ namespace panelkit {
 
 namespace {
 
-constexpr mode_t kOwnerOnly = 0700;
+constexpr mode_t kPrivate = 0700;
 
 std::string AbsolutePathIn(const char* variable) {
   const char* const value = std::getenv(variable);
@@ -63,10 +63,10 @@ OwnFolders OwnFoldersOf(const std::string& program) {
 }
 
 bool MakePrivateFolder(const std::string& folder) {
-  if (mkdir(folder.c_str(), kOwnerOnly) != 0 && !StatusOf(folder)) {
+  if (mkdir(folder.c_str(), kPrivate) != 0 && !StatusOf(folder)) {
     const std::string parent = FolderOf(folder);
     if (parent == folder || !MakePrivateFolder(parent)) return false;
-    mkdir(folder.c_str(), kOwnerOnly);
+    mkdir(folder.c_str(), kPrivate);
   }
   const auto status = StatusOf(folder);
   return status && S_ISDIR(status->st_mode);

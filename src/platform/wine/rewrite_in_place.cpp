@@ -19,7 +19,6 @@ namespace panelkit {
 namespace {
 
 constexpr std::string_view kRecordStart = "rewrite-";
-constexpr mode_t kOwnerOnly = 0600;
 
 /// What a record holds. Its file has a line of the three lengths, then the texts themselves.
 struct Rewrite {
