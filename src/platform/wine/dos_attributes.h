@@ -13,8 +13,8 @@ namespace panelkit {
 /// and Samba's text form, "0x22": 2 is hidden, 4 is system), or by a name that begins with a dot.
 bool IsHiddenOrSystem(const std::string& native_path);
 
-/// The entries of one folder: as IsHiddenOrSystem of each, but without a walk of the whole path for
-/// each where the system can do so. Any number of threads may ask.
+/// IsHiddenOrSystem for the entries of one folder: where the kernel can, it does not walk the whole
+/// path for each of them. For any number of threads at once.
 class FolderAttributes {
  public:
   explicit FolderAttributes(std::string folder);

@@ -49,8 +49,8 @@ std::vector<std::string> AttributeNames(int descriptor) {
   return names;
 }
 
-/// Copies the extended attributes. False where one of the user's own or the access list could not
-/// be set; the system's labels are the system's affair.
+/// Copies the extended attributes. False if one of the "user." attributes or the access list could
+/// not be set; a label of another kind, which the system gives by itself, may be lost.
 bool CopyAttributes(int from, int to) {
   bool copied = true;
   std::array<char, 65536> value{};

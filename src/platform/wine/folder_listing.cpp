@@ -40,7 +40,7 @@ void Sort(std::vector<FolderEntry>& entries) {
   std::vector<Keyed> keyed;
   keyed.reserve(entries.size());
   for (FolderEntry& entry : entries) keyed.push_back({Uppered(entry.name), &entry});
-  std::vector<const Keyed*> order;  // Of addresses, which are cheaper to move than texts.
+  std::vector<const Keyed*> order;  // Addresses are cheaper to move than texts.
   order.reserve(keyed.size());
   for (const Keyed& key : keyed) order.push_back(&key);
   std::sort(order.begin(), order.end(), [](const Keyed* a, const Keyed* b) {
@@ -108,8 +108,7 @@ bool FolderListing::Refresh(const std::string& folder) {
   return true;
 }
 
-/// Threads share the work, most of the time that a listing takes, the more so on a disk that has to
-/// look for each.
+/// Threads share the work: it is most of a listing's time, the more so on a slow disk.
 void FolderListing::LookForHidden(const std::vector<Entry*>& entries) const {
   constexpr std::size_t kLeastShare = 256;  // Worth a thread.
   const FolderAttributes attributes(folder_);
@@ -123,7 +122,7 @@ void FolderListing::LookForHidden(const std::vector<Entry*>& entries) const {
       std::max(kLeastShare, entries.size() / std::max(1U, std::thread::hardware_concurrency()) + 1);
   std::vector<std::future<void>> others;
   for (std::size_t begin = share; begin < entries.size(); begin += share) {
-    // One for which there is no thread runs below.
+    // Where no thread can be started, get() does the work.
     others.push_back(std::async(std::launch::async | std::launch::deferred, look_at, begin,
                                 std::min(begin + share, entries.size())));
   }

@@ -19,8 +19,8 @@ constexpr int kLargestInHeap = 1 << 20;
 
 bool Reserve() {
   mallopt(M_MMAP_THRESHOLD, kLargestInHeap);
-  mallopt(M_TRIM_THRESHOLD, 2 * kReserved);  // What is free at its end is not given back.
-  // A block that the heap has no room for makes it grow by what is to be reserved.
+  mallopt(M_TRIM_THRESHOLD, 2 * kReserved);  // Free memory at its end is kept.
+  // The heap grows by this much more than a block needs that it has no room for.
   mallopt(M_TOP_PAD, kReserved);
   const auto begin = reinterpret_cast<std::uintptr_t>(sbrk(0));
   void* volatile block = std::malloc(kLargestInHeap / 2);  // Volatile, or no call is made.

@@ -15,8 +15,8 @@ constexpr std::uint32_t kBinary = 3;
 constexpr std::uint32_t kDword = 4;
 constexpr std::uint32_t kMultiString = 7;
 
-/// The number at `position` in up to `most` digits of `base`; moves behind it. Nothing without a
-/// digit.
+/// The number at `position` in up to `most` digits of `base`; moves behind it. nullopt
+/// without a digit.
 std::optional<std::uint32_t> ReadNumber(std::string_view text, std::size_t& position,
                                         std::size_t most, int base) {
   const std::string_view digits = text.substr(position, most);
