@@ -7,7 +7,6 @@
 #include "app/frm_gauges.h"
 #include "console/progress_line.h"
 #include "platform/headless/headless_toolkit.h"
-#include "platform/headless/quiet_loop.h"
 
 namespace panelkit {
 

@@ -31,7 +31,15 @@ class NameList {
 
   /// Adds a name unless it is there already. A name that would need a slot past kHighestIndex is
   /// refused.
-  void Add(std::string_view name);
+  void Add(std::string_view name) {
+    if (known_.contains(name)) return;
+    if (UpperBound() == kHighestIndex) {
+      overflowed_ = true;
+      return;
+    }
+    known_.emplace(name);
+    names_.emplace_back(name);
+  }
 
   /// The index of the free last slot, which is the number of names.
   int UpperBound() const { return static_cast<int>(names_.size()); }

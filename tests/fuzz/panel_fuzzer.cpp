@@ -3,7 +3,7 @@
 
 #include "fuzz/fuzz.h"
 #include "gauges/panel_reader.h"
-#include "platform/headless/quiet_loop.h"
+#include "platform/headless/headless_toolkit.h"
 
 void panelkit::fuzz::Try(std::string_view input) {
   static Prefix prefix;

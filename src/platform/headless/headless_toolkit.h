@@ -1,6 +1,7 @@
 // A window toolkit without windows: captions, menu states and the bar live in memory.
 #pragma once
 
+#include <cstdlib>
 #include <functional>
 #include <map>
 #include <memory>
@@ -11,6 +12,13 @@
 #include "platform/toolkit.h"
 
 namespace panelkit {
+
+/// The event loop of a program without a window: there are no events, and End ends the process.
+class QuietLoop : public EventLoop {
+ public:
+  void ProcessPending() override {}
+  [[noreturn]] void End() override { std::_Exit(EXIT_SUCCESS); }
+};
 
 class HeadlessLabel : public Label {
  public:
