@@ -11,6 +11,7 @@ import time
 FOLDER = pathlib.Path(sys.argv[2])
 RUNS = int(sys.argv[3])
 CONSOLE = FOLDER / "panelkit-console"
+OTHER = FOLDER / "other" / "panelkit-console"  # Of another build, to compare with.
 WINDOW = FOLDER / "bench_window"
 
 
@@ -89,6 +90,9 @@ def measure_console():
                                     ("other-case", "one in four folders in other case", ["probe"])):
         rows = [yardstick(f"Yardstick, {label}", simulator)]
         rows += [Row(f"{name}, {label}", simulator, [CONSOLE, *name.split()]) for name in names]
+        if OTHER.exists() and names is reports:
+            rows += [Row(f"{name}, {label}, other build", simulator, [OTHER, *name.split()])
+                     for name in names]
         run_in_turns(rows)
         print_rows(rows, reference)
         reference = reference or rows
