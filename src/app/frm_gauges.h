@@ -142,6 +142,7 @@ class frmGauges {
   StatusLine status_;  // lblStatus.
   std::optional<GaugeReport> report_;
   std::vector<std::string> unreadable_;
+  std::vector<std::string> not_named_;  // Cabinets whose names the cabinet service does not take.
   MoveOutcome moved_;
   BrakeOutcome brakes_;
 };

@@ -55,13 +55,18 @@ void frmGauges::CreateGaugeArray(const std::string& FSPath) {
 
 void frmGauges::AddCabinetRows(const std::string& FSPath) {
   const auto names = machine_.files.List(FSPath + R"(\Gauges\*.cab)", ListedEntries::PlainFiles);
+  not_named_.clear();
   for (std::size_t i = 0; names && i < names->size(); ++i) {
     const std::string& name = (*names)[i].name;
     loop_.ProcessPending();
     modGauges::CurrentCabinet = LessExtension(name);
     cab = CABFile::Create(machine_);
     cab->CabName = FSPath + R"(\Gauges\)" + name;
-    cab->GetInfo();
+    // A damaged cabinet gives what can be read of it, without a word; one that the user need only
+    // rename is told.
+    if (!cab->GetInfo() && machine_.cabinets.GetLastError() == kImpossibleName) {
+      not_named_.push_back(name);
+    }
   }
 }
 

@@ -62,6 +62,7 @@ void frmGauges::ShowReport() {
                      ".");
   }
   if (TablesAreFull()) status_.Complain(kReportNotWholeText);
+  if (!not_named_.empty()) status_.Complain(CabinetsNotNamedText(not_named_));
   TellOf(ShowPage(PageFile()));
 }
 
@@ -90,6 +91,7 @@ std::optional<SpareSelection> frmGauges::FindSpare() {
     status_.Complain("Nothing was moved: " + hindrance + ".");
     return std::nullopt;
   }
+  if (!not_named_.empty()) status_.Warn(CabinetsNotNamedText(not_named_));
   return SelectSpare(modGauges::InstalledGauges, MissingGauges.Names(), machine_.text);
 }
 

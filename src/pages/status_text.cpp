@@ -57,6 +57,12 @@ std::string NoAircraftText(const Files& files, const std::string& FSPath) {
   return "the Aircraft folder cannot be read";
 }
 
+std::string CabinetsNotNamedText(const std::vector<std::string>& cabinets) {
+  std::string names;
+  for (const std::string& cabinet : cabinets) names += (names.empty() ? "" : ", ") + cabinet;
+  return "Windows cannot open these cabinets by their names, rename them: " + names + ".";
+}
+
 std::string UnfinishedText(const std::string& reason) {
   return "The command could not be finished: " + reason + ".";
 }

@@ -3,6 +3,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/files.h"
 
@@ -31,6 +32,10 @@ std::string NoAircraftText(const Files& files, const std::string& FSPath);
 /// The end of a Clean Gauges run: "Done", with the number of files that stayed in Gauges and of
 /// panels that could not be read, as far as there are any.
 std::string CleanDoneText(std::size_t stayed, std::size_t unreadable);
+
+/// These cabinets (names of files in Gauges) were not looked into: the system's cabinet service
+/// takes no such names.
+std::string CabinetsNotNamedText(const std::vector<std::string>& cabinets);
 
 /// A command ended half way, for the reason given.
 std::string UnfinishedText(const std::string& reason);

@@ -45,6 +45,10 @@ inline constexpr std::uint32_t FILEOP_SKIP = 2;
 using CabinetMsgHandler = std::uint32_t (*)(std::uint32_t Context, std::uint32_t Notification,
                                             std::uintptr_t Param1, std::uintptr_t Param2);
 
+/// The code of winerror.h for a cabinet whose path the service cannot take: with letters that the
+/// ANSI code page lacks, for one.
+inline constexpr std::int32_t kImpossibleName = 123;
+
 /// The machine's cabinet service.
 class CabinetWalk {
  public:

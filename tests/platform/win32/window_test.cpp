@@ -139,6 +139,20 @@ TEST_CASE_FIXTURE(Screen,
   CHECK(Get(simulator.App() / "GAUGES.HTM").find("BETA") != std::string::npos);
 }
 
+TEST_CASE_FIXTURE(Screen, "A cabinet that the service cannot be told by name is told to the user") {
+  const NoShortNames no_short_names;
+  for (const char* cabinet : {"damaged.cab", "計器.cab", "計器2.cab"}) simulator.AddGauge(cabinet);
+  Start();
+  for (const char command : {'p', 'c'}) {
+    PostMessageW(window, WM_SYSCOMMAND, SC_KEYMENU, command);
+    CHECK(Until([this] { return LabelsOf(window)[1].starts_with("Windows cannot"); }));
+    CHECK(LabelsOf(window)[1] ==
+          "Windows cannot open these cabinets by their names, rename them: 計器.cab, 計器2.cab.");
+    PostMessageW(window, WM_SYSCOMMAND, SC_KEYMENU, 'm');
+    CHECK(Until([this] { return LabelsOf(window)[1] == "Done"; }));
+  }
+}
+
 TEST_CASE_FIXTURE(Screen, "Without a simulator the commands are greyed in the real menu") {
   simulator.registry.applications.clear();
   Start();

@@ -28,12 +28,7 @@ TEST_CASE_FIXTURE(CabinetWalks, "A cabinet is named to the service as it takes n
   CHECK(Walk(folder_name + "\\x.cab") == "ok");
   CHECK(named == At(folder_name + "\\x.cab"));
   Put(folder / "計器.cab", "");
-  const ReplacedCall<"GetShortPathNameW", DWORD(LPCWSTR, LPWSTR, DWORD)> no_short_names(
-      [](LPCWSTR path, LPWSTR copy, DWORD size) {
-        const std::wstring text(path);
-        if (size > text.size()) *std::ranges::copy(text, copy).out = L'\0';
-        return static_cast<DWORD>(size > text.size() ? text.size() : text.size() + 1);
-      });
+  const NoShortNames no_short_names;
   CHECK(Walk("計器.cab") == "error 123");
 }
 

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <functional>
+#include <string_view>
 #include <utility>
 
 namespace panelkit::test {
@@ -51,6 +52,17 @@ class ReplacedCall<name, Result(Arguments...)> {
 
   static inline Replacement now_;
   static inline void* system_ = nullptr;
+};
+
+/// A disk that keeps no short names: the call gives the long one.
+struct NoShortNames : ReplacedCall<"GetShortPathNameW", DWORD(LPCWSTR, LPWSTR, DWORD)> {
+  NoShortNames()
+      : ReplacedCall([](LPCWSTR path, LPWSTR copy, DWORD size) {
+          const std::wstring_view text(path);
+          if (size <= text.size()) return static_cast<DWORD>(text.size() + 1);
+          *std::copy(text.begin(), text.end(), copy) = L'\0';
+          return static_cast<DWORD>(text.size());
+        }) {}
 };
 
 }  // namespace panelkit::test
