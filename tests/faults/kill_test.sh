@@ -1,9 +1,11 @@
 #!/usr/bin/env bash
 # Kills the console companion at many moments: nothing is lost, and nothing stands half written
 # under its name.
-# usage: kill_test.sh CONSOLE SOURCE_DIR [ROUNDS], how often each is killed at a random moment
+# usage: kill_test.sh CONSOLE SOURCE_DIR [ROUNDS [KILLER...]], how often each command is killed at a
+# random moment, and for a console of Windows the commands that run it and end it early
 set -u
 rounds=${3:-9}
+killers=("${@:4}")
 . "$2/tests/support/console.sh"
 unpacked=$work/unpacked
 config=$fs/fs2002.cfg
@@ -14,9 +16,10 @@ ways=()
 for ((i = 0; i < rounds; i++)); do
   ways+=("timeout -s KILL $(printf 0.%05d $((RANDOM % 1200 + 1)))")
 done
+ways+=("${killers[@]}")
 changes=({write,pwrite64,ftruncate,rename,unlink,mkdir,fsync}:signal=KILL:when={1..8})
-strace -o /dev/null true && ways+=("${changes[@]/#/strace -qq -o /dev/null -e inject=}") ||
-  echo 'Left out: kills before each change (strace).'
+[ ${#killers[@]} = 0 ] && strace -o /dev/null true && ways+=("${changes[@]/#/strace -qq -o /dev/null -e inject=}")
+[ ${#ways[@]} != $rounds ] || echo 'Left out: kills before each change (strace).'
 
 # killed CHECK ARGUMENT...: for each way, prepares, runs the command, kills it, and runs CHECK.
 killed() {
@@ -33,7 +36,7 @@ killed() {
 
 rm -r "${fs:?}/Aircraft"/* "${gauges:?}"/*
 for i in {1..25}; do head -c $((RANDOM * 9)) /dev/urandom >"$gauges/gauge $i.gau"; done
-chmod 444 "$gauges/gauge 7.gau"
+chmod 444 "$gauges/gauge 1.gau"
 cp "$source/demo/drive_c/Program Files/Microsoft Games/FS2002/Gauges/SKERRY.CAB" "$gauges/s.cab"
 all=$(sums "$gauges")
 nothing_lost() { [ "$(sums "$gauges" "$spare" "${written[@]}" | uniq)" = "$all" ]; }
@@ -74,20 +77,27 @@ prepare() { rm -rf "$unpacked/1.xml"; }
 killed only_whole cab extract "$work/packed.cab" --output-path "$unpacked"
 tidied cab extract "$work/packed.cab" --output-path "$unpacked"
 
-# A configuration whose folder takes no new file is rewritten in place. The next start makes it
-# whole.
+# A configuration whose folder takes no new file, or that cannot be replaced, is rewritten in place.
 chmod -R a+rwX "$app"
-as_user=("${ordinary[@]}")
 prepare() {
   cat "$work/old" >"$config"
-  rm -rf "$app/Backups"
+  rm -rf "$app/Backups" "$config".*
 }
 prepare
 chmod 666 "$config"
-chmod a-w "$fs"
-whole_at_next_start() {
-  expect 0 where
-  only_whole && [ -z "$(find "$app" -name 'rewrite-*')" ]
-}
-killed whole_at_next_start brake off
+if [ ${#killers[@]} = 0 ]; then
+  as_user=("${ordinary[@]}")
+  chmod a-w "$fs"
+  whole_after_kill() {  # The next start makes it whole.
+    expect 0 where
+    only_whole && [ -z "$(find "$app" -name 'rewrite-*')" ]
+  }
+else
+  as_user=(env PANELKIT_KEEPS=fs2002.cfg)
+  whole_after_kill() {  # Or a whole one lies beside it.
+    only_whole || find "$work/whole" -name fs2002.cfg -exec cmp -s "$config.panelkit-whole" {} \; -print |
+      grep -q .
+  }
+fi
+killed whole_after_kill brake off
 [ $failures = 0 ]

@@ -28,7 +28,9 @@ std::string UserFolder() {
 }
 
 bool CanWriteTo(const std::string& folder) {
-  const NewFile probe(TemporaryPathBeside(FilePath(folder) + L"\\"), FILE_ATTRIBUTE_NORMAL);
+  // Deleted by the system with its handle, so that a killed process leaves nothing.
+  const NewFile probe(TemporaryPathBeside(FilePath(folder) + L"\\"),
+                      FILE_ATTRIBUTE_NORMAL | FILE_FLAG_DELETE_ON_CLOSE);
   return probe.IsThere();
 }
 

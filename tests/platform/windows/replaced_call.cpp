@@ -7,26 +7,25 @@
 namespace panelkit::test {
 namespace {
 
-/// What lies at an address relative to the start of the program's image.
+/// What lies at an address relative to the start of a program's or library's image.
 template <class Record>
-Record* InImage(std::size_t offset) {
-  return reinterpret_cast<Record*>(reinterpret_cast<std::byte*>(GetModuleHandleW(nullptr)) +
-                                   offset);
+Record* InImage(HMODULE image, std::size_t offset) {
+  return reinterpret_cast<Record*>(reinterpret_cast<std::byte*>(image) + offset);
 }
 
 /// The slot of the import table that calls of the function go through; null if there is none.
-IMAGE_THUNK_DATA* FindSlot(const char* function) {
+IMAGE_THUNK_DATA* FindSlot(HMODULE image, const char* function) {
   const auto& headers =
-      *InImage<const IMAGE_NT_HEADERS>(InImage<const IMAGE_DOS_HEADER>(0)->e_lfanew);
+      *InImage<const IMAGE_NT_HEADERS>(image, InImage<const IMAGE_DOS_HEADER>(image, 0)->e_lfanew);
   const IMAGE_DATA_DIRECTORY& imports =
       headers.OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT];
-  for (const auto* library = InImage<const IMAGE_IMPORT_DESCRIPTOR>(imports.VirtualAddress);
+  for (const auto* library = InImage<const IMAGE_IMPORT_DESCRIPTOR>(image, imports.VirtualAddress);
        library->Name != 0; ++library) {
-    const auto* names = InImage<const IMAGE_THUNK_DATA>(library->OriginalFirstThunk);
-    auto* slot = InImage<IMAGE_THUNK_DATA>(library->FirstThunk);
+    const auto* names = InImage<const IMAGE_THUNK_DATA>(image, library->OriginalFirstThunk);
+    auto* slot = InImage<IMAGE_THUNK_DATA>(image, library->FirstThunk);
     for (; names->u1.AddressOfData != 0; ++names, ++slot) {
       if (IMAGE_SNAP_BY_ORDINAL(names->u1.Ordinal)) continue;
-      const auto* import = InImage<const IMAGE_IMPORT_BY_NAME>(names->u1.AddressOfData);
+      const auto* import = InImage<const IMAGE_IMPORT_BY_NAME>(image, names->u1.AddressOfData);
       if (std::strcmp(reinterpret_cast<const char*>(import->Name), function) == 0) return slot;
     }
   }
@@ -35,8 +34,8 @@ IMAGE_THUNK_DATA* FindSlot(const char* function) {
 
 }  // namespace
 
-void* Redirect(const char* name, void* function) {
-  IMAGE_THUNK_DATA* slot = FindSlot(name);
+void* Redirect(const char* name, void* function, const wchar_t* library) {
+  IMAGE_THUNK_DATA* slot = FindSlot(GetModuleHandleW(library), name);
   if (slot == nullptr) throw std::logic_error(std::string("not imported: ") + name);
   DWORD protection = 0;
   VirtualProtect(slot, sizeof *slot, PAGE_READWRITE, &protection);

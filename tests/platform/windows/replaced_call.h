@@ -11,9 +11,10 @@
 
 namespace panelkit::test {
 
-/// Has this program's imported function `name` be `function` from now on and gives what it was
-/// until now. Throws std::logic_error if the program does not import it.
-void* Redirect(const char* name, void* function);
+/// Directs calls of the imported function `name` to `function` from now on and gives where they
+/// went until now: the calls of this program or, with a `library`, of that one ("setupapi.dll").
+/// Throws std::logic_error if it does not import the function.
+void* Redirect(const char* name, void* function, const wchar_t* library = nullptr);
 
 /// The name of a function, as a template argument.
 template <std::size_t size>
@@ -34,8 +35,8 @@ class ReplacedCall<name, Result(Arguments...)> {
  public:
   using Replacement = std::function<Result(Arguments...)>;
 
-  explicit ReplacedCall(Replacement replacement) {
-    now_ = std::move(replacement);
+  explicit ReplacedCall(Replacement replacement) : replacement_(std::move(replacement)) {
+    now_ = &replacement_;
     system_ = Redirect(name.text, reinterpret_cast<void*>(&Call));
   }
   ~ReplacedCall() { Redirect(name.text, system_); }
@@ -48,9 +49,10 @@ class ReplacedCall<name, Result(Arguments...)> {
   }
 
  private:
-  static Result WINAPI Call(Arguments... arguments) { return now_(arguments...); }
+  static Result WINAPI Call(Arguments... arguments) { return (*now_)(arguments...); }
 
-  static inline Replacement now_;
+  Replacement replacement_;
+  static inline const Replacement* now_ = nullptr;
   static inline void* system_ = nullptr;
 };
 

@@ -60,3 +60,21 @@ compare_consoles() {
   [ "$(grep -rl 'status 0' "$work/windows" | wc -l)" -gt 10 ] || stop 'Too few commands succeeded'
   say "$(ls "$work/windows" | wc -l) commands: same output, pages, folders and exit statuses"
 }
+
+# kill_test BUILD: the console companion, ended at each of the first changes that it makes to the disk.
+kill_test() {
+  # As the test starts the one for Linux. It finds the test's simulator, and lies where its own files are to.
+  cat >"$work/cut_console" <<END
+#!/usr/bin/env bash
+console=\$(dirname "\$0")/console.exe
+simulator="\$WINEPREFIX/drive_c/Program Files/Microsoft Games/FS2002"
+[ -e "\$console" ] || cp '$1/tests/platform/windows/cut_console.exe' "\$console"
+unset TMPDIR # Where Wine looks for the server of its session.
+WINEPREFIX=$WINEPREFIX exec ${place[*]} $wine "\$console" --simulator "\$simulator" "\${@/#\//Z:/}"
+END
+  chmod +x "$work/cut_console"
+  # Keeps the session, which would end after each run and take a second to start again.
+  in_wine cmd /c 'ping -n 999 127.0.0.1' >/dev/null 2>&1 &
+  TMPDIR=$work tests/faults/kill_test.sh "$work/cut_console" "$PWD" 0 'env PANELKIT_ENDS_AT='{1..24} ||
+    stop 'A kill has lost something'
+}
