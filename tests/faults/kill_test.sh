@@ -19,7 +19,7 @@ done
 ways+=("${killers[@]}")
 changes=({write,pwrite64,ftruncate,rename,unlink,mkdir,fsync}:signal=KILL:when={1..8})
 [ ${#killers[@]} = 0 ] && strace -o /dev/null true && ways+=("${changes[@]/#/strace -qq -o /dev/null -e inject=}")
-[ ${#ways[@]} != $rounds ] || echo 'Left out: kills before each change (strace).'
+[ ${#ways[@]} != "$rounds" ] || echo 'Left out: kills before each change (strace).'
 
 # killed CHECK ARGUMENT...: for each way, prepares, runs the command, kills it, and runs CHECK.
 killed() {

@@ -12,6 +12,8 @@ using Microsoft::WRL::ComPtr;
 constexpr UINT kBeforeNavigateFrame = 6;
 constexpr UINT kBeforeNavigateUrl = 5;
 constexpr UINT kBeforeNavigateCancel = 0;
+constexpr UINT kDocumentCompleteFrame = 1;
+constexpr UINT kDocumentCompleteUrl = 0;
 constexpr UINT kNewWindow2Cancel = 0;
 constexpr UINT kNewWindow3Cancel = 3;
 constexpr UINT kNewWindow3Flags = 2;
@@ -76,9 +78,9 @@ HRESULT BrowserEvents::GetTypeInfoCount(UINT* count) {
 }
 
 /// An event that names no frame is taken for the main frame's.
-bool BrowserEvents::IsMainFrame(const DISPPARAMS& arguments) const {
-  if (kBeforeNavigateFrame >= arguments.cArgs) return true;
-  const VARIANT& frame = arguments.rgvarg[kBeforeNavigateFrame];
+bool BrowserEvents::IsMainFrame(const DISPPARAMS& arguments, UINT frame_index) const {
+  if (frame_index >= arguments.cArgs) return true;
+  const VARIANT& frame = arguments.rgvarg[frame_index];
   ComPtr<IUnknown> identity;
   if (V_VT(&frame) != VT_DISPATCH || V_DISPATCH(&frame) == nullptr) return true;
   V_DISPATCH(&frame)->QueryInterface(IID_PPV_ARGS(&identity));
@@ -90,8 +92,14 @@ HRESULT BrowserEvents::Invoke(DISPID event, REFIID, LCID, WORD, DISPPARAMS* argu
   if (decisions_.may_go == nullptr) return DISP_E_MEMBERNOTFOUND;
   switch (event) {
     case DISPID_BEFORENAVIGATE2:
-      if (!decisions_.may_go(TextOf(*arguments, kBeforeNavigateUrl), IsMainFrame(*arguments))) {
+      if (!decisions_.may_go(TextOf(*arguments, kBeforeNavigateUrl),
+                             IsMainFrame(*arguments, kBeforeNavigateFrame))) {
         Cancel(*arguments, kBeforeNavigateCancel);
+      }
+      return S_OK;
+    case DISPID_DOCUMENTCOMPLETE:
+      if (IsMainFrame(*arguments, kDocumentCompleteFrame)) {
+        decisions_.loaded(TextOf(*arguments, kDocumentCompleteUrl));
       }
       return S_OK;
     case DISPID_NEWWINDOW3: {

@@ -21,6 +21,8 @@ struct BrowserDecisions {
   /// click; none is opened. The address is empty if the control does not tell it (before Windows XP
   /// Service Pack 2).
   std::function<void(const std::wstring& address, bool user_acted)> new_window_wanted;
+  /// Called when the document at `address` has been loaded into the pane itself.
+  std::function<void(const std::wstring& address)> loaded;
 };
 
 /// The receiver of the control's events (DWebBrowserEvents2). Counted by references, as the control
@@ -46,7 +48,7 @@ class BrowserEvents final : public IDispatch {
                                    VARIANT*, EXCEPINFO*, UINT*) override;
 
  private:
-  bool IsMainFrame(const DISPPARAMS& arguments) const;
+  bool IsMainFrame(const DISPPARAMS& arguments, UINT frame_index) const;
 
   BrowserDecisions decisions_;
   Microsoft::WRL::ComPtr<IConnectionPoint> source_;  ///< Null while nothing is listened to.

@@ -127,14 +127,15 @@ FetchGuard::FetchGuard(MayFetch may_fetch) {
 }
 
 void FetchGuard::TurnOn(const std::wstring& page) {
-  if (session_ != nullptr) return;
   const auto get_session = SystemCall<HRESULT WINAPI(DWORD, IInternetSession**, DWORD)>(
       L"urlmon.dll", "CoInternetGetSession");
   const auto open = SystemCall<HRESULT WINAPI(IUnknown*, LPCWSTR, IStream**, DWORD, void*)>(
       L"urlmon.dll", "URLOpenBlockingStreamW");
-  if (get_session == nullptr || open == nullptr || FAILED(get_session(0, &session_, 0))) return;
-  for (const wchar_t* scheme : kSchemes) {
-    session_->RegisterNameSpace(handlers_.Get(), kGuardClass, scheme, 0, nullptr, 0);
+  if (session_ == nullptr) {
+    if (get_session == nullptr || open == nullptr || FAILED(get_session(0, &session_, 0))) return;
+    for (const wchar_t* scheme : kSchemes) {
+      session_->RegisterNameSpace(handlers_.Get(), kGuardClass, scheme, 0, nullptr, 0);
+    }
   }
   ComPtr<IStream> opened;
   if (open(nullptr, page.c_str(), &opened, 0, nullptr) == INET_E_USE_DEFAULT_PROTOCOLHANDLER) {

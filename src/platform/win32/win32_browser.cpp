@@ -3,7 +3,7 @@
 #include <shellapi.h>
 #include <urlmon.h>
 
-#include "platform/win32/active_link.h"
+#include "platform/win32/browser_document.h"
 #include "platform/windows/system_library.h"
 #include "platform/windows/wide.h"
 
@@ -11,6 +11,8 @@ namespace panelkit::windows {
 namespace {
 
 using Microsoft::WRL::ComPtr;
+
+constexpr const wchar_t* kEmptyDocument = L"about:blank";
 
 /// How long after a click or key the control may begin to navigate for it, in milliseconds.
 constexpr DWORD kActionCounts = 1000;
@@ -90,7 +92,8 @@ void Win32Browser::Connect() {
                                },
                                [this](const std::wstring& address, bool user_acted) {
                                  NewWindowWanted(address, user_acted);
-                               }});
+                               },
+                               [this](const std::wstring& address) { Loaded(address); }});
   host_ = new BrowserHost(pane_, {[policy = policy_] { return policy->ShowsPageFile(); },
                                   [this] { menu_was_open_ = true; }});
   host_->Release();  // The reference that it was made with.
@@ -101,12 +104,31 @@ void Win32Browser::Connect() {
 }
 
 void Win32Browser::Navigate(const std::string& address) {
+  page_.reset();
+  policy_->Admit(Wide(address));
+  Go(Wide(address));
+}
+
+/// The empty document comes under the rules for page files, and passes them on to what it is loaded
+/// with.
+void Win32Browser::ShowFromMemory(const std::string& page) {
+  page_ = page;
+  Go(kEmptyDocument);
+}
+
+void Win32Browser::Go(const std::wstring& address) {
   if (host_->Control() == nullptr) return;
-  const std::wstring wide = Wide(address);
-  policy_->Admit(wide);
   VARIANT none;
   VariantInit(&none);
-  host_->Control()->Navigate(OleText(wide).Get(), &none, &none, &none, &none);
+  host_->Control()->Navigate(OleText(address).Get(), &none, &none, &none, &none);
+}
+
+void Win32Browser::Loaded(const std::wstring& address) {
+  if (address != kEmptyDocument || !page_) return;
+  const std::string page = *std::exchange(page_, std::nullopt);
+  ComPtr<IDispatch> document;
+  host_->Control()->get_Document(&document);
+  LoadPage(document.Get(), page);
 }
 
 bool Win32Browser::UserActed() const {
@@ -117,6 +139,7 @@ bool Win32Browser::MayGo(const std::wstring& address, bool is_main_frame) {
   if (!is_main_frame) return policy_->MayShowInFrame(address);
   if (!policy_->MayShow(address, UserActed())) return false;
   has_acted_ = menu_was_open_ = false;
+  if (address != kEmptyDocument) page_.reset();
   policy_->Going(address);
   if (policy_->ShowsPageFile()) {
     guard_.TurnOn(address);

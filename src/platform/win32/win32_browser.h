@@ -8,6 +8,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -25,8 +26,8 @@ namespace panelkit::windows {
 /// Windows can.
 void LockLocalPages();
 
-/// Where the system lacks the control, the pane stays white. A page that could not be written to
-/// its file is not shown.
+/// The system's web browser control. Where the system lacks it, the pane stays white. A page from
+/// memory shows no pictures.
 class Win32Browser final : public WebBrowser {
  public:
   /// Makes the pane inside `form`; `id` as in CreateControl. OLE is initialised on this thread.
@@ -38,6 +39,7 @@ class Win32Browser final : public WebBrowser {
   Win32Browser& operator=(const Win32Browser&) = delete;
 
   void Navigate(const std::string& address) override;
+  void ShowFromMemory(const std::string& page) override;
   void OnLinkNotOpened(std::function<void()> handler) override {
     link_not_opened_ = std::move(handler);
   }
@@ -57,6 +59,8 @@ class Win32Browser final : public WebBrowser {
 
  private:
   void Connect();
+  void Go(const std::wstring& address);
+  void Loaded(const std::wstring& address);
   bool MayGo(const std::wstring& address, bool is_main_frame);
   void NewWindowWanted(const std::wstring& address, bool user_acted);
   void OpenOutside(const std::wstring& address);
@@ -71,9 +75,10 @@ class Win32Browser final : public WebBrowser {
   Microsoft::WRL::ComPtr<BrowserHost> host_;
   Microsoft::WRL::ComPtr<BrowserEvents> events_;
   std::function<void()> link_not_opened_;
-  DWORD acted_at_ = 0;          ///< GetTickCount of the user's last click or key in the pane.
-  bool has_acted_ = false;      ///< Whether there was one since the last navigation.
-  bool menu_was_open_ = false;  ///< Whether the page's menu was opened since then.
+  std::optional<std::string> page_;  ///< To be loaded once the pane is empty.
+  DWORD acted_at_ = 0;               ///< GetTickCount of the user's last click or key in the pane.
+  bool has_acted_ = false;           ///< Whether there was one since the last navigation.
+  bool menu_was_open_ = false;       ///< Whether the page's menu was opened since then.
 
   /// Watched by what is still on its way when the pane ends.
   std::shared_ptr<const void> alive_ = std::make_shared<int>();

@@ -10,10 +10,13 @@
 
 #include <functional>
 
+#include "platform/win32/browser_document.h"
 #include "platform/win32/browser_events.h"
 #include "platform/win32/browser_host.h"
 #include "platform/win32/fetch_guard.h"
 #include "platform/win32/win32_browser.h"
+#include "platform/win32/windows_on_screen.h"
+#include "platform/windows/replaced_call.h"
 #include "platform/windows/wide.h"
 #include "support/temp_folder.h"
 
@@ -107,6 +110,38 @@ VARIANT Number(LONG number) {
   return value;
 }
 
+/// What a document of the control is to LoadPage.
+struct Document final : IPersistStreamInit {
+  virtual ~Document() = default;
+  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {
+    *object = id == IID_IPersistStreamInit ? this : nullptr;
+    if (*object != nullptr) AddRef();
+    return *object != nullptr ? S_OK : E_NOINTERFACE;
+  }
+  ULONG STDMETHODCALLTYPE AddRef() override { return ++references; }
+  ULONG STDMETHODCALLTYPE Release() override {
+    const ULONG left = --references;
+    if (left == 0) delete this;
+    return left;
+  }
+  HRESULT STDMETHODCALLTYPE GetClassID(CLSID*) override { return E_NOTIMPL; }
+  HRESULT STDMETHODCALLTYPE IsDirty() override { return S_FALSE; }
+  HRESULT STDMETHODCALLTYPE Load(IStream* stream) override {
+    char bytes[100] = {};
+    ULONG read = 0;
+    stream->Read(bytes, sizeof bytes, &read);
+    content.append(bytes, read);
+    return S_OK;
+  }
+  HRESULT STDMETHODCALLTYPE Save(IStream*, BOOL) override { return E_NOTIMPL; }
+  HRESULT STDMETHODCALLTYPE GetSizeMax(ULARGE_INTEGER*) override { return E_NOTIMPL; }
+  HRESULT STDMETHODCALLTYPE InitNew() override { return S_OK; }
+  std::string content;
+  ULONG references = 0;
+};
+
+constexpr ControlDescription kPane{"pane", ControlKind::WebBrowser, 0, 0, 1500, 1500, 0, "", ""};
+
 VARIANT Frame(IDispatch* frame) {
   VARIANT value{};
   V_VT(&value) = VT_DISPATCH;
@@ -175,14 +210,15 @@ TEST_CASE("While the guard is on, nothing refused is opened or connected to") {
 
 TEST_CASE("A page gets a new window only by the user's click, and frames are told apart") {
   std::wstring log;
-  const ComPtr<windows::BrowserEvents> events(
-      new windows::BrowserEvents({[&log](const std::wstring& address, bool is_main_frame) {
-                                    log += address + (is_main_frame ? L" main|" : L" frame|");
-                                    return address != L"http://no.example";
-                                  },
-                                  [&log](const std::wstring& address, bool user_acted) {
-                                    log += L"new " + address + (user_acted ? L" by user|" : L"|");
-                                  }}));
+  const ComPtr<windows::BrowserEvents> events(new windows::BrowserEvents(
+      {[&log](const std::wstring& address, bool is_main_frame) {
+         log += address + (is_main_frame ? L" main|" : L" frame|");
+         return address != L"http://no.example";
+       },
+       [&log](const std::wstring& address, bool user_acted) {
+         log += L"new " + address + (user_acted ? L" by user|" : L"|");
+       },
+       [&log](const std::wstring& address) { log += address + L" loaded|"; }}));
   const auto new_window = [&](LONG flags) {
     return IsCancelled(*events.Get(), DISPID_NEWWINDOW3,
                        {Text(L"http://a.example"), Text(L""), Number(flags), {}, {}}, 3);
@@ -208,7 +244,14 @@ TEST_CASE("A page gets a new window only by the user's click, and frames are tol
   };
   CHECK(navigates(pane.Get(), L"http://a.example"));
   CHECK_FALSE(navigates(frame.Get(), L"http://no.example"));
-  CHECK(windows::Utf8(log) == "http://a.example main|http://no.example frame|");
+  for (const auto& where : {frame, pane}) {
+    VARIANT arguments[] = {Text(L"about:blank"), Frame(where.Get())};
+    DISPPARAMS parameters{arguments, nullptr, 2, 0};
+    events->Invoke(DISPID_DOCUMENTCOMPLETE, IID_NULL, 0, DISPATCH_METHOD, &parameters, nullptr,
+                   nullptr, nullptr);
+    for (VARIANT& argument : arguments) VariantClear(&argument);
+  }
+  CHECK(windows::Utf8(log) == "http://a.example main|http://no.example frame|about:blank loaded|");
   events->StopListening();
   ComPtr<IConnectionPointContainer> sources;
   ComPtr<IConnectionPoint> source;
@@ -223,12 +266,31 @@ TEST_CASE("A page gets a new window only by the user's click, and frames are tol
   CHECK(events->Release() == 1);
 }
 
+TEST_CASE("A page from memory goes into an empty document, with the guard on") {
+  const Ole ole;
+  const Window form;
+  const Listener listener;
+  const MadeControl made;
+  windows::Win32EventLoop loop;
+  windows::Win32Browser browser(form.handle, kPane, windows::ScreenScale::OfScreen(), 1, loop);
+  browser.Navigate("http://127.0.0.1:9/");
+  browser.ShowFromMemory("page");
+  CHECK(WaitFor([&] {
+    loop.ProcessPending();
+    return Location(*made.control.Get()) == "about:blank";
+  }));
+  CHECK(Fetch(listener.url) == "refused");
+  CHECK_FALSE(listener.SawConnection());
+  const ComPtr<Document> document(new Document);
+  CHECK(windows::LoadPage(document.Get(), "page"));
+  CHECK(document->content == "page");
+}
+
 TEST_CASE("Ctrl with N opens no window; AltGr with N is a letter") {
   const Ole ole;
   const Window form;
   windows::Win32EventLoop loop;
-  const ControlDescription pane{"pane", ControlKind::WebBrowser, 0, 0, 1500, 1500, 0, "", ""};
-  windows::Win32Browser browser(form.handle, pane, windows::ScreenScale::OfScreen(), 1, loop);
+  windows::Win32Browser browser(form.handle, kPane, windows::ScreenScale::OfScreen(), 1, loop);
   MSG key{browser.Window(), WM_KEYDOWN, 'N', 0, 0, {}};
   BYTE keys[256] = {};
   keys[VK_CONTROL] = 0x80;

@@ -88,14 +88,6 @@ bool IsCentred(HWND window) {
          std::abs(outer.top + outer.bottom - GetSystemMetrics(SM_CYSCREEN)) <= 3;
 }
 
-std::string Location(IWebBrowser2& control) {
-  BSTR url = nullptr;
-  control.get_LocationURL(&url);
-  std::string text = windows::Utf8({url, SysStringLen(url)});
-  SysFreeString(url);
-  return text;
-}
-
 /// Goes where a link in the page would go.
 void Follow(IWebBrowser2& control, const wchar_t* address) {
   BSTR text = SysAllocString(address);
@@ -179,13 +171,8 @@ TEST_CASE_FIXTURE(Screen, "The window has its size, its frame, no task-bar entry
 }
 
 TEST_CASE_FIXTURE(Screen, "The pane shows the page, and is led to no file and no refresh from it") {
-  Microsoft::WRL::ComPtr<IWebBrowser2> control;
-  const ReplacedCall<"CoCreateInstance", HRESULT(REFCLSID, LPUNKNOWN, DWORD, REFIID, LPVOID*)>
-      creation([&control](REFCLSID id, LPUNKNOWN outer, DWORD context, REFIID type, LPVOID* made) {
-        const HRESULT result = decltype(creation)::System(id, outer, context, type, made);
-        if (id == CLSID_WebBrowser) control = static_cast<IWebBrowser2*>(*made);
-        return result;
-      });
+  const MadeControl made;
+  const auto& control = made.control;
   Start();
   REQUIRE(control != nullptr);
   CHECK(Until([&] { return Location(*control.Get()).ends_with("GAUGES.HTM"); }));

@@ -31,6 +31,14 @@ std::vector<std::string> LabelsOf(HWND form) {
   return texts;
 }
 
+std::string Location(IWebBrowser2& control) {
+  BSTR url = nullptr;
+  control.get_LocationURL(&url);
+  std::string text = windows::Utf8({url, SysStringLen(url)});
+  SysFreeString(url);
+  return text;
+}
+
 bool WaitFor(const std::function<bool()>& condition) {
   constexpr int kAttempts = 60'000;
   for (int i = 0; i < kAttempts; ++i) {

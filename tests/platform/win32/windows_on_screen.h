@@ -3,9 +3,14 @@
 
 #include <windows.h>
 
+#include <exdisp.h>
+#include <wrl/client.h>
+
 #include <functional>
 #include <string>
 #include <vector>
+
+#include "platform/windows/replaced_call.h"
 
 namespace panelkit::test {
 
@@ -20,6 +25,21 @@ std::string WindowText(HWND window);
 
 /// The texts of a form's labels from top to bottom.
 std::vector<std::string> LabelsOf(HWND form);
+
+/// Catches the browser control that the program makes while this lives.
+struct MadeControl {
+  using Call =
+      ReplacedCall<"CoCreateInstance", HRESULT(REFCLSID, LPUNKNOWN, DWORD, REFIID, LPVOID*)>;
+  Microsoft::WRL::ComPtr<IWebBrowser2> control;
+  Call call{[this](REFCLSID id, LPUNKNOWN outer, DWORD context, REFIID type, LPVOID* made) {
+    const HRESULT result = Call::System(id, outer, context, type, made);
+    if (id == CLSID_WebBrowser) control = static_cast<IWebBrowser2*>(*made);
+    return result;
+  }};
+};
+
+/// The address of what the control shows.
+std::string Location(IWebBrowser2& control);
 
 /// Waits until the condition holds; false when it has not for a minute.
 bool WaitFor(const std::function<bool()>& condition);

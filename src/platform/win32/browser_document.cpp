@@ -1,6 +1,7 @@
-#include "platform/win32/active_link.h"
+#include "platform/win32/browser_document.h"
 
-#include <oleauto.h>
+#include <ocidl.h>
+#include <ole2.h>
 #include <wrl/client.h>
 
 namespace panelkit::windows {
@@ -40,6 +41,16 @@ std::wstring ActiveLink(IWebBrowser2& browser) {
   if (V_VT(&element) == VT_DISPATCH) Get(V_DISPATCH(&element), L"href", address);
   if (V_VT(&address) != VT_BSTR || V_BSTR(&address) == nullptr) return {};
   return {V_BSTR(&address), SysStringLen(V_BSTR(&address))};
+}
+
+bool LoadPage(IUnknown* document, std::string_view page) {
+  ComPtr<IPersistStreamInit> content;
+  ComPtr<IStream> bytes;
+  return document != nullptr && SUCCEEDED(document->QueryInterface(IID_PPV_ARGS(&content))) &&
+         SUCCEEDED(CreateStreamOnHGlobal(nullptr, TRUE, &bytes)) &&
+         SUCCEEDED(bytes->Write(page.data(), static_cast<ULONG>(page.size()), nullptr)) &&
+         SUCCEEDED(bytes->Seek({}, STREAM_SEEK_SET, nullptr)) && SUCCEEDED(content->InitNew()) &&
+         SUCCEEDED(content->Load(bytes.Get()));
 }
 
 }  // namespace panelkit::windows
