@@ -109,7 +109,7 @@ HRESULT BrowserEvents::Invoke(DISPID event, REFIID, LCID, WORD, DISPPARAMS* argu
                                    (flags & (NWMF_USERINITED | NWMF_USERREQUESTED)) != 0);
       return S_OK;
     }
-    case DISPID_NEWWINDOW2:  // From browsers before NewWindow3, which tell nothing more.
+    case DISPID_NEWWINDOW2:  // From browsers before NewWindow3: without an address.
       Cancel(*arguments, kNewWindow2Cancel);
       decisions_.new_window_wanted({}, false);
       return S_OK;

@@ -17,9 +17,9 @@ namespace panelkit::windows {
 struct BrowserDecisions {
   /// Whether the pane, or a frame in it, may go to an address.
   std::function<bool(const std::wstring& address, bool is_main_frame)> may_go;
-  /// Told the address of each window that a page wanted to open, and whether by the user's own
-  /// click; none is opened. The address is empty if the control does not tell it (before Windows XP
-  /// Service Pack 2).
+  /// Called for each window that a page asked to open, with its address and whether the user's own
+  /// click led to it; none is opened. The address is empty if the control does not report it
+  /// (before Windows XP Service Pack 2).
   std::function<void(const std::wstring& address, bool user_acted)> new_window_wanted;
   /// Called when the document at `address` has been loaded into the pane itself.
   std::function<void(const std::wstring& address)> loaded;

@@ -23,7 +23,7 @@ class BrowserHost final : public IOleClientSite,
   /// What the host asks about the pages.
   struct Questions {
     std::function<bool()> shows_page_file;  ///< Whether the main frame shows, or goes to, one.
-    std::function<void()> menu_opening;     ///< Told when the page's context menu opens.
+    std::function<void()> menu_opening;     ///< Called when the page's context menu opens.
   };
 
   /// Makes the control inside `window`, which it fills. Control() is null if the system has none.
@@ -35,10 +35,10 @@ class BrowserHost final : public IOleClientSite,
   /// Gives the keyboard to the page.
   void Activate();
 
-  /// Has the control ask again for what it may download and run.
+  /// Makes the control ask again what it may download and run.
   void DownloadControlChanged();
 
-  /// Takes the control out of the window and lets it go.
+  /// Stops and deactivates the control, and releases it.
   void Close();
 
   // IUnknown

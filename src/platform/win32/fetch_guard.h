@@ -12,9 +12,9 @@
 
 namespace panelkit::windows {
 
-/// While it is on, everything that this process asks of urlmon.dll by a file, http, https or ftp
-/// address goes past `may_fetch` first (a temporary namespace handler, IInternetSession): what it
-/// refuses is answered as a resource that is not there, before any file or connection is opened.
+/// While it is on, `may_fetch` decides on every file, http, https or ftp address that this process
+/// asks urlmon.dll for (by a temporary namespace handler, IInternetSession): what it refuses is
+/// answered as a resource that is not there, before any file or connection is opened.
 class FetchGuard {
  public:
   explicit FetchGuard(std::function<bool(const std::wstring& address)> may_fetch);

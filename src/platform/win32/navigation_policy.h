@@ -8,10 +8,9 @@
 
 namespace panelkit::windows {
 
-/// Page files carry text of downloaded aircraft as it came. So nothing in one may take the pane
-/// away, name a file of the user's, or fetch anything but the program's own pictures; only the
-/// program and the user's own clicks lead from one page to another. The browser control may ask
-/// from any thread.
+/// Page files hold text of downloaded aircraft, unescaped. So nothing in one may navigate the pane,
+/// open a file of the user's, or fetch anything but the program's own pictures; only the program
+/// and the user's own clicks lead from one page to another. May be called from any thread.
 class NavigationPolicy {
  public:
   /// Lets the pane show an address that the program asks for: the path of a page file, with the
@@ -19,8 +18,8 @@ class NavigationPolicy {
   void Admit(std::wstring_view address);
 
   /// Whether the pane's main frame may go to an address, written as a path or a URL: to what the
-  /// program admitted, to the web at the user's own word, or to the system's own error pages. From
-  /// a web page the web is open.
+  /// program admitted, to the web by the user's own action, or to the system's own error pages.
+  /// From a web page the web is open.
   bool MayShow(std::wstring_view address, bool user_acted) const;
 
   /// Whether a frame inside the page may go there: only to the web, from the web.

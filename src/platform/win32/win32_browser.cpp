@@ -14,7 +14,7 @@ using Microsoft::WRL::ComPtr;
 
 constexpr const wchar_t* kEmptyDocument = L"about:blank";
 
-/// How long after a click or key the control may begin to navigate for it, in milliseconds.
+/// How long after a click or key a navigation counts as the user's, in milliseconds.
 constexpr DWORD kActionCounts = 1000;
 
 /// A text as OLE passes it.

@@ -22,8 +22,8 @@
 
 namespace panelkit::windows {
 
-/// Keeps scripts out of local pages, in every browser control of this process, as far as this
-/// Windows can.
+/// Turns on the feature controls of urlmon.dll that keep scripts out of local pages, for every
+/// browser control of this process. Does nothing on a Windows without them.
 void LockLocalPages();
 
 /// The system's web browser control. Where the system lacks it, the pane stays white. A page from
@@ -44,8 +44,8 @@ class Win32Browser final : public WebBrowser {
     link_not_opened_ = std::move(handler);
   }
 
-  /// Sees each message for the form's windows first: a click or a key inside the pane lets the page
-  /// lead away from itself.
+  /// Receives each message for the form's windows before they do. A navigation shortly after a
+  /// click or a key inside the pane counts as the user's.
   void Notice(const MSG& message);
 
   /// Offers a message to the page: Tab, Enter on a link, Ctrl+C, Ctrl+P and the like. True if the
@@ -80,7 +80,7 @@ class Win32Browser final : public WebBrowser {
   bool has_acted_ = false;           ///< Whether there was one since the last navigation.
   bool menu_was_open_ = false;       ///< Whether the page's menu was opened since then.
 
-  /// Watched by what is still on its way when the pane ends.
+  /// Expires with the pane, so that tasks posted for it no longer run.
   std::shared_ptr<const void> alive_ = std::make_shared<int>();
 };
 

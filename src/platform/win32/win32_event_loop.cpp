@@ -6,24 +6,24 @@
 namespace panelkit::windows {
 namespace {
 
-constexpr DWORD kPauseBetweenTurns = 10;  // Milliseconds: the window stays alive ...
-constexpr DWORD kLongestTurn = 8;         // ... and a scan gets half of the time or more.
+constexpr DWORD kPause = 10;           // Milliseconds: the window answers ...
+constexpr DWORD kLongestDelivery = 8;  // ... and a scan gets half of the time or more.
 
 }  // namespace
 
 // Tick counts are subtracted without a sign, so that they may wrap around.
 void Win32EventLoop::ProcessPending() {
   const DWORD start = GetTickCount();
-  if (start - last_turn_ < kPauseBetweenTurns) return;
+  if (start - delivered_at_ < kPause) return;
   MSG message;
   bool more = true;
-  while (more && GetTickCount() - start < kLongestTurn) {
+  while (more && GetTickCount() - start < kLongestDelivery) {
     more = PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != 0;
     if (more) Deliver(message);
   }
   // Painting comes last in the queue: input without end would put it off for ever.
   if (more) Repaint();
-  last_turn_ = GetTickCount();
+  delivered_at_ = GetTickCount();
 }
 
 // Not by ExitProcess, which waits for what the pane's threads still have under way.
@@ -40,7 +40,7 @@ void Win32EventLoop::Run() {
 
 void Win32EventLoop::Post(std::weak_ptr<const void> owner, std::function<void()> task) {
   posted_.push_back({std::move(owner), std::move(task)});
-  // Whoever sent us here may have done so from inside GetMessageW, which waits on.
+  // The caller may be a window procedure called from inside GetMessageW, which goes on waiting.
   PostThreadMessageW(thread_, WM_NULL, 0, 0);
 }
 

@@ -14,7 +14,8 @@ namespace panelkit::windows {
 
 class Win32EventLoop final : public EventLoop {
  public:
-  /// At most one short turn between two ticks of the clock; every other call costs one look at it.
+  /// Delivers messages for 8 milliseconds at most, and only if the last call that did so returned
+  /// 10 milliseconds ago; any other call reads the clock and returns.
   void ProcessPending() override;
   [[noreturn]] void End() override;
 
@@ -26,10 +27,10 @@ class Win32EventLoop final : public EventLoop {
   /// by then. The task may destroy that object.
   void Post(std::weak_ptr<const void> owner, std::function<void()> task);
 
-  /// Sees each message for a window or its controls before they do; true when it is done with.
+  /// Receives each message for a window or its controls before they do; true if it has handled it.
   using Filter = std::function<bool(MSG& message)>;
 
-  /// Serves the top-level window `window` from now on.
+  /// Adds a top-level window, whose messages go through `filter`.
   void Add(HWND window, Filter filter) { windows_[window] = std::move(filter); }
   void Remove(HWND window) { windows_.erase(window); }
 
@@ -44,7 +45,7 @@ class Win32EventLoop final : public EventLoop {
   void Repaint();
 
   DWORD thread_ = GetCurrentThreadId();
-  DWORD last_turn_ = 0;  ///< GetTickCount: when the last turn was over.
+  DWORD delivered_at_ = 0;  ///< GetTickCount at the end of the last call that delivered messages.
   std::map<HWND, Filter> windows_;
   std::deque<PostedTask> posted_;
 };

@@ -70,7 +70,7 @@ class Win32Form final : public Form {
   std::map<UINT, std::string> pictures_;
   std::function<void()> close_;
 
-  /// Watched by clicks that are still on their way when the form ends.
+  /// Expires with the form, so that clicks posted for it no longer run.
   std::shared_ptr<const void> alive_ = std::make_shared<int>();
 };
 

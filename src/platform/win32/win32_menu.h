@@ -13,7 +13,7 @@
 
 namespace panelkit::windows {
 
-/// One item, told by its place in the menu that it stands in.
+/// One item, addressed by its position in its menu.
 class Win32MenuItem final : public MenuItem {
  public:
   /// `bar_of` is the window whose bar the item stands on, null for an entry.

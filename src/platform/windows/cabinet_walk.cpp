@@ -41,7 +41,7 @@ class Walk {
   /// The error that a stopped walk ends with: 0 if the handler aborted it.
   DWORD Error() const { return error_; }
 
-  /// Raises what the handler raised.
+  /// Throws the exception that the handler threw, if it did.
   void RaisePending() const {
     if (raised_) std::rethrow_exception(raised_);
   }
@@ -54,8 +54,7 @@ class Walk {
 
  private:
   UINT Handle(UINT notification, UINT_PTR record) {
-    // Some implementations go on after an abort or an error: the rest is held back from the
-    // handler.
+    // Some implementations go on after an abort or an error; the handler does not see the rest.
     if (stopped_) return notification == SPFILENOTIFY_FILEINCABINET ? FILEOP_ABORT : error_;
     try {
       switch (notification) {
@@ -104,8 +103,8 @@ class Walk {
     return error_;
   }
 
-  /// The service looks for the next cabinet where it is told to, in the same folder unless it is
-  /// told otherwise, and asks again, without end, for one that is not there.
+  /// The service looks for the next cabinet in the folder of this one and asks again, without end,
+  /// for one that is not there.
   UINT NeedNewCabinet(const CABINET_INFO_A& theirs) {
     const std::string name = theirs.CabinetFile == nullptr ? "" : theirs.CabinetFile;
     error_ = name == asked_for_ ? ERROR_FILE_NOT_FOUND
@@ -128,7 +127,7 @@ class Walk {
 };
 
 /// A path (of FilePath) in the narrow form that the service takes: by its short name if the code
-/// page lacks a letter of it or it is too long. nullopt if the service cannot be told of it.
+/// page lacks a letter of it or it is too long. nullopt if neither name fits.
 std::optional<std::string> NarrowPath(const Text& text, const std::wstring& path) {
   const auto narrowed = [&text](const std::wstring& candidate) -> std::optional<std::string> {
     const std::string utf8 = Utf8(PlainForm(candidate));

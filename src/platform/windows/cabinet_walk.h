@@ -7,7 +7,7 @@
 
 namespace panelkit::windows {
 
-/// The system's own service, with its differences between systems levelled out. Entries are
+/// The system's own service, with the same outcomes on every Windows and on Wine. Entries are
 /// extracted under temporary names and get their own when they are whole.
 class WindowsCabinetWalk : public CabinetWalk {
  public:

@@ -9,8 +9,8 @@
 
 namespace panelkit::windows {
 
-/// Names the service a temporary file beside the entry's target, so that no half-written one stands
-/// under the target's name. Its end removes that file unless it was kept.
+/// A temporary file beside the entry's target, so that no half-written one stands under the
+/// target's name. Deleted by the destructor unless it was kept.
 class ExtractedFile {
  public:
   /// For the Windows path `target`; removes what killed runs left beside it.
@@ -25,8 +25,8 @@ class ExtractedFile {
   /// bytes. The target's own where the temporary one would be longer.
   std::string NameForService() const;
 
-  /// Gives the file the target's name; a plain file there gives way, read-only or not. 0 or a code
-  /// of winerror.h.
+  /// Gives the file the target's name, in place of a plain file there, read-only or not. 0 or a
+  /// code of winerror.h.
   std::uint32_t Keep(const ShortLocks& locks);
 
  private:

@@ -8,8 +8,8 @@ constexpr DWORD kDiskQuotaExceeded = 1295;  // Not in every winerror.h.
 constexpr DWORD kPause = 20;  // Milliseconds.
 constexpr int kRounds = 50;
 
-/// A denied access is mostly no lock but a lasting right: after so many waits in vain, none of them
-/// is waited for, or a folder that is closed to the user would cost a second for each of its files.
+/// A denied access is seldom a lock. After so many that outlasted a wait they fail at once: else a
+/// folder that is closed to the user would cost a second for each of its files.
 constexpr int kDeniedInVain = 3;
 
 }  // namespace

@@ -1,4 +1,4 @@
-// What the error of a failed file call means: what the user is told, or a lock that may pass.
+// What the error of a failed file call means: a fault to report, or a lock that may pass.
 #pragma once
 
 #include <windows.h>
@@ -10,14 +10,14 @@
 
 namespace panelkit::windows {
 
-/// What an error of winerror.h is to the user; FileFault::None for ERROR_SUCCESS.
+/// The fault that an error of winerror.h stands for; FileFault::None for ERROR_SUCCESS.
 FileFault FaultOf(DWORD error);
 
 /// Waits for the locks that other programs (virus scanners, the browser control, the simulator)
 /// hold on files for a moment.
 class ShortLocks {
  public:
-  /// Has `work` called while a lock is waited for.
+  /// Calls `work` about every 20 milliseconds while a lock is waited for.
   void WhileWaiting(std::function<void()> work) { work_ = std::move(work); }
 
   /// Gives what `step` gives: something true or, with its error in GetLastError, false. While that
@@ -36,7 +36,7 @@ class ShortLocks {
   bool Wait(DWORD error, int round) const;
 
   std::function<void()> work_;
-  mutable int denied_in_vain_ = 0;  ///< Waits in a row that did not turn a denied access.
+  mutable int denied_in_vain_ = 0;  ///< Denied accesses in a row that outlasted a wait.
 };
 
 }  // namespace panelkit::windows

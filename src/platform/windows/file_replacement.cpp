@@ -161,7 +161,7 @@ void MakeReplaceable(const std::wstring& path) {
   }
 }
 
-/// Has a copy reach the disk; a read-only one is opened for the length of the call.
+/// Flushes a copy to the disk; a read-only one is made writable for the length of the call.
 bool FlushCopy(const std::wstring& path, const ShortLocks& locks) {
   const DWORD attributes = AttributesOf(path);
   const bool read_only = Has(attributes, FILE_ATTRIBUTE_READONLY);

@@ -24,8 +24,8 @@ FileFault ReplaceContent(const std::wstring& path, std::string_view bytes, Durab
 /// hands down.
 bool CopyPlainFile(const std::wstring& source, const std::wstring& target, const ShortLocks& locks);
 
-/// Gives the file `from` the name `to`, in one step. A plain file there gives way, read-only or
-/// not. False, with GetLastError set, if it cannot.
+/// Gives the file `from` the name `to`, in one step and in place of a plain file there, read-only
+/// or not. False, with GetLastError set, if it cannot.
 bool MoveOver(const std::wstring& from, const std::wstring& to, const ShortLocks& locks);
 
 }  // namespace panelkit::windows

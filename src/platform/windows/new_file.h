@@ -9,11 +9,11 @@
 
 namespace panelkit::windows {
 
-/// A new file that goes away again unless it is kept. Closed to other programs until it is whole.
+/// A new file that the destructor deletes unless it was kept. No other program can open it before.
 class NewFile {
  public:
-  /// Creates the file `name` (a path of FilePath) with these attributes. Not there, with
-  /// GetLastError set, if it cannot be created or its name is taken.
+  /// Creates the file `name` (a path of FilePath) with these attributes and flags of CreateFile.
+  /// IsThere() is false, with GetLastError set, if it cannot be created or its name is taken.
   NewFile(std::wstring name, DWORD attributes);
   ~NewFile();
   NewFile(const NewFile&) = delete;
@@ -24,11 +24,11 @@ class NewFile {
   HANDLE Get() const { return file_.Get(); }
   const std::wstring& Name() const { return name_; }
 
-  /// Has the content reach the disk. False, with GetLastError set, on failure.
+  /// Flushes the content to the disk. False, with GetLastError set, on failure.
   bool Flush() const { return FlushFileBuffers(file_.Get()) != 0; }
 
-  /// Closes the file and gives it another name in one step; a file there, unless read-only, gives
-  /// way. False, with GetLastError set, if it cannot.
+  /// Closes the file and gives it another name in one step, in place of a file there that is not
+  /// read-only. False, with GetLastError set, if it cannot.
   bool KeepAs(const std::wstring& name, const ShortLocks& locks);
 
  private:

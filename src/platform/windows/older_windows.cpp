@@ -8,7 +8,7 @@ namespace {
 
 using TickCount = ULONGLONG WINAPI();
 
-/// Milliseconds since the system's start; on XP they begin anew after 49 days.
+/// Milliseconds since the system's start; on XP they start again from 0 after 49 days.
 ULONGLONG WINAPI TickCountOfAnyWindows() {
   const auto newer = reinterpret_cast<TickCount*>(
       reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"kernel32.dll"), "GetTickCount64")));

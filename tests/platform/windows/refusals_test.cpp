@@ -106,6 +106,41 @@ TEST_CASE_FIXTURE(Disk, "Why a file cannot be read or written is told, and it st
   CHECK(Tree(folder.Path()) == "full\nheld\nread-only\nsub/x\n");
 }
 
+TEST_CASE_FIXTURE(Disk, "A rewritten file keeps its rights and its creation time") {
+  const std::wstring file = (folder / "fs2002.cfg").wstring();
+  Put(file, "old");
+  const auto rights = [&file] {
+    std::vector<std::byte> record(1000);
+    DWORD size = 1000;
+    REQUIRE(GetFileSecurityW(file.c_str(), DACL_SECURITY_INFORMATION, record.data(), size, &size));
+    return record;
+  };
+  const auto of_new_file = rights();
+  SECURITY_DESCRIPTOR everyone{};
+  InitializeSecurityDescriptor(&everyone, SECURITY_DESCRIPTOR_REVISION);
+  SetSecurityDescriptorDacl(&everyone, TRUE, nullptr, FALSE);
+  REQUIRE(SetFileSecurityW(file.c_str(), DACL_SECURITY_INFORMATION, &everyone));
+  const auto before = rights();
+  REQUIRE(before != of_new_file);
+  // Wine keeps no creation times.
+  const ReplacedCall<"GetFileTime", BOOL(HANDLE, LPFILETIME, LPFILETIME, LPFILETIME)> get(
+      [](HANDLE, LPFILETIME created, LPFILETIME, LPFILETIME) {
+        *created = {11, 22};
+        return TRUE;
+      });
+  FILETIME set_time{};
+  const ReplacedCall<"SetFileTime", BOOL(HANDLE, const FILETIME*, const FILETIME*, const FILETIME*)>
+      set([&set_time](HANDLE, const FILETIME* created, const FILETIME*, const FILETIME*) {
+        set_time = *created;
+        return TRUE;
+      });
+  CHECK(files.Replace(At("fs2002.cfg"), "new", Durability::Flushed) == FileFault::None);
+  CHECK(Get(file) == "new");
+  CHECK(rights() == before);
+  CHECK(set_time.dwLowDateTime == 11);
+  CHECK(set_time.dwHighDateTime == 22);
+}
+
 TEST_CASE_FIXTURE(Disk,
                   "What may be written but not replaced is written in place, a copy at hand") {
   const fs::path file = folder / "fs2002.cfg";
