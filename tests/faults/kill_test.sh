@@ -31,7 +31,7 @@ killed() {
     [ $? != 137 ] || cut=$((cut + 1))
     $1 || fail "${*:2}, killed by $way"
   done 2>/dev/null
-  [ $cut -gt 9 ] || [ ${#ways[@]} = $rounds ] || fail "${*:2}: only $cut runs were cut short"
+  [ $cut -gt 9 ] || [ ${#ways[@]} = "$rounds" ] || fail "${*:2}: only $cut runs were cut short"
 }
 
 rm -r "${fs:?}/Aircraft"/* "${gauges:?}"/*
