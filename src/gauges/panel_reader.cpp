@@ -75,7 +75,7 @@ std::optional<std::string> PanelReader::Scan(std::string_view content, PanelRepo
     loop_.ProcessPending();
     const std::string_view line = lines.Next();
     if (ContainsIgnoringCase(line, "alias=")) return std::string(AliasValue(line));
-    if (ContainsIgnoringCase(line, "[window titles]")) ReadTitles(lines);
+    if (lines.LineHasBracket() && ContainsIgnoringCase(line, "[window titles]")) ReadTitles(lines);
     // Not only at the titles header: windows beyond the titles start again at the first title.
     if (TitleCount > 0) ReadWindows(lines, report);
   }
@@ -98,7 +98,7 @@ void PanelReader::ReadWindows(LineReader& lines, PanelReport& report) {
     report.OnWindow(WindowTitles.at(window));
     while (!lines.AtEnd()) {
       const std::string_view line = lines.Next();
-      if (IsWindowHeader(line)) break;
+      if (lines.LineHasBracket() && IsWindowHeader(line)) break;
       if (!IsGaugeLine(line)) continue;
       if (const auto entry = EntryOf(line)) report.OnEntry(*entry);
     }

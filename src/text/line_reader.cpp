@@ -7,7 +7,9 @@ namespace panelkit {
 std::string_view LineReader::Next() {
   if (cr_ < position_) cr_ = Following('\r');
   if (lf_ < position_) lf_ = Following('\n');
+  if (bracket_ < position_) bracket_ = Following('[');
   const std::size_t end = std::min(cr_, lf_);
+  has_bracket_ = bracket_ < end;
   const std::string_view line = text_.substr(position_, end - position_);
   position_ = std::min(lf_ == cr_ + 1 ? lf_ + 1 : end + 1, text_.size());
   return line;

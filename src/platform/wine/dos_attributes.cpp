@@ -9,6 +9,7 @@
 #include <cerrno>
 #include <charconv>
 #include <cstdint>
+#include <span>
 #include <string_view>
 
 namespace panelkit {
@@ -40,10 +41,11 @@ struct XattrArguments {
   std::uint32_t flags;
 };
 
-/// The attribute's size, or -1 with errno set, as getxattr(2) gives it.
-long ReadAttributeAt(int folder, const std::string& name, AttributeText& buffer) {
+/// The attribute's size, or -1 with errno set, as getxattr(2) gives it; for a buffer of 0 bytes it
+/// reads nothing.
+long ReadAttributeAt(int folder, const std::string& name, std::span<char> buffer) {
   XattrArguments arguments{reinterpret_cast<std::uintptr_t>(buffer.data()),
-                           std::uint32_t{sizeof buffer}, 0};
+                           static_cast<std::uint32_t>(buffer.size()), 0};
   return syscall(kGetXattrAt, folder, name.c_str(), 0, kAttribute, &arguments, sizeof arguments);
 }
 
@@ -62,7 +64,9 @@ FolderAttributes::FolderAttributes(std::string folder)
 bool FolderAttributes::IsHiddenOrSystem(const std::string& name) const {
   if (name.starts_with('.')) return true;
   AttributeText buffer{};
-  const long size = ReadAttributeAt(opened_.Descriptor(), name, buffer);
+  // Most files have none, which is told sooner where nothing is to be read.
+  long size = ReadAttributeAt(opened_.Descriptor(), name, {});
+  if (size > 0) size = ReadAttributeAt(opened_.Descriptor(), name, buffer);
   // An older kernel, or a sandbox that knows none of its calls.
   const bool is_unknown = size < 0 && (errno == ENOSYS || errno == EPERM || errno == EBADF);
   return is_unknown ? panelkit::IsHiddenOrSystem(folder_ + '/' + name)

@@ -101,8 +101,12 @@ std::optional<HiveValue> HiveKey::Value(std::string_view name) const {
 Hive::Hive(std::string text) : text_(std::move(text)) {
   const std::string_view all = text_;
   const auto next_section = [all](std::size_t from) {
-    const std::size_t found = all.find("\n[", from);
-    return found == std::string_view::npos ? all.size() : found + 1;
+    // Brackets are rarer than line ends.
+    std::size_t found = all.find('[', from + 1);
+    while (found != std::string_view::npos && all[found - 1] != '\n') {
+      found = all.find('[', found + 1);
+    }
+    return std::min(found, all.size());
   };
   std::size_t start = all.starts_with('[') ? 0 : next_section(0);
   is_win64_ = all.substr(0, start).find("\n#arch=win64") != std::string_view::npos;
