@@ -1,7 +1,6 @@
 // The finished Panelkit.exe, named by PANELKIT_EXE, as a process of its own.
 #include <windows.h>
 
-#include <commctrl.h>
 #include <doctest/doctest.h>
 
 #include <cstdlib>
@@ -114,8 +113,6 @@ TEST_CASE("Panelkit.exe finds the simulator in the registry and probes it") {
   program.Pick(kProbe);
   CHECK(WaitFor([&] { return LabelsOf(program.Window())[1] == "Done"; }));
   CHECK(LabelsOf(program.Window())[0] == "Flight Simulator: " + simulator.FSPath());
-  const HWND bar = FindWindowExW(program.Window(), nullptr, PROGRESS_CLASSW, nullptr);
-  CHECK(SendMessageW(bar, PBM_GETPOS, 0, 0) == 3);
   CHECK(Get(simulator.App() / "GAUGES.HTM").find("horn") != std::string::npos);
   program.Pick(kExit);
   CHECK(program.Status() == 0);

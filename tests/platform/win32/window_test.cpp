@@ -145,14 +145,6 @@ TEST_CASE_FIXTURE(Screen, "A cabinet that the service cannot be told by name is 
   }
 }
 
-TEST_CASE_FIXTURE(Screen, "Without a simulator the commands are greyed in the real menu") {
-  simulator.registry.applications.clear();
-  Start();
-  CHECK(Bar() ==
-        "&File &Main Page [&Probe For Missing Gauges] [&Show All Gauges] [&Clean Gauges] "
-        "[&Other Cool Stuff] &Help ");
-}
-
 TEST_CASE_FIXTURE(Screen, "The window has its size, its frame, no task-bar entry, and a pane") {
   Start();
   RECT client{};
