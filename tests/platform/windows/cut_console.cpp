@@ -29,10 +29,11 @@ struct Change;
 
 template <FunctionName name, class... Arguments>
 struct Change<name, BOOL(Arguments...)> : ReplacedCall<name, BOOL(Arguments...)> {
-  Change()
-      : ReplacedCall<name, BOOL(Arguments...)>([](Arguments... arguments) {
-          return IsLast() ? End() : Change::System(arguments...);
-        }) {}
+  Change() : ReplacedCall<name, BOOL(Arguments...)>(CallOrEnd) {}
+
+  static BOOL CallOrEnd(Arguments... arguments) {
+    return IsLast() ? End() : Change::System(arguments...);
+  }
 };
 
 const Change<"DeleteFileW", BOOL(LPCWSTR)> deletes;
