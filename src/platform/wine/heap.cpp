@@ -5,8 +5,7 @@
 #include <unistd.h>
 
 #include <cstddef>
-#include <cstdint>
-#include <cstdlib>
+#include <memory>
 
 namespace panelkit {
 
@@ -22,15 +21,17 @@ bool Reserve() {
   mallopt(M_TRIM_THRESHOLD, 2 * kReserved);  // Free memory at its end is kept.
   // The heap grows by this much more than a block needs that it has no room for.
   mallopt(M_TOP_PAD, kReserved);
-  const auto begin = reinterpret_cast<std::uintptr_t>(sbrk(0));
-  void* volatile block = std::malloc(kLargestInHeap / 2);  // Volatile, or no call is made.
-  std::free(block);
-  const auto end = reinterpret_cast<std::uintptr_t>(sbrk(0));
+  void* const begin = sbrk(0);
+  {
+    const auto block = std::make_unique_for_overwrite<char[]>(kLargestInHeap / 2);
+    static_cast<volatile char&>(block[0]) = 0;  // Or the compiler leaves the block out.
+  }
+  auto* const end = static_cast<char*>(sbrk(0));
   mallopt(M_TOP_PAD, kLargestInHeap);
-  const auto page = static_cast<std::uintptr_t>(sysconf(_SC_PAGESIZE));
-  const std::uintptr_t first = (begin + page - 1) / page * page;
-  if (end <= first) return false;
-  return madvise(reinterpret_cast<void*>(first), end - first, MADV_HUGEPAGE) == 0;
+  void* first = begin;
+  auto size = static_cast<std::size_t>(end - static_cast<char*>(begin));
+  const auto page = static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
+  return std::align(page, 1, first, size) != nullptr && madvise(first, size, MADV_HUGEPAGE) == 0;
 }
 
 #else

@@ -16,7 +16,7 @@ bool IsSurrogate(char32_t c) {
 
 template <std::size_t size>
 bool IsAsciiBlock(const char* block) {
-  std::array<std::uint64_t, size / sizeof(std::uint64_t)> words;
+  std::array<std::uint64_t, size / sizeof(std::uint64_t)> words{};
   std::memcpy(words.data(), block, size);
   std::uint64_t all = 0;
   for (const std::uint64_t word : words) all |= word;
