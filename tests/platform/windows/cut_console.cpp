@@ -14,7 +14,7 @@ namespace {
 /// Whether this is the change at which the process ends.
 bool IsLast() {
   static const char* const last = std::getenv("PANELKIT_ENDS_AT");
-  static int left = last != nullptr ? std::atoi(last) : 0;
+  static long left = last != nullptr ? std::strtol(last, nullptr, 10) : 0;
   return --left == 0;
 }
 
@@ -78,6 +78,7 @@ const bool writes_are_replaced = [] {
   void* const replacement = reinterpret_cast<void*>(&WriteOrEnd);
   for (const wchar_t* module : {static_cast<const wchar_t*>(nullptr), L"setupapi.dll"}) {
     system_write = reinterpret_cast<Write*>(Redirect("WriteFile", replacement, module));
+    if (system_write == nullptr) std::abort();
   }
   return true;
 }();

@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <cstddef>
 #include <functional>
+#include <stdexcept>
+#include <string>
 #include <string_view>
 #include <utility>
 
@@ -13,8 +15,8 @@ namespace panelkit::test {
 
 /// Directs calls of the imported function `name` to `function` from now on and gives where they
 /// went until now: the calls of this program or, with a `library`, of that one ("setupapi.dll").
-/// Throws std::logic_error if it does not import the function.
-void* Redirect(const char* name, void* function, const wchar_t* library = nullptr);
+/// Null if it does not import the function.
+void* Redirect(const char* name, void* function, const wchar_t* library = nullptr) noexcept;
 
 /// The name of a function, as a template argument.
 template <std::size_t size>
@@ -38,6 +40,7 @@ class ReplacedCall<name, Result(Arguments...)> {
   explicit ReplacedCall(Replacement replacement) : replacement_(std::move(replacement)) {
     now_ = &replacement_;
     system_ = Redirect(name.text, reinterpret_cast<void*>(&Call));
+    if (system_ == nullptr) throw std::logic_error(std::string("not imported: ") + name.text);
   }
   ~ReplacedCall() { Redirect(name.text, system_); }
   ReplacedCall(const ReplacedCall&) = delete;
@@ -61,7 +64,7 @@ struct NoShortNames : ReplacedCall<"GetShortPathNameW", DWORD(LPCWSTR, LPWSTR, D
   NoShortNames()
       : ReplacedCall([](LPCWSTR path, LPWSTR copy, DWORD size) {
           const std::wstring_view text(path);
-          if (size <= text.size()) return static_cast<DWORD>(text.size() + 1);
+          if (size <= text.size()) return static_cast<DWORD>(text.size()) + 1;
           *std::copy(text.begin(), text.end(), copy) = L'\0';
           return static_cast<DWORD>(text.size());
         }) {}
