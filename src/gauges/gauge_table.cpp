@@ -18,7 +18,7 @@ bool GaugeTable::Add(const Text& text, std::string_view origin, std::string_view
   lowered_keys.push_back(store.Keep(text.Lower(key)));
   whole_keys.insert(lowered_keys.back());
   parts_of_keys.reset();
-  if (!answers.empty()) answers.clear();
+  if (!answers.empty()) answers.clear();  // Which walks the whole table, however empty.
   return true;
 }
 

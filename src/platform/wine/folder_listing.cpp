@@ -10,7 +10,6 @@
 #include "platform/wine/dos_attributes.h"
 #include "platform/wine/letter_case.h"
 #include "platform/wine/native_file.h"
-#include "platform/wine/utf8.h"
 #include "text/matching.h"
 
 namespace panelkit {
@@ -18,10 +17,6 @@ namespace panelkit {
 namespace {
 
 constexpr std::chrono::seconds kAttributesHold{1};
-
-bool CanBeNamed(const std::string& name) {
-  return utf8::IsValid(name) && name.find('\\') == std::string::npos;
-}
 
 /// The kind of an entry, links followed: DT_REG, DT_DIR or another.
 unsigned char KindOf(const FolderEntry& entry, const std::string& folder) {
@@ -70,7 +65,7 @@ std::optional<std::vector<ListedEntry>> FolderListing::List(const std::string& f
     matching.emplace_back(&entry, kind);
     if (entry.hidden == Hidden::Unknown) unknown.push_back(&entry);
   }
-  LookForHidden(unknown);
+  if (!unknown.empty()) LookForHidden(unknown);
   std::vector<ListedEntry> listed;
   listed.reserve(matching.size() + 2);
   for (const char* name : {".", ".."}) {

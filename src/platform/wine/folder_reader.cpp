@@ -7,6 +7,7 @@
 #include <memory>
 
 #include "platform/wine/native_file.h"
+#include "platform/wine/utf8.h"
 
 namespace panelkit {
 
@@ -41,6 +42,10 @@ std::optional<std::vector<FolderEntry>> ReadFolder(const std::string& native_pat
   }
   if (errno != 0) return std::nullopt;
   return entries;
+}
+
+bool CanBeNamed(const std::string& name) {
+  return name.find('\\') == std::string::npos && utf8::IsValid(name);
 }
 
 FolderState::FolderState(const struct stat& status)

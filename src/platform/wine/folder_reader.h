@@ -18,6 +18,9 @@ struct FolderEntry {
 /// All entries but "." and "..", in no order; nullopt if the folder cannot be read.
 std::optional<std::vector<FolderEntry>> ReadFolder(const std::string& native_path);
 
+/// Whether a Windows path can hold the name: it is UTF-8 and has no backslash.
+bool CanBeNamed(const std::string& name);
+
 /// A folder's state, to be taken before its entries are read.
 class FolderState {
  public:

@@ -7,7 +7,6 @@
 
 #include "platform/wine/folder_reader.h"
 #include "platform/wine/native_file.h"
-#include "platform/wine/utf8.h"
 
 namespace panelkit {
 namespace {
@@ -16,10 +15,6 @@ struct Folder {
   std::string native;
   std::string windows;
 };
-
-bool CanBeNamed(const std::string& name) {
-  return name.find('\\') == std::string::npos && utf8::IsValid(name);
-}
 
 bool IsOrMayBeFile(const FolderEntry& entry) {
   return entry.type == DT_REG || entry.type == DT_LNK || entry.type == DT_UNKNOWN;
