@@ -39,7 +39,6 @@ int RunWithWindow() {
   const std::unique_ptr<LocalMachine> machine = OpenLocalMachine(HasSimulator);
   const std::unique_ptr<Toolkit> toolkit = OpenToolkit(*machine);
   if (toolkit == nullptr) return Refuse("cannot open a display (panelkit-console needs none)");
-  machine->WhileWaiting([&loop = toolkit->Loop()] { loop.ProcessPending(); });
   frmGauges program(*toolkit, machine->Services());
   program.Show();
   RunEventLoop(*toolkit);

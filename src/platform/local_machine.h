@@ -44,11 +44,6 @@ class LocalMachine {
   /// paths without a closing backslash.
   virtual std::vector<std::string> FoldersOfOwnFiles() const = 0;
 
-  /// Has `work` called, again and again, while a call of Files waits for another program to let go
-  /// of a file. `work` may not use Files. Never called on a system whose calls do not wait so.
-  // NOLINTNEXTLINE(performance-unnecessary-value-param): whoever waits keeps it.
-  virtual void WhileWaiting(std::function<void()> /*work*/) {}
-
   /// The code page's name as web browsers know it: "windows-1252", "shift_jis".
   virtual std::string Charset() const = 0;
 };

@@ -54,7 +54,6 @@ bool ShortLocks::Wait(DWORD error, int round) const {
   const bool is_lock = denied || error == ERROR_SHARING_VIOLATION ||
                        error == ERROR_LOCK_VIOLATION || error == ERROR_UNABLE_TO_REMOVE_REPLACED;
   if (is_lock && round < kRounds && !(denied && denied_in_vain_ >= kDeniedInVain)) {
-    if (work_) work_();
     Sleep(kPause);
     return true;
   }

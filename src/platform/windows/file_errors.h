@@ -3,7 +3,6 @@
 
 #include <windows.h>
 
-#include <functional>
 #include <utility>
 
 #include "platform/files.h"
@@ -14,12 +13,10 @@ namespace panelkit::windows {
 FileFault FaultOf(DWORD error);
 
 /// Waits for the locks that other programs (virus scanners, the browser control, the simulator)
-/// hold on files for a moment.
+/// hold on files for a moment. Nothing else happens meanwhile: a click must not end the program in
+/// the middle of what the caller does with files.
 class ShortLocks {
  public:
-  /// Calls `work` about every 20 milliseconds while a lock is waited for.
-  void WhileWaiting(std::function<void()> work) { work_ = std::move(work); }
-
   /// Gives what `step` gives: something true or, with its error in GetLastError, false. While that
   /// error may be a lock's (5, 32, 33, 1175), the step is tried again for about a second.
   template <class Step>
@@ -35,7 +32,6 @@ class ShortLocks {
   /// Waits for one round; false, with `error` in GetLastError again, if there is no point in it.
   bool Wait(DWORD error, int round) const;
 
-  std::function<void()> work_;
   mutable int denied_in_vain_ = 0;  ///< Denied accesses in a row that outlasted a wait.
 };
 

@@ -57,8 +57,6 @@ class ThisWindows : public LocalMachine {
     return folders;
   }
 
-  void WhileWaiting(std::function<void()> work) override { locks_.WhileWaiting(std::move(work)); }
-
   /// The names that the web gives to code pages which are not simply numbered.
   std::string Charset() const override {
     switch (const UINT page = GetACP()) {

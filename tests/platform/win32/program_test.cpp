@@ -95,6 +95,7 @@ class RunningProgram {
 
 constexpr unsigned kExit = 0;
 constexpr unsigned kProbe = 2;
+constexpr unsigned kClean = 4;
 
 /// Aircraft that take a scan some seconds.
 void AddFleet(Simulator& simulator) {
@@ -134,6 +135,25 @@ TEST_CASE("Exit Program, or a close of the window, ends a scan at once") {
     CHECK(Get(simulator.App() / "GAUGES.HTM").find("I'm Working On It") != std::string::npos);
     std::filesystem::remove(simulator.App() / "Panelkit.exe");
   }
+}
+
+TEST_CASE("Exit Program, while Clean waits for a locked gauge, ends nothing half way") {
+  RegisteredSimulator simulator;
+  simulator.AddAircraft("Alpha", "[Window Titles]\nWindow00=Main\n[Window00]\ngauge00=a,1\n");
+  std::vector<windows::Handle> held;
+  for (const char* gauge : {"held.gau", "kept.gau", "locked.gau", "spare.gau"}) {
+    simulator.AddGauge(gauge);
+    held.emplace_back(CreateFileW((simulator.Fs() / "Gauges" / gauge).c_str(), GENERIC_READ, 0,
+                                  nullptr, OPEN_EXISTING, 0, nullptr));
+  }
+  held.back().Close();
+  const RunningProgram program(simulator);
+  program.Pick(kClean);
+  REQUIRE(WaitFor([&] { return std::filesystem::exists(simulator.App() / "SpareGauges"); }));
+  program.Pick(kExit);
+  CHECK(program.Status() == 0);
+  CHECK(simulator.Page().find("<b>Removed Files:</b>") != std::string::npos);
+  CHECK(std::filesystem::exists(simulator.App() / "SpareGauges" / "spare.gau"));
 }
 
 }  // namespace panelkit::test
