@@ -21,7 +21,7 @@ inline constexpr double kFormFontPoints = 8.25;
 
 enum class Border {
   FixedDialog,      ///< Not resizable, only a close button, no task-bar entry.
-  FixedToolWindow,  ///< The same with a small title bar. Escape closes it as its close button does.
+  FixedToolWindow,  ///< The same with a small title bar.
 };
 
 enum class ControlKind { WebBrowser, Label, ProgressBar, PictureBox, CommandButton };

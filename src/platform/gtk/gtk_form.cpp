@@ -13,7 +13,6 @@ namespace panelkit {
 GtkForm::GtkForm(const FormDescription& description, const ScreenScale& scale,
                  const LocalMachine& machine)
     : scale_(scale),
-      border_(description.border),
       help_menu_(description.help_menu),
       menu_(description.menu, [this](const std::string& name) { Clicked(name); }),
       window_(GTK_WINDOW(gtk_window_new(GTK_WINDOW_TOPLEVEL))),
@@ -42,7 +41,7 @@ void GtkForm::PrepareWindow(const FormDescription& description) {
   gtk_window_set_title(window_, std::string(description.title).c_str());
   gtk_window_set_resizable(window_, FALSE);
   gtk_window_set_skip_taskbar_hint(window_, TRUE);
-  gtk_window_set_type_hint(window_, border_ == Border::FixedToolWindow
+  gtk_window_set_type_hint(window_, description.border == Border::FixedToolWindow
                                         ? GDK_WINDOW_TYPE_HINT_UTILITY
                                         : GDK_WINDOW_TYPE_HINT_DIALOG);
   g_signal_connect(window_, "delete-event", G_CALLBACK(CloseRequested), this);
@@ -148,17 +147,12 @@ gboolean GtkForm::CloseRequested(GtkWidget*, GdkEvent*, gpointer self) {
   return TRUE;
 }
 
-gboolean GtkForm::KeyPressed(GtkWidget* window, const GdkEventKey* key, gpointer self) {
+gboolean GtkForm::KeyPressed(GtkWidget*, const GdkEventKey* key, gpointer self) {
   auto* form = static_cast<GtkForm*>(self);
-  if ((key->state & gtk_accelerator_get_default_mod_mask()) != 0) return FALSE;
-  if (key->keyval == GDK_KEY_F1 && !form->help_menu_.empty()) {
-    form->menu_.Open(form->help_menu_);
-    return TRUE;
-  }
-  if (key->keyval == GDK_KEY_Escape && form->border_ == Border::FixedToolWindow) {
-    return CloseRequested(window, nullptr, self);
-  }
-  return FALSE;
+  const bool opens_help = (key->state & gtk_accelerator_get_default_mod_mask()) == 0 &&
+                          key->keyval == GDK_KEY_F1 && !form->help_menu_.empty();
+  if (opens_help) form->menu_.Open(form->help_menu_);
+  return opens_help ? TRUE : FALSE;
 }
 
 void GtkForm::Show() {

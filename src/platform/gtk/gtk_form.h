@@ -55,7 +55,6 @@ class GtkForm final : public Form {
   ScreenScale scale_;
   ByName<std::function<void()>> clicks_;
   std::function<void()> close_;
-  Border border_;
   std::string help_menu_;
   GtkFormMenu menu_;
   GtkWindow* window_;

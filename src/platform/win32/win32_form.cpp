@@ -51,7 +51,6 @@ Win32Form::Win32Form(const FormDescription& description, const ScreenScale& scal
                  reinterpret_cast<LPARAM>(ProgramIcon(SM_CXICON, SM_CYICON)));
   }
   menu_.emplace(window_, description.menu);
-  closes_by_escape_ = description.border == Border::FixedToolWindow;
   if (!description.help_menu.empty()) {
     const std::string caption = MenuNamed(description.help_menu).Caption();
     help_key_ = static_cast<unsigned char>(caption.at(caption.find('&') + 1));
@@ -167,7 +166,10 @@ void Win32Form::MoveTo(Twips left, Twips top) {
 // dialog.
 bool Win32Form::Filter(MSG& message) {
   for (auto& [name, browser] : browsers_) browser.Notice(message);
-  if (message.message == WM_KEYDOWN && OpensOrCloses(message.wParam)) return true;
+  if (message.message == WM_KEYDOWN && message.wParam == VK_F1 && help_key_ != 0) {
+    PostMessageW(window_, WM_SYSCOMMAND, SC_KEYMENU, help_key_);
+    return true;
+  }
   for (auto& [name, browser] : browsers_) {
     if (browser.HasFocus()) return OpensMenu(message) || browser.Translate(message);
   }
@@ -178,17 +180,6 @@ bool Win32Form::Filter(MSG& message) {
     return true;
   }
   return IsDialogMessageW(window_, &message) != 0;
-}
-
-/// F1 opens the help menu, Escape closes a tool window.
-bool Win32Form::OpensOrCloses(WPARAM key) const {
-  if (key == VK_F1 && help_key_ != 0) {
-    PostMessageW(window_, WM_SYSCOMMAND, SC_KEYMENU, help_key_);
-    return true;
-  }
-  const bool closes = key == VK_ESCAPE && closes_by_escape_;
-  if (closes) PostMessageW(window_, WM_CLOSE, 0, 0);
-  return closes;
 }
 
 /// Alt with a letter, which the page would keep for itself. Other keys with Alt are the page's.

@@ -45,7 +45,6 @@ class Win32Form final : public Form {
   void FitClientArea(const FormDescription& description);
   void FocusFirst() const;
   bool Filter(MSG& message);
-  bool OpensOrCloses(WPARAM key) const;
   bool OpensMenu(MSG& message) const;
   void Clicked(const std::string& name);
   void Closed();
@@ -59,7 +58,6 @@ class Win32Form final : public Form {
   HWND window_ = nullptr;
   HWND last_focus_ = nullptr;
   HFONT font_;
-  bool closes_by_escape_ = false;
   LPARAM help_key_ = 0;  ///< The letter that opens the help menu; 0 if there is none.
   std::optional<Win32Menu> menu_;
   ByName<Win32Label> labels_;
