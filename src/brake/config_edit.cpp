@@ -12,7 +12,7 @@ constexpr std::string_view kLineEnd = "\r\n";
 std::string Rewritten(std::string_view config, const BetweenLines& between_lines,
                       const std::function<void(std::string_view line, std::string& text)>& edit) {
   std::string text;
-  LineReader lines(config);
+  LineReader lines(config, LoneLf::EndsLineWithoutCr);
   while (!lines.AtEnd()) {
     between_lines();
     edit(lines.Next(), text);
@@ -37,7 +37,7 @@ bool IsShown(std::string_view line) {
 }  // namespace
 
 std::optional<bool> BrakeMessagesShown(std::string_view config, const BetweenLines& between_lines) {
-  LineReader lines(config);
+  LineReader lines(config, LoneLf::EndsLineWithoutCr);
   while (!lines.AtEnd()) {
     between_lines();
     const std::string_view line = lines.Next();

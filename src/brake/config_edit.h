@@ -1,6 +1,6 @@
 // The edit of the simulator's configuration file, from bytes to bytes. What is not touched comes
-// back bit for bit, but for line ends: each line is written with CR LF, and one more CR LF ends the
-// file.
+// back bit for bit, but for line ends: a line ends at CR LF or a lone CR (at LF only in a file
+// without any CR) and is written with CR LF, and one more CR LF ends the file.
 #pragma once
 
 #include <functional>

@@ -1,7 +1,7 @@
 #include "gauges/panel_reader.h"
 
 #include <algorithm>
-#include <exception>
+#include <new>
 #include <unordered_set>
 
 #include "text/matching.h"
@@ -44,7 +44,7 @@ FileFault PanelReader::Read(const std::string& FSPath, const std::string& aircra
                             PanelReport& report) {
   try {
     return Follow(FSPath, aircraft + R"(\Panel)", report);
-  } catch (const std::exception&) {
+  } catch (const std::bad_alloc&) {
     // A panel that is too large for the memory at hand costs its own lines, not the whole run.
     return FileFault::TooLarge;
   }
@@ -70,7 +70,7 @@ FileFault PanelReader::Follow(const std::string& FSPath, const std::string& pane
 // Gives the folder, relative to Aircraft, that an alias line leads to.
 std::optional<std::string> PanelReader::Scan(std::string_view content, PanelReport& report) {
   TitleCount = 0;
-  LineReader lines(content);
+  LineReader lines(content, LoneLf::EndsLine);
   while (!lines.AtEnd()) {
     loop_.ProcessPending();
     const std::string_view line = lines.Next();

@@ -6,12 +6,13 @@ namespace panelkit {
 
 std::string_view LineReader::Next() {
   if (cr_ < position_) cr_ = Following('\r');
-  if (lf_ < position_) lf_ = Following('\n');
+  if (lf_ < position_ && lone_lf_ends_) lf_ = Following('\n');
   if (bracket_ < position_) bracket_ = Following('[');
   const std::size_t end = std::min(cr_, lf_);
   has_bracket_ = bracket_ < end;
   const std::string_view line = text_.substr(position_, end - position_);
-  position_ = std::min(lf_ == cr_ + 1 ? lf_ + 1 : end + 1, text_.size());
+  const bool is_cr_lf = end == cr_ && text_.substr(end).starts_with("\r\n");
+  position_ = std::min(end + (is_cr_lf ? 2 : 1), text_.size());
   return line;
 }
 

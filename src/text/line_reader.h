@@ -6,12 +6,21 @@
 
 namespace panelkit {
 
-/// Gives one line after the other, without its end: CR LF, a lone CR or a lone LF. The last line
-/// may lack one.
+/// What ends a line beside CR LF and a lone CR.
+enum class LoneLf {
+  EndsLine,
+  EndsLineWithoutCr,  ///< A lone LF does so only in a text that has no CR at all.
+};
+
+/// Gives one line after the other, without its end. The last line may lack one.
 class LineReader {
  public:
-  explicit LineReader(std::string_view text)
-      : text_(text), cr_(Following('\r')), lf_(Following('\n')), bracket_(Following('[')) {}
+  LineReader(std::string_view text, LoneLf lone_lf)
+      : text_(text),
+        cr_(Following('\r')),
+        lone_lf_ends_(lone_lf == LoneLf::EndsLine || cr_ == text.size()),
+        lf_(lone_lf_ends_ ? Following('\n') : text.size()),
+        bracket_(Following('[')) {}
 
   bool AtEnd() const { return position_ == text_.size(); }
 
@@ -29,7 +38,8 @@ class LineReader {
   // The next one of each, looked for again only when it is passed: a file may have none of one
   // kind. The text's size where none follows.
   std::size_t cr_;
-  std::size_t lf_;
+  bool lone_lf_ends_;
+  std::size_t lf_;  // The text's size where a lone one ends no line.
   std::size_t bracket_;
   bool has_bracket_ = false;
 };

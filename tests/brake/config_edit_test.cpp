@@ -36,6 +36,8 @@ const Case kCases[] = {
      "\x81\xE9\r\nshow_brake_message=1\r\n\r\n"},
     {"blanks around the value hide it", "show_brake_message = 0\r\n", kOff,
      "show_brake_message=0\r\n\r\n"},
+    {"of ten only the one counts", "show_brake_message=10\r\n", kOff,
+     "show_brake_message=0\r\n\r\n"},
     {"only one digit counts", "show_brake_message=25\r\n", kOn, "show_brake_message=1\r\n\r\n"},
     {"no value", "show_brake_message=\r\n", kOff, "show_brake_message=0\r\n\r\n"},
     {"another equals sign in front decides", "x=0;show_brake_message=1\r\n", kOn,
@@ -45,8 +47,10 @@ const Case kCases[] = {
      "\r\n\r\n",
      "[A]\r\nSYSCLOCK=1\r\nshow_brake_message=1\r\nx=[sysclock]\r\nshow_brake_message=1\r\nb\r\n"
      "\r\n"},
-    {"missing, and no place for it", "a\rb\nc", kOff, "a\r\nb\r\nc\r\n\r\n\r\n",
-     "a\r\nb\r\nc\r\n\r\n"},
+    {"missing, and no place for it", "a\rb\nc", kOff, "a\r\nb\nc\r\n\r\n\r\n", "a\r\nb\nc\r\n\r\n"},
+    {"a lone LF ends no line where the file has a CR", "a\nSYSCLOCK=1\r\n\nb\n", kOff,
+     "a\nSYSCLOCK=1\r\nshow_brake_message=0\r\n\nb\n\r\n\r\n\r\n",
+     "a\nSYSCLOCK=1\r\nshow_brake_message=1\r\n\nb\n\r\n\r\n"},
     {"no equals sign, lone LF: that line alone is replaced", "a\nshow_brake_message\nb\n", kOff,
      "a\r\nshow_brake_message=0\r\nb\r\n\r\n"},
     {"empty file", "", kOff, "\r\n\r\n", "\r\n"},
@@ -73,6 +77,15 @@ TEST_CASE("the setting is found, added, and switched by a pick") {
     CHECK(Get(brakes.config) == row.after_pick);
     CHECK(Tree(brakes.simulator.Fs()) == "FS2002.CFG\n");
   }
+}
+
+TEST_CASE("a pick under any caption but the one that hides the messages shows them") {
+  Started brakes("show_brake_message=0\r\n");
+  brakes.Window().MenuNamed("menBrake").SetCaption("&turn Parking Brake Annunciator OFF");
+  brakes.Click("menBrake");
+  CHECK(brakes.Caption() == kOff);
+  CHECK(Get(brakes.config) == "show_brake_message=1\r\n\r\n");
+  CHECK(Get(brakes.simulator.App() / "BRAKES.HTM") == brakes.simulator.Golden("brake.htm"));
 }
 
 TEST_CASE("each start without the setting and without a place for it backs up and adds a line") {
