@@ -37,7 +37,7 @@ void frmGauges::WireEvents() {
   OnClick("menAboutFS", &frmGauges::menAboutFS_Click);
   form_->OnClick("menExit", [this] { menExit_Click(); });
   form_->OnClose([this] { menExit_Click(); });
-  WebBrowser1.OnLinkNotOpened([this] { status_.Warn(kLinkNotOpenedText); });
+  WebBrowser1.OnLinkNotOpened([this] { status_.Show(kLinkNotOpenedText); });
 }
 
 void frmGauges::OnClick(std::string_view item, Handler handler) {
@@ -54,11 +54,22 @@ void frmGauges::RunAlone(Handler handler) {
   try {
     (this->*handler)();
   } catch (const std::bad_alloc&) {
-    status_.Complain(UnfinishedText("there is not enough memory"));
+    GiveUp("there is not enough memory");
   } catch (const std::exception& failure) {
-    status_.Complain(UnfinishedText(failure.what()));
+    GiveUp(failure.what());
   }
   at_work_ = false;
+}
+
+// The page that asks the user to wait must not stand for good.
+void frmGauges::GiveUp(const std::string& reason) {
+  report_.reset();
+  status_.Complain(UnfinishedText(reason));
+  try {
+    LoadWelcome();
+  } catch (const std::exception&) {
+    // The pane keeps what it shows; why, the status line says already.
+  }
 }
 
 void frmGauges::Show() {

@@ -115,6 +115,7 @@ class frmGauges {
   void WireEvents();
   void OnClick(std::string_view item, Handler handler);
   void RunAlone(Handler handler);
+  void GiveUp(const std::string& reason);
   void MakeReport(bool list_all_gauges);
   std::vector<std::string> Sorted(const std::vector<std::string>& names);
   PagePlace ShowPage(const std::string& PagePath);
@@ -139,7 +140,8 @@ class frmGauges {
   frmAbout about_;
   bool aircraft_listed_ = true;
   bool at_work_ = false;
-  StatusLine status_;  // lblStatus.
+  bool told_of_brakes_ = false;  // The status line tells what a brake edit could not do.
+  StatusLine status_;            // lblStatus.
   std::optional<GaugeReport> report_;
   std::vector<std::string> unreadable_;
   std::vector<std::string> not_named_;  // Cabinets whose names the cabinet service does not take.

@@ -1,4 +1,6 @@
 // frmGauges: the parking brake annunciator.
+#include <utility>
+
 #include "app/frm_gauges.h"
 #include "pages/page_text.h"
 #include "pages/status_text.h"
@@ -36,6 +38,9 @@ void frmGauges::menBrake_Click() {
   TellOf(ShowPage(BrakePageFile()));
   TellOfBrakes();
   if (brakes_.fault == FileFault::None && !brakes_.shown) status_.Complain(kNoPlaceForSettingText);
+  // What an earlier pick could not do, this one did.
+  const bool told_before = std::exchange(told_of_brakes_, !status_.Sentences().empty());
+  if (told_before && !told_of_brakes_) status_.ShowEnd();
 }
 
 void frmGauges::TellOfBrakes() {
@@ -44,6 +49,7 @@ void frmGauges::TellOfBrakes() {
   } else if (brakes_.backup_fault != FileFault::None) {
     status_.Warn(NoBackupText(brakes_.backup_fault));
   }
+  told_of_brakes_ = told_of_brakes_ || !status_.Sentences().empty();
 }
 
 bool frmGauges::BrakeMessagesAreShown() const {

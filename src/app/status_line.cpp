@@ -3,34 +3,36 @@
 #include <algorithm>
 
 namespace panelkit {
+namespace {
+
+std::string Joined(const std::vector<std::string>& sentences) {
+  std::string text;
+  for (const std::string& sentence : sentences) text += (text.empty() ? "" : " ") + sentence;
+  return text;
+}
+
+}  // namespace
 
 void StatusLine::Begin() {
   sentences_.clear();
   has_complaint_ = false;
-  ShowStanding();
 }
 
 void StatusLine::End() {
-  standing_text_ = "Done";
-  ShowStanding();
+  end_text_ = sentences_.empty() ? "Done" : Joined(sentences_);
+  ShowEnd();
 }
 
 void StatusLine::Warn(const std::string& sentence) {
   if (std::find(sentences_.begin(), sentences_.end(), sentence) == sentences_.end()) {
     sentences_.push_back(sentence);
   }
-  ShowStanding();
+  Show(Joined(sentences_));
 }
 
 void StatusLine::Complain(const std::string& sentence) {
   has_complaint_ = true;
   Warn(sentence);
-}
-
-void StatusLine::ShowStanding() {
-  std::string shown;
-  for (const std::string& sentence : sentences_) shown += (shown.empty() ? "" : " ") + sentence;
-  label_.SetCaption(shown.empty() ? standing_text_ : shown);
 }
 
 }  // namespace panelkit

@@ -59,6 +59,19 @@ TEST_CASE_FIXTURE(
   CHECK(Tree(spare) == "ABC.gau\nspare.cab\ntwin.cab\ntwin.gau\n");
 }
 
+TEST_CASE_FIXTURE(Program, "one gauge to remove, and then none, are told in the same words") {
+  const auto heading = [this](const std::string& number) {
+    return "<b>" + number + " FILES, CONTAINING " + number + " GAUGES WERE REMOVED FROM FOLDER: ";
+  };
+  for (const char* number : {"0", "1", "0"}) {
+    if (number[0] == '1') simulator.AddGauge("a.gau");
+    Click("menRemove");
+    CHECK(simulator.Page().find(heading(number)) != std::string::npos);
+    CHECK(simulator.Page().find("See if you can find your required files") != std::string::npos);
+    CHECK(std::filesystem::is_directory(simulator.App() / "SpareGauges"));
+  }
+}
+
 TEST_CASE_FIXTURE(Program,
                   "a gauge whose copy fails stays in Gauges, whole, and the user is told") {
   simulator.AddGauge("a.gau");

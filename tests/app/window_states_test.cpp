@@ -72,22 +72,56 @@ TEST_CASE_FIXTURE(Program, "a command greys all but File while it runs and takes
   CHECK(toolkit.FormTitled(kAboutWindow.title) == nullptr);
 }
 
-TEST_CASE_FIXTURE(Program, "what went wrong is told until the next command, with the menus back") {
+TEST_CASE_FIXTURE(Program, "what went wrong is told until the next report, with the menus back") {
   simulator.AddGauge("spare.gau");
-  const std::string at_first = Status();
-  loop.on_turn = [] { throw std::runtime_error("the disk has gone"); };
-  Click("menRemove");
-  CHECK(Greyed().empty());
-  CHECK(Status() == "The command could not be finished: the disk has gone.");
-  Click("menMain");
-  CHECK(Status() == at_first);
-  loop.on_turn = {};
+  simulator.AddAircraft("Alpha", "x\n");
+  loop.on_turn = [this] {
+    if (Status() == "Scanning Alpha") throw std::runtime_error("the disk has gone");
+  };
+  for (const char* command : {"menProbe", "menRemove"}) {
+    Click(command);
+    CHECK(Greyed().empty());
+    CHECK(Status() == "The command could not be finished: the disk has gone.");
+    CHECK(simulator.Page() == simulator.Golden("welcome.htm"));
+    CHECK(form.Report() == nullptr);
+    CHECK(Tree(simulator.Fs() / "Gauges") == "spare.gau\n");
+  }
+  // A panel too large for the memory is one that cannot be read, and ends no run.
+  loop.on_turn = [this] {
+    if (Status() == "Scanning Alpha") throw std::bad_alloc();
+  };
   Click("menProbe");
   CHECK(Status() == "Done");
-  Window().BrowserNamed("WebBrowser1").FailToOpenLink();
-  CHECK(Status() == "The link could not be opened: no web browser was found.");
-  Click("menKeybd");
+  CHECK(form.Unreadable() == std::vector<std::string>{"Alpha"});
+}
+
+TEST_CASE_FIXTURE(Program, "picks that make no report leave the labels alone, and the bar") {
+  simulator.AddAircraft("Alpha", "x\n");
+  simulator.AddGauge("a.gau");
+  std::filesystem::create_directories(simulator.App() / "SpareGauges" / "a.gau");
+  HeadlessBrowser& pane = Window().BrowserNamed("WebBrowser1");
+  loop.on_turn = [&] { pane.FailToOpenLink(); };
+  Click("menProbe");
   CHECK(Status() == "Done");
+  loop.on_turn = {};
+  Click("menRemove");
+  const std::string folder = Window().LabelNamed("lblFilePath").Caption();
+  CHECK(folder == "Flight Simulator: " + simulator.FSPath());
+  const auto expect = [&](int bar, const std::string& status) {
+    CHECK(Window().ProgressBarNamed("ProgressBar1").Value() == bar);
+    CHECK(Window().LabelNamed("lblFilePath").Caption() == folder);
+    CHECK(Status() == status);
+  };
+  for (const char* item : {"menKeybd", "menVirtual", "menVisit", "menAboutFS"}) {
+    Click(item);
+    expect(3, "Done - files that stayed in Gauges: 1");
+  }
+  Click("menMain");
+  expect(0, "Done - files that stayed in Gauges: 1");
+  pane.FailToOpenLink();
+  expect(0, "The link could not be opened: no web browser was found.");
+  Click("menKeybd");
+  expect(0, "The link could not be opened: no web browser was found.");
 }
 
 TEST_CASE_FIXTURE(Program,

@@ -41,8 +41,9 @@ std::string Simulator::Golden(std::string_view name) const {
 
 void ScriptedLoop::ProcessPending() {
   if (!on_turn || std::exchange(inside_, true)) return;
+  const std::unique_ptr<bool, void (*)(bool*)> leave(&inside_,
+                                                     [](bool* inside) { *inside = false; });
   on_turn();
-  inside_ = false;
 }
 
 HeadlessForm& Program::Window() const {
