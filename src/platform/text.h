@@ -24,7 +24,8 @@ class Text {
   /// their lowered forms are.
   virtual std::string Lower(std::string_view text) const = 0;
 
-  /// Upper case, letter by letter, whatever the locale. Lists that ignore case sort by it.
+  /// Upper case, letter by letter, whatever the locale. Lists that ignore case sort by it. A letter
+  /// of the ANSI code page whose capital it lacks stays small, so that ToAnsi can give it.
   virtual std::string Upper(std::string_view text) const = 0;
 };
 

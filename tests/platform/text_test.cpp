@@ -41,6 +41,10 @@ TEST_CASE("Letters stand where their code page has them, and change case in ever
   CHECK(text->ToAnsi("é Ł1 ≈ ∞ Ā計 🛩|") == "\xE9 ?1 ? ? ?? ?|");
   CHECK(text->Lower("GAUGE xyz [ÄÉĞΣЖΩ] ß İ\u212A I") == "gauge xyz [äéğσжω] ß İ\u212A i");
   CHECK(text->Upper("gauge XYZ {äéğσжω} ßÿ ıſ i") == "GAUGE XYZ {ÄÉĞΣЖΩ} ßŸ ıſ I");
+  // No page shows a "?" for a small letter whose capital it lacks.
+  CHECK(text->Upper("µ ƒ Μ?") == "µ ƒ Μ?");
+  CHECK(TextOf(1253)->Upper("ƒ ώ") == "ƒ Ώ");
+  CHECK(TextOf(65001)->Upper("µ ƒ") == "Μ Ƒ");
 }
 
 }  // namespace

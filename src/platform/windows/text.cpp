@@ -94,13 +94,11 @@ std::string EncodePair(unsigned page, std::wstring_view pair) {
 }
 
 /// Maps letter by letter as the file system does: no locale, no change of length.
-std::string MapCase(std::string_view text, DWORD mapping) {
-  std::wstring wide = Wide(text);
-  const int units = static_cast<int>(wide.size());
-  if (units == 0) return {};
-  std::wstring mapped(wide.size(), L'\0');
-  LCMapStringW(LOCALE_INVARIANT, mapping, wide.data(), units, mapped.data(), units);
-  return Utf8(mapped);
+std::wstring MapCase(std::wstring_view text, DWORD mapping) {
+  const int units = static_cast<int>(text.size());
+  std::wstring mapped(text.size(), L'\0');
+  if (units > 0) LCMapStringW(LOCALE_INVARIANT, mapping, text.data(), units, mapped.data(), units);
+  return mapped;
 }
 
 }  // namespace
@@ -129,11 +127,19 @@ std::string WindowsText::ToAnsi(std::string_view text) const {
 }
 
 std::string WindowsText::Lower(std::string_view text) const {
-  return MapCase(text, LCMAP_LOWERCASE);
+  return Utf8(MapCase(Wide(text), LCMAP_LOWERCASE));
 }
 
 std::string WindowsText::Upper(std::string_view text) const {
-  return MapCase(text, LCMAP_UPPERCASE);
+  const std::wstring wide = Wide(text);
+  std::wstring upper = MapCase(wide, LCMAP_UPPERCASE);
+  for (std::size_t i = 0; i < upper.size(); ++i) {
+    const auto is_in_page = [&](const std::wstring& units) {
+      return Encode(page_, {&units[i], 1}) != "?";
+    };
+    if (upper[i] != wide[i] && is_in_page(wide) && !is_in_page(upper)) upper[i] = wide[i];
+  }
+  return Utf8(upper);
 }
 
 }  // namespace panelkit::windows

@@ -178,7 +178,18 @@ std::string WineText::Lower(std::string_view text) const {
 }
 
 std::string WineText::Upper(std::string_view text) const {
-  return Uppered(text);
+  if (page_ == kUtf8Page) return Uppered(text);
+  std::size_t position = utf8::AsciiLength(text);
+  std::string upper = Uppered(text.substr(0, position));
+  while (position < text.size()) {
+    const std::size_t start = position;
+    utf8::Next(text, position);
+    const std::string_view letter = text.substr(start, position - start);
+    const std::string capital = Uppered(letter);
+    const bool only_small = ToAnsi(capital) == "?" && ToAnsi(letter) != "?";
+    upper += only_small ? letter : capital;
+  }
+  return upper;
 }
 
 }  // namespace panelkit
