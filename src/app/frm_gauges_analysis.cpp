@@ -2,6 +2,7 @@
 #include "app/frm_gauges.h"
 #include "cabinet/mod_gauges.h"
 #include "gauges/aircraft_walk.h"
+#include "gauges/gauge_file.h"
 #include "gauges/panel_reader.h"
 #include "gauges/panel_report.h"
 #include "pages/report_page.h"
@@ -9,13 +10,18 @@
 namespace panelkit {
 namespace {
 
-constexpr std::size_t kExtension = 4;
-
-std::string LessExtension(const std::string& name) {
-  return name.substr(0, name.size() - kExtension);
+// The names of the files in Gauges that have this extension; none where there is no such folder.
+std::vector<std::string> FilesInGauges(const Files& files, const std::string& FSPath,
+                                       std::string_view extension) {
+  const auto listed =
+      files.List(FSPath + R"(\Gauges\*)" + std::string(extension), ListedEntries::PlainFiles);
+  std::vector<std::string> names;
+  if (!listed) return names;
+  for (const ListedEntry& entry : *listed) names.push_back(entry.name);
+  return names;
 }
 
-ReportKind KindOf(bool list_all_gauges, bool collect_required_only) {
+ReportKind ReportKindOf(bool list_all_gauges, bool collect_required_only) {
   if (collect_required_only) return ReportKind::Clean;
   return list_all_gauges ? ReportKind::Show : ReportKind::Probe;
 }
@@ -26,13 +32,13 @@ void frmGauges::EnumerateGauges() {
   PanelReader panels(machine_.files, machine_.text, loop_);
   const std::string FSPath = GetFSPath();
   GaugeReport& report = report_.emplace();
-  report.kind = KindOf(ListAllGauges, CollectRequiredOnly);
+  report.kind = ReportKindOf(ListAllGauges, CollectRequiredOnly);
   unreadable_.clear();
   MissingGauges.Reset();
   CreateGaugeArray(FSPath);
   lblFilePath.SetCaption("Flight Simulator: " + FSPath);
   const auto on_aircraft = [&](const std::string& aircraft) {
-    status_.ShowProgress("Scanning " + aircraft);
+    status_.Show("Scanning " + aircraft);
     const std::size_t listed = report.panels.size();
     PanelReport panel(aircraft, machine_.text, modGauges::InstalledGauges, MissingGauges, report);
     const FileFault fault = panels.Read(FSPath, aircraft, panel);
@@ -45,19 +51,17 @@ void frmGauges::EnumerateGauges() {
 void frmGauges::CreateGaugeArray(const std::string& FSPath) {
   GaugeTable& table = modGauges::InstalledGauges;
   table.Reset();
-  const auto names = machine_.files.List(FSPath + R"(\Gauges\*.gau)", ListedEntries::PlainFiles);
-  for (std::size_t i = 0; names && i < names->size() && !table.Overflowed(); ++i) {
+  for (const std::string& name : FilesInGauges(machine_.files, FSPath, kGaugeFileExtension)) {
+    if (table.Overflowed()) break;
     loop_.ProcessPending();
-    table.Add(machine_.text, kGaugeFileOrigin, LessExtension((*names)[i].name));
+    table.Add(machine_.text, kGaugeFileOrigin, LessExtension(name));
   }
   AddCabinetRows(FSPath);
 }
 
 void frmGauges::AddCabinetRows(const std::string& FSPath) {
-  const auto names = machine_.files.List(FSPath + R"(\Gauges\*.cab)", ListedEntries::PlainFiles);
   not_named_.clear();
-  for (std::size_t i = 0; names && i < names->size(); ++i) {
-    const std::string& name = (*names)[i].name;
+  for (const std::string& name : FilesInGauges(machine_.files, FSPath, kCabinetExtension)) {
     loop_.ProcessPending();
     modGauges::CurrentCabinet = LessExtension(name);
     cab = CABFile::Create(machine_);

@@ -6,11 +6,10 @@
 #include "cabinet/entry_name.h"
 #include "cabinet/folder_maker.h"
 #include "cabinet/mod_gauges.h"
+#include "gauges/gauge_file.h"
 
 namespace panelkit {
 namespace {
-
-constexpr std::string_view kGaugeEnding = ".xml";
 
 // The record whose address a notification's parameter carries.
 template <class Record>
@@ -68,7 +67,7 @@ std::uint32_t CABFile::EntryExtracted(const FILEPATHS& Paths) const {
 std::uint32_t CABFile::InfoEntry(const FILE_IN_CABINET_INFO& Info) {
   const std::string full_name = StringFromAnsiPointer(Info.NameInCabinet);
   if (!EntryFilter.empty() && !MatchesFilter(full_name)) return FILEOP_SKIP;
-  const bool is_gauge = adds_rows_ && full_name.ends_with(kGaugeEnding);
+  const bool is_gauge = adds_rows_ && full_name.ends_with(kGaugeEntryExtension);
   if (FileFound || is_gauge) {
     const auto [folder, file] = modGauges::SplitPath(full_name);
     if (FileFound) {
@@ -81,10 +80,7 @@ std::uint32_t CABFile::InfoEntry(const FILE_IN_CABINET_INFO& Info) {
 }
 
 void CABFile::AddGaugeRow(const std::string& file) const {
-  const std::string& cabinet = modGauges::CurrentCabinet;
-  std::string key = cabinet + "!";
-  key.append(file, 0, file.size() - kGaugeEnding.size());
-  if (!modGauges::InstalledGauges.Add(machine_.text, cabinet, key)) {
+  if (!modGauges::InstalledGauges.AddEntry(machine_.text, modGauges::CurrentCabinet, file)) {
     throw CabError(kOverflow, kCabFileSource, "Overflow");
   }
 }

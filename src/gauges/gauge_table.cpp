@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <string>
 
+#include "gauges/gauge_file.h"
+
 namespace panelkit {
 
 bool GaugeTable::Add(const Text& text, std::string_view origin, std::string_view key) {
@@ -20,6 +22,11 @@ bool GaugeTable::Add(const Text& text, std::string_view origin, std::string_view
   parts_of_keys.reset();
   if (!answers.empty()) answers.clear();  // Which walks the whole table, however empty.
   return true;
+}
+
+bool GaugeTable::AddEntry(const Text& text, std::string_view cabinet, std::string_view file) {
+  if (!file.ends_with(kGaugeEntryExtension)) return true;
+  return Add(text, cabinet, std::string(cabinet) + "!" + LessExtension(file));
 }
 
 bool GaugeTable::Exists(const Text& text, std::string_view entry) const {

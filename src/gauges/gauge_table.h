@@ -38,6 +38,10 @@ class GaugeTable {
   /// kHighestIndex: the row is written then, but it stays the last one, which no search looks at.
   bool Add(const Text& text, std::string_view origin, std::string_view key);
 
+  /// Adds the row of a cabinet's entry, by the cabinet's name without its extension and the file
+  /// part of the entry's name. An entry that is no gauge has no row. False as Add gives it.
+  bool AddEntry(const Text& text, std::string_view cabinet, std::string_view file);
+
   /// The index of the free last row, which is the number of used rows.
   int UpperBound() const { return static_cast<int>(contents_->rows.size()) - 1; }
 

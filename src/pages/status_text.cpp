@@ -60,7 +60,7 @@ std::string NoAircraftText(const Files& files, const std::string& FSPath) {
 std::string CabinetsNotNamedText(const std::vector<std::string>& cabinets) {
   std::string names;
   for (const std::string& cabinet : cabinets) names += (names.empty() ? "" : ", ") + cabinet;
-  return "Windows cannot open these cabinets by their names, rename them: " + names + ".";
+  return "Give these cabinets plain names, or they cannot be read: " + names + ".";
 }
 
 std::string UnfinishedText(const std::string& reason) {

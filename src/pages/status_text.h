@@ -33,8 +33,8 @@ std::string NoAircraftText(const Files& files, const std::string& FSPath);
 /// panels that could not be read, as far as there are any.
 std::string CleanDoneText(std::size_t stayed, std::size_t unreadable);
 
-/// These cabinets (names of files in Gauges) were not looked into: the system's cabinet service
-/// takes no such names.
+/// These cabinets (names of files in Gauges) were not looked into, since the machine's cabinet
+/// service takes no such names: what to do about it.
 std::string CabinetsNotNamedText(const std::vector<std::string>& cabinets);
 
 /// A command ended half way, for the reason given.

@@ -66,8 +66,9 @@ class CabinetWalk {
                                              CabinetMsgHandler MsgHandler,
                                              std::uint32_t Context) = 0;
 
-  /// The code of winerror.h for the last failed walk, never 0: 2 no such file, 3 no such folder,
-  /// 5 no access, 13 no cabinet or a damaged one, 112 disk full, 123 impossible name, ...
+  /// The code of winerror.h for the last walk, never 0 if it gave 0: 2 no such file, 3 no such
+  /// folder, 5 no access, 13 no cabinet or a damaged one, 112 disk full, 123 impossible name, ...
+  /// 0 after a walk that succeeded or that an exception ended.
   virtual std::int32_t GetLastError() const = 0;
 };
 

@@ -14,13 +14,12 @@ namespace panelkit {
 
 /// One cabinet's entries and the rows of installed gauges that they stand for.
 struct CabinetListing {
-  GaugeTable rows;
+  GaugeTable rows;                   ///< It has overflowed if there are more than it can hold.
   std::vector<std::string> entries;  ///< Full names, in the cabinet's order.
   std::optional<CabError> fault;     ///< Why there may be more entries than these.
 };
 
 /// Lists the cabinet at `path` by CABFile, as if it lay in Gauges under the file name `name`.
-/// modGauges::InstalledGauges keeps its rows.
 CabinetListing ListCabinet(const Machine& machine, const std::string& path,
                            const std::string& name);
 

@@ -1,6 +1,6 @@
 #include "search/candidate_pool.h"
 
-#include "search/gauge_names.h"
+#include "gauges/gauge_file.h"
 
 namespace panelkit {
 

@@ -115,6 +115,8 @@ void CandidateSearch::LookIntoCabinet(const Place& cabinet, const std::string& p
   pool_.AddCabinet(cabinet.candidate, listing.rows);
   if (listing.fault) {
     PassOver(cabinet, "it is damaged behind its entry " + std::to_string(listing.entries.size()));
+  } else if (listing.rows.Overflowed()) {
+    PassOver(cabinet, "it holds more than 32,767 gauges");
   } else if (depth_ == SearchDepth::Archives && HoldsGaugesOrArchives(listing)) {
     LookIntoArchive(cabinet);
   }

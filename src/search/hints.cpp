@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "gauges/gauge_file.h"
 #include "gauges/name_list.h"
 #include "search/cabinet_listing.h"
 #include "search/candidate_search.h"
@@ -33,7 +34,7 @@ class EveryFile : public FolderVisitor {
 
 std::string WithoutXmlEnding(const Text& text, std::string_view entry) {
   const std::string_view file = FileNameOf(entry);
-  return text.Lower(file).ends_with(".xml") ? LessExtension(file) : std::string();
+  return text.Lower(file).ends_with(kGaugeEntryExtension) ? LessExtension(file) : std::string();
 }
 
 // The entry whose name takes the fewest edits; empty if none shares a letter.
@@ -109,12 +110,12 @@ void HintFinder::AddSatisfying(const RequiredFile& required, std::vector<Hint>& 
 }
 
 void HintFinder::AddInPlace(const RequiredFile& required, std::vector<Hint>& hints) const {
-  const std::string beginning = machine_.text.Lower(required.name) + ".";
+  const std::string stem = machine_.text.Lower(required.name);
   for (const std::string& path : in_gauges_) {
     const std::string name = machine_.text.Lower(FileNameOf(path));
-    if (name == beginning + "cab") {
+    if (name == stem + std::string(kCabinetExtension)) {
       AddCabinet(required, path, hints);
-    } else if (name.starts_with(beginning) && name != beginning + "gau") {
+    } else if (name.starts_with(stem + ".") && name != stem + std::string(kGaugeFileExtension)) {
       hints.push_back({HintKind::OtherExtension, path});
     }
   }

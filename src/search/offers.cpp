@@ -6,8 +6,8 @@
 #include <tuple>
 #include <utility>
 
+#include "gauges/gauge_file.h"
 #include "gauges/gauge_mover.h"
-#include "search/gauge_names.h"
 
 namespace panelkit {
 namespace {

@@ -11,6 +11,11 @@ bool EqualsIgnoringCase(std::string_view text, std::string_view words) {
   return text.size() == words.size() && std::equal(text.begin(), text.end(), words.begin(), same);
 }
 
+bool EndsWithIgnoringCase(std::string_view text, std::string_view words) {
+  return text.size() >= words.size() &&
+         EqualsIgnoringCase(text.substr(text.size() - words.size()), words);
+}
+
 bool ContainsIgnoringCase(std::string_view text, std::string_view words) {
   // Most words that are asked for begin with a bracket, and most lines have none.
   if (words.front() < 'a') text.remove_prefix(std::min(text.find(words.front()), text.size()));

@@ -8,6 +8,9 @@ namespace panelkit {
 /// Whether `text` equals `words`, case of ASCII letters ignored. `words` is ASCII in lower case.
 bool EqualsIgnoringCase(std::string_view text, std::string_view words);
 
+/// Whether `text` ends in `words`, likewise.
+bool EndsWithIgnoringCase(std::string_view text, std::string_view words);
+
 /// Whether `text` contains `words`, likewise. `words` is not empty.
 bool ContainsIgnoringCase(std::string_view text, std::string_view words);
 

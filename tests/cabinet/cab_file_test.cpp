@@ -3,6 +3,7 @@
 
 #include <doctest/doctest.h>
 
+#include <map>
 #include <utility>
 
 #include "cabinet/folder_maker.h"
@@ -92,6 +93,8 @@ TEST_CASE_FIXTURE(Fixture, "GetInfo reports entries and adds a row for each xml 
   CHECK(Log() == "0 Dial.xml,37257.500000,1234,a\\: 0 ");
   CHECK(cab->GetInfo("dial.bmp"));
   CHECK(Log() == "0 2 2 2 0 ");
+  CHECK(cab->GetInfo());
+  CHECK(Log().ends_with("dial.bmp,37257.500000,1234,b\\: 2 0 "));
 
   CHECK(cab->FileCount() == 3);
   CHECK(cab->FileCount() == 3);
@@ -111,6 +114,7 @@ TEST_CASE_FIXTURE(Fixture, "GetXML lists entries, or the first of a file name") 
                              file("b\\", "dial.bmp") + closing);
   CHECK(cab->GetXML("dial.xml") == opening + file("a\\", "Dial.xml") + closing);
   CHECK(cab->GetXML("a\\dial.xml") == opening + closing);
+  CHECK(cab->GetXML().ends_with(file("b\\", "dial.bmp") + closing));
 }
 
 TEST_CASE_FIXTURE(Fixture, "Extract announces, aims and reports each entry") {
@@ -124,6 +128,14 @@ TEST_CASE_FIXTURE(Fixture, "Extract announces, aims and reports each entry") {
   CHECK(std::filesystem::is_directory(simulator.App() / "out" / "deep" / "a"));
   CHECK(cab->Extract("b.gau"));
   CHECK(Log() == "0 2 2 2 2 0 ");
+  walk.entries = {"two.gau", "x.gau", "TWO.gau"};
+  CHECK(cab->Extract("Two.gau"));
+  CHECK(Log() == "0 two.gau: 1 APP\\two.gau: 0 2 TWO.gau: 1 APP\\TWO.gau: 0 0 ");
+  const std::string path = std::exchange(cab->CabName, "x.cab");
+  cancelled = "TWO.gau";
+  CHECK(cab->Extract("two.gau", "", ""));
+  CHECK(Log() == "0 two.gau: 2 2 TWO.gau: 2 0 ");  // To the root, where no folder can be made.
+  cab->CabName = path;
 
   cancelled = "c.gau";
   walk.entries = {"c.gau", "..\\up.gau"};
@@ -151,8 +163,6 @@ TEST_CASE_FIXTURE(Fixture, "errors tell number, source and description") {
   each("2", "The system cannot find the file specified.");
   walk.error = 110;
   each("110", "Unknown error.");
-  CHECK(Win32ErrorText(123) ==
-        "The filename, directory name, or volume label syntax is incorrect.");
   CHECK(CabErrorText(2) == "Unknown error.");
 
   cab->CabName.clear();
@@ -161,6 +171,42 @@ TEST_CASE_FIXTURE(Fixture, "errors tell number, source and description") {
        "You must set the CabName property before taking any action on the CabFile object.");
   CHECK(modGauges::CurrentCabFile == nullptr);
   CHECK(modGauges::CabNotifyEntry(CabContextCount, SPFILENOTIFY_FILEINCABINET, 0, 0) == 0);
+}
+
+TEST_CASE("each code has its fixed text, and no other code has one") {
+  const std::map<int, std::string> texts = {
+      {2, "The system cannot find the file specified."},
+      {3, "The system cannot find the path specified."},
+      {4, "The system cannot open the file."},
+      {5, "Access is denied."},
+      {8, "Not enough storage is available to process this command."},
+      {13, "Invalid data."},
+      {14, "Not enough storage is available to complete this operation."},
+      {15, "The system cannot find the drive specified."},
+      {19, "The media is write protected."},
+      {20, "The system cannot find the device specified."},
+      {21, "The device is not ready."},
+      {23, "Data error (cyclic redundancy check)."},
+      {25, "The drive cannot locate a specific area or track on the disk."},
+      {26, "The specified disk or diskette cannot be accessed."},
+      {27, "The drive cannot find the sector requested."},
+      {29, "The system cannot write to the specified device."},
+      {30, "The system cannot read from the specified device."},
+      {31, "A device attached to the system is not functioning."},
+      {32, "The process cannot access the file because it is being used by another process."},
+      {33,
+       "The process cannot access the file because another process has locked a portion of the "
+       "file."},
+      {39, "The disk is full."},
+      {82, "The directory or file cannot be created."},
+      {111, "The file name is too long."},
+      {112, "There is not enough space on the disk."},
+      {123, "The filename, directory name, or volume label syntax is incorrect."}};
+  for (int code = -1; code < 200; ++code) {
+    CAPTURE(code);
+    const auto text = texts.find(code);
+    CHECK(Win32ErrorText(code) == (text == texts.end() ? "Unknown error." : text->second));
+  }
 }
 
 TEST_CASE_FIXTURE(Fixture, "an object lives on while the program still refers to it") {
@@ -172,7 +218,11 @@ TEST_CASE_FIXTURE(Fixture, "an object lives on while the program still refers to
 }
 
 TEST_CASE_FIXTURE(Fixture, "an error inside a walk comes out with the callback's source") {
-  CHECK(ErrorOf([&] { cab->Extract("", "", std::string(260, 'x')); }) ==
+  // Of the code page's bytes, the service has room for 259.
+  const std::size_t free = 259 - (simulator.AppFolder().size() + 1);
+  CHECK(cab->Extract("DIAL.XML", "", std::string(free, 'x')));
+  CHECK(Log() == "0 2 DIAL.XML: 1 APP\\" + std::string(free, 'x') + ": 0 2 0 ");
+  CHECK(ErrorOf([&] { cab->Extract("", "", std::string(free + 1, 'x')); }) ==
         "9 CabFile.CabCallBack: Subscript out of range");
 
   const Text& text = simulator.Services().text;

@@ -31,6 +31,9 @@ const Case kCases[] = {
      "[window titles]\nwindow00=One\n\n[WINDOW00]\ngauge00=a1,1\n[Window01]\ngauge00=lost,1\n"
      "gauge01=a2,1\n[Window02]\n\ngauge00=a3,1\n",
      "window00=One\n+a1\nwindow00=One\n+a2\nwindow00=One\n+a3\n", "a1|a2|a3|"},
+    {"the line that ends the titles is used up unseen, and an entry may stand twice in a window",
+     "[Window Titles]\nWindow00=W\ngauge00=lost,1\ngauge01=a,1\ngauge02=b,1\ngauge03=a,1\n",
+     "Window00=W\n+a\n+b\n+a\n", "a|b|"},
     {"what counts as a gauge line, and what its entry is",
      "[Window Titles]\nWindow00=W\n\nGAUGE07=up!x!y,1,2\n gauge00=indented,1\n//gauge00=comment,1\n"
      "gauge_size=1,2\ngauge00=blank ,1\ngauge01= lead,1\ngauge02=nocomma\ngauge03=\n"

@@ -34,6 +34,8 @@ TEST_CASE_FIXTURE(CabinetWalks, "A walk reports every entry in order and acts on
   };
   CHECK_THROWS_WITH(WalkBytes(kCabinet, answers), "out of the walk");
   CHECK(reported == 1);
+  // The error of an earlier walk is not the one's that ended by an exception.
+  CHECK(machine->Services().cabinets.GetLastError() == 0);
 }
 
 TEST_CASE_FIXTURE(CabinetWalks, "A file that cannot be walked fails with a reason") {

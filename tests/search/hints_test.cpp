@@ -3,6 +3,7 @@
 
 #include <doctest/doctest.h>
 
+#include "search/cabinet_listing.h"
 #include "support/cabinet_writer.h"
 #include "support/machine_here.h"
 #include "support/simulator.h"
@@ -76,6 +77,17 @@ TEST_CASE("a damaged cabinet is told with its last whole entry") {
   Put(simulator.Fs() / "Gauges/Cut.cab", cabinet.substr(0, cabinet.find("Map")));
   CHECK(HintsIn(simulator, {"cut", {"cut!Map"}}) ==
         Lines{"Gauges has Cut.cab, which is damaged behind its entry 2, Alt.XML"});
+}
+
+TEST_CASE("a cabinet of more gauges than a table holds is listed to its end") {
+  Simulator simulator;
+  const std::vector<CabinetEntry> entries(32768, {"dial.xml"});
+  Put(simulator.Fs() / "many.cab", MakeCabinet(entries));
+  const auto listing =
+      ListCabinet(simulator.Services(), simulator.FSPath() + "\\many.cab", "many.cab");
+  CHECK(listing.entries.size() == entries.size());
+  CHECK(listing.rows.Overflowed());
+  CHECK_FALSE(listing.fault);
 }
 
 TEST_CASE("Names that are nearly the required one are told with the difference, the least first") {

@@ -153,6 +153,7 @@ class Walk {
 std::uint32_t WineCabinetWalk::SetupIterateCabinetA(const std::string& CabinetFile,
                                                     CabinetMsgHandler MsgHandler,
                                                     std::uint32_t Context) {
+  last_error_ = 0;  // For a walk that ends by an exception.
   const std::uint32_t error = Walk(paths_, text_, CabinetFile, MsgHandler, Context).Run();
   if (error == 0) return 1;
   last_error_ = static_cast<std::int32_t>(error);

@@ -1,0 +1,28 @@
+// The names of the files that gauges come in.
+#pragma once
+
+#include <array>
+#include <string>
+#include <string_view>
+
+namespace panelkit {
+
+/// A gauge file, and a cabinet of gauges. In names of files, case is ignored.
+inline constexpr std::string_view kGaugeFileExtension = ".gau";
+inline constexpr std::string_view kCabinetExtension = ".cab";
+
+/// What the Gauges folder holds, the one that is looked for first at the front.
+inline constexpr std::array kGaugesExtensions{kGaugeFileExtension, kCabinetExtension};
+
+/// A gauge among the entries of a cabinet; the case counts.
+inline constexpr std::string_view kGaugeEntryExtension = ".xml";
+
+/// The length of each of them.
+inline constexpr std::size_t kExtensionLength = 4;
+
+/// A file's or an entry's name without such an extension.
+inline std::string LessExtension(std::string_view name) {
+  return std::string(name.substr(0, name.size() - kExtensionLength));
+}
+
+}  // namespace panelkit
