@@ -1,6 +1,6 @@
 # Tests of the console companion. Sourced with the console and the sources as $1 and $2; gives a
 # folder $work with the program in $app and the prefix that it sees, whose simulator is $fs. A test
-# passes where its last command finds no failures.
+# ends with `finish`.
 console=$1
 source=$2
 work=$(mktemp -d)
@@ -14,10 +14,26 @@ gauges=$fs/Gauges
 spare=$app/SpareGauges
 export ASAN_OPTIONS=exitcode=99 UBSAN_OPTIONS=exitcode=99  # No status of the program's own.
 failures=0
+left_out=0
 
 fail() {
   printf 'FAILED: %s\n' "$*"
   failures=$((failures + 1))
+}
+
+# works COMMAND...: whether this helper of a test works here. Where it does not, the test leaves a part out.
+works() {
+  "$@" >/dev/null 2>&1 || {
+    echo "Left out: what needs $1."
+    left_out=77
+    return 1
+  }
+}
+
+# finish: ends the test, with 77 where it failed nowhere but left something out.
+finish() {
+  [ $failures = 0 ] || exit 1
+  exit $left_out
 }
 
 # fresh: the program and the demonstration simulator as they are delivered, for any user to read.

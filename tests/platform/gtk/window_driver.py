@@ -19,7 +19,7 @@ def run(*command):
 
 def wait(condition, what):
     """Waits until `condition` gives something true, and gives it back."""
-    end = time.monotonic() + 30
+    end = time.monotonic() + 120
     while time.monotonic() < end:
         try:
             if found := condition():

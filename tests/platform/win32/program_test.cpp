@@ -97,11 +97,14 @@ constexpr unsigned kExit = 0;
 constexpr unsigned kProbe = 2;
 constexpr unsigned kClean = 4;
 
-/// Aircraft that take a scan some seconds.
+/// Aircraft that take a scan far longer than the test waits.
 void AddFleet(Simulator& simulator) {
   std::string panel = "[Window Titles]\nWindow00=Main\n[Window00]\n";
   for (int i = 0; i < 20'000; ++i) panel += "gauge" + std::to_string(i) + "=absent!dial,1,2\n";
-  for (int i = 0; i < 50; ++i) simulator.AddAircraft("Aircraft " + std::to_string(i), panel);
+  simulator.AddAircraft("Aircraft 1", panel);
+  for (int i = 2; i < 500; ++i) {
+    simulator.AddAircraft("Aircraft " + std::to_string(i), "[fltsim]\nalias=Aircraft 1\\Panel\n");
+  }
 }
 
 }  // namespace
