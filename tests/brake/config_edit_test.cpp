@@ -23,7 +23,7 @@ struct Started : Program {
 };
 
 // A life of fs2002.cfg, bytes as they stand on disk.
-struct Case {
+struct Edit {
   std::string name;
   std::string config;
   std::string caption;  // After the start.
@@ -31,7 +31,7 @@ struct Case {
   std::string after_start = config;
 };
 
-const Case kCases[] = {
+const Edit kEdits[] = {
     {"set to 0, in other case, bytes outside ASCII kept", "\x81\xE9\r\nSHOW_Brake_Message=0", kOn,
      "\x81\xE9\r\nshow_brake_message=1\r\n\r\n"},
     {"blanks around the value hide it", "show_brake_message = 0\r\n", kOff,
@@ -57,7 +57,7 @@ const Case kCases[] = {
 };
 
 TEST_CASE("the setting is found, added, and switched by a pick") {
-  for (const Case& row : kCases) {
+  for (const Edit& row : kEdits) {
     CAPTURE(row.name);
     Started brakes(row.config);
     CHECK(brakes.Caption() == row.caption);
