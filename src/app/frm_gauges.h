@@ -22,7 +22,8 @@ namespace panelkit {
 
 /// The program. A window toolkit gives it a window and an event loop, a machine the simulator's
 /// files. Handlers run one at a time: while one is at work, a click on anything but Exit Program is
-/// dropped. What a handler could not do, it tells on the status line; none throws.
+/// dropped. What a click could not do is told on the status line, and no exception leaves it; an
+/// operation that is called directly lets exceptions out.
 class frmGauges {
  public:
   /// Makes the window, not shown yet, and connects its events. Toolkit and services must outlive

@@ -37,15 +37,22 @@ void frmGauges::EnumerateGauges() {
   MissingGauges.Reset();
   CreateGaugeArray(FSPath);
   lblFilePath.SetCaption("Flight Simulator: " + FSPath);
+  const auto on_progress = [this](int done, int entries) {
+    if (done > 0) return ProgressBar1.SetValue(done);
+    ProgressBar1.SetMin(0);
+    ProgressBar1.SetMax(entries);
+  };
+  const EntryQuestions ask{[this](const std::string& Gauge) { return GaugeExists(Gauge); },
+                           [this](std::string& Gauge) { AddToMissing(Gauge); }};
   const auto on_aircraft = [&](const std::string& aircraft) {
     status_.Show("Scanning " + aircraft);
     const std::size_t listed = report.panels.size();
-    PanelReport panel(aircraft, machine_.text, modGauges::InstalledGauges, MissingGauges, report);
+    PanelReport panel(aircraft, ask, report);
     const FileFault fault = panels.Read(FSPath, aircraft, panel);
     if (fault != FileFault::None) unreadable_.push_back(aircraft);
     ReportHtml += PanelLines(std::span(report.panels).subspan(listed), machine_.text);
   };
-  aircraft_listed_ = WalkAircraft(machine_.files, loop_, ProgressBar1, FSPath, on_aircraft);
+  aircraft_listed_ = WalkAircraft(machine_.files, loop_, FSPath, on_progress, on_aircraft);
 }
 
 void frmGauges::CreateGaugeArray(const std::string& FSPath) {

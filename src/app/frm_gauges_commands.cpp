@@ -95,7 +95,7 @@ std::optional<SpareSelection> frmGauges::FindSpare() {
   return SelectSpare(modGauges::InstalledGauges, MissingGauges.Names(), machine_.text);
 }
 
-// Whatever keeps a required gauge from being known would cost that gauge.
+// With an incomplete list of required gauges, Clean would move needed ones.
 std::string frmGauges::WhyNothingMoves() const {
   if (!aircraft_listed_) return NoAircraftText(machine_.files, GetFSPath());
   if (TablesAreFull()) return "there are more than 32,767 gauges";

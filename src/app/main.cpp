@@ -31,12 +31,9 @@ int Refuse(const std::string& sentence) {
   return kCannotRun;
 }
 
-bool HasSimulator(const Machine& machine) {
-  return !FindSimulator(machine.registry, machine.text).empty();
-}
-
 int RunWithWindow() {
-  const std::unique_ptr<LocalMachine> machine = OpenLocalMachine(HasSimulator);
+  const std::unique_ptr<LocalMachine> machine = OpenLocalMachine(
+      [](const Machine& candidate) { return HasSimulator(candidate.registry, candidate.text); });
   const std::unique_ptr<Toolkit> toolkit = OpenToolkit(*machine);
   if (toolkit == nullptr) return Refuse("cannot open a display (panelkit-console needs none)");
   frmGauges program(*toolkit, machine->Services());

@@ -2,15 +2,16 @@
 
 #include <algorithm>
 #include <array>
-#include <string>
+
+#include "text/matching.h"
 
 namespace panelkit {
 
 namespace {
 
-constexpr std::array<std::string_view, 6> kDevices = {"CON", "PRN",    "AUX",
-                                                      "NUL", "CONIN$", "CONOUT$"};
-constexpr std::array<std::string_view, 2> kNumberedDevices = {"COM", "LPT"};
+constexpr std::array<std::string_view, 6> kDevices = {"con", "prn",    "aux",
+                                                      "nul", "conin$", "conout$"};
+constexpr std::array<std::string_view, 2> kNumberedDevices = {"com", "lpt"};
 
 // 1 to 9, and the superscript digits 1 to 3, which Windows takes for digits here.
 bool IsDeviceNumber(std::string_view text) {
@@ -21,14 +22,14 @@ bool IsDeviceNumber(std::string_view text) {
 // Windows takes a device's name for the device in every folder, with any extension and with blanks
 // before that.
 bool IsDevice(std::string_view part) {
-  std::string stem(part.substr(0, part.find('.')));
-  stem.erase(stem.find_last_not_of(' ') + 1);
-  std::transform(stem.begin(), stem.end(), stem.begin(), [](char letter) {
-    return letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter;
-  });
-  if (std::find(kDevices.begin(), kDevices.end(), stem) != kDevices.end()) return true;
-  return std::any_of(kNumberedDevices.begin(), kNumberedDevices.end(), [&](auto device) {
-    return stem.starts_with(device) && IsDeviceNumber(std::string_view(stem).substr(device.size()));
+  std::string_view stem = part.substr(0, part.find('.'));
+  stem = stem.substr(0, stem.find_last_not_of(' ') + 1);
+  const auto is_stem = [stem](auto device) { return EqualsIgnoringCase(stem, device); };
+  if (std::any_of(kDevices.begin(), kDevices.end(), is_stem)) return true;
+  return std::any_of(kNumberedDevices.begin(), kNumberedDevices.end(), [stem](auto device) {
+    return stem.size() > device.size() &&
+           EqualsIgnoringCase(stem.substr(0, device.size()), device) &&
+           IsDeviceNumber(stem.substr(device.size()));
   });
 }
 

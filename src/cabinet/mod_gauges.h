@@ -23,7 +23,8 @@ extern GaugeTable InstalledGauges;
 /// Name, without its extension, of the cabinet whose gauges are being added to InstalledGauges.
 extern std::string CurrentCabinet;
 
-/// The object that last started a walk; null before the first one.
+/// The object that last started a walk; null before the first one. It is kept with its event
+/// handlers, which may view what is gone by then: nothing but a walk of that object calls them.
 extern std::shared_ptr<CABFile> CurrentCabFile;
 
 /// Sets the object that receives the notifications.

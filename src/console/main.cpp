@@ -16,9 +16,8 @@ std::unique_ptr<LocalMachine> MachineFor(const CommandLine& line) {
     auto machines = OpenLocalMachines(line.prefix);
     return machines.empty() ? nullptr : std::move(machines.front());
   }
-  return OpenLocalMachine([](const Machine& candidate) {
-    return !FindSimulator(candidate.registry, candidate.text).empty();
-  });
+  return OpenLocalMachine(
+      [](const Machine& candidate) { return HasSimulator(candidate.registry, candidate.text); });
 }
 
 }  // namespace

@@ -10,14 +10,15 @@
 namespace panelkit {
 namespace {
 
-// The bar takes 16-bit numbers: beyond them the counter stays at the highest.
+// A progress bar takes 16-bit numbers: beyond them the counter stays at the highest.
 void CountEntry(std::int16_t& counter) {
   if (counter < kHighestIndex) ++counter;
 }
 
 }  // namespace
 
-bool WalkAircraft(const Files& files, EventLoop& loop, ProgressBar& bar, const std::string& FSPath,
+bool WalkAircraft(const Files& files, EventLoop& loop, const std::string& FSPath,
+                  const OnWalkProgress& on_progress,
                   const std::function<void(const std::string& aircraft)>& on_aircraft) {
   const std::string pattern = FSPath + R"(\Aircraft\*.*)";
   std::int16_t entries = 0;
@@ -26,8 +27,7 @@ bool WalkAircraft(const Files& files, EventLoop& loop, ProgressBar& bar, const s
     loop.ProcessPending();
     CountEntry(entries);
   }
-  bar.SetMin(0);
-  bar.SetMax(entries);
+  on_progress(0, entries);
 
   std::int16_t done = 0;
   const auto listed = files.List(pattern, ListedEntries::FilesAndFolders);
@@ -37,7 +37,7 @@ bool WalkAircraft(const Files& files, EventLoop& loop, ProgressBar& bar, const s
     const bool is_dots = entry.name == "." || entry.name == "..";
     if (!is_dots && entry.is_folder) on_aircraft(entry.name);
     CountEntry(done);
-    bar.SetValue(std::min(done, entries));
+    on_progress(std::min(done, entries), entries);
   }
   return true;
 }

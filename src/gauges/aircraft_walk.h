@@ -6,16 +6,19 @@
 
 #include "platform/event_loop.h"
 #include "platform/files.h"
-#include "platform/form.h"
 
 namespace panelkit {
 
-/// Lists `FSPath`\Aircraft twice: to set the bar's Max to the number of entries, then to call
-/// `on_aircraft` with the name of each folder, in listing order. Every entry counts for the bar,
-/// plain files, "." and ".." included; its Value never passes Max, even if the folder grows between
-/// the listings. Pending interface events are processed at each entry of both. False if the folder
+/// Called with 0 once the entries are counted, then after each of them. `done` never passes
+/// `entries`, even if the folder grows meanwhile; both stay at 32,767 beyond.
+using OnWalkProgress = std::function<void(int done, int entries)>;
+
+/// Lists `FSPath`\Aircraft twice: to count its entries, then to call `on_aircraft` with the name of
+/// each folder, in listing order. Every entry counts for the progress, plain files, "." and ".."
+/// included. Pending interface events are processed at each entry of both. False if the folder
 /// cannot be listed.
-bool WalkAircraft(const Files& files, EventLoop& loop, ProgressBar& bar, const std::string& FSPath,
+bool WalkAircraft(const Files& files, EventLoop& loop, const std::string& FSPath,
+                  const OnWalkProgress& on_progress,
                   const std::function<void(const std::string& aircraft)>& on_aircraft);
 
 }  // namespace panelkit

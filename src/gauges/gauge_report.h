@@ -1,9 +1,13 @@
 // What a report command found, as data. Page and plain text are both written from it.
 #pragma once
 
+#include <tsl/robin_map.h>
+
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "gauges/gauge_mover.h"
@@ -37,21 +41,43 @@ struct ReportedPanel {
   std::vector<ReportedWindow> windows;
 };
 
+/// A panel entry that the scan has met.
+struct NamedEntry {
+  bool is_missing = false;  ///< Not asked, and false, in a report of Clean.
+  int aircraft = 0;         ///< How many aircraft name it.
+  int last_aircraft = 0;    ///< The number of the last of them.
+};
+
+/// By the entry as it stands in the panels. Keeps the hashes, so that a look-up reads few texts.
+using NamedEntries =
+    tsl::robin_map<std::string_view, NamedEntry, std::hash<std::string_view>, std::equal_to<>,
+                   std::allocator<std::pair<std::string_view, NamedEntry>>, true>;
+
 /// The whole report. Texts are UTF-8, as they stand in the files.
 struct GaugeReport {
+  // Fuller than by default: half as large, it stays in the processor's cache.
+  GaugeReport() { named.max_load_factor(0.8F); }
+
   ReportKind kind = ReportKind::Probe;
 
   /// The panels with something to list, in the order of the scan.
   std::vector<ReportedPanel> panels;
 
+  /// Every entry that a panel names.
+  NamedEntries named;
+
+  /// The number of aircraft that were scanned.
+  int aircraft = 0;
+
   /// Sorted as the page shows them: the files that are missing or, of Clean, the removed gauges.
   std::vector<std::string> names;
 
-  /// Of Clean: the number of files that the removed gauges lie in, and where they went.
+  /// Of Clean: the number of files that were selected to move, whether or not they were found and
+  /// could be moved, and the folders they go between.
   int removed_files = 0;
   GaugeFolders folders;
 
-  /// Holds the texts that entries and titles view.
+  /// Holds the texts that entries and titles view. They stay where they are when the report moves.
   std::unique_ptr<TextStore> texts = std::make_unique<TextStore>();
 };
 

@@ -8,7 +8,7 @@
 namespace panelkit {
 
 bool GaugeTable::Add(const Text& text, std::string_view origin, std::string_view key) {
-  auto& [store, rows, lowered_keys, whole_keys, parts_of_keys, answers] = *contents_;
+  auto& [store, rows, lowered_keys, whole_keys, parts_of_keys] = *contents_;
   // The rows of one cabinet follow each other and share its name.
   const bool same_origin = rows.size() > 1 && rows[rows.size() - 2].origin == origin;
   rows.back() = {same_origin ? rows[rows.size() - 2].origin : store.Keep(origin), store.Keep(key)};
@@ -20,7 +20,6 @@ bool GaugeTable::Add(const Text& text, std::string_view origin, std::string_view
   lowered_keys.push_back(store.Keep(text.Lower(key)));
   whole_keys.insert(lowered_keys.back());
   parts_of_keys.reset();
-  if (!answers.empty()) answers.clear();  // Which walks the whole table, however empty.
   return true;
 }
 
@@ -30,23 +29,19 @@ bool GaugeTable::AddEntry(const Text& text, std::string_view cabinet, std::strin
 }
 
 bool GaugeTable::Exists(const Text& text, std::string_view entry) const {
-  auto& [store, rows, lowered_keys, whole_keys, parts_of_keys, answers] = *contents_;
-  const auto known = answers.find(entry);
-  if (known != answers.end()) return known->second;
+  auto& [store, rows, lowered_keys, whole_keys, parts_of_keys] = *contents_;
   const std::string lowered = text.Lower(entry);
   if (!parts_of_keys) parts_of_keys.emplace(lowered_keys);
   // A whole key, which most entries are, holds itself.
-  const bool exists = whole_keys.contains(lowered) ||
-                      (NamesFile(lowered) && whole_keys.contains(FilePart(lowered))) ||
-                      parts_of_keys->Contains(lowered);
-  answers.emplace(store.Keep(entry), exists);
-  return exists;
+  return whole_keys.contains(lowered) ||
+         (NamesFile(lowered) && whole_keys.contains(FilePart(lowered))) ||
+         parts_of_keys->Contains(lowered);
 }
 
 std::vector<int> GaugeTable::RowsThatSatisfy(const Text& text, std::string_view entry) const {
   std::vector<int> rows;
   if (!Exists(text, entry)) return rows;
-  const auto& [store, all_rows, lowered_keys, whole_keys, parts_of_keys, answers] = *contents_;
+  const auto& [store, all_rows, lowered_keys, whole_keys, parts_of_keys] = *contents_;
   const std::string lowered = text.Lower(entry);
   for (const std::size_t row : parts_of_keys->Containing(lowered)) {
     rows.push_back(static_cast<int>(row));

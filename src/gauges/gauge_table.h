@@ -1,14 +1,12 @@
 // The table of installed gauges.
 #pragma once
 
-#include <tsl/robin_map.h>
 #include <tsl/robin_set.h>
 
 #include <functional>
 #include <memory>
 #include <optional>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 #include "gauges/name_list.h"
@@ -28,7 +26,8 @@ struct GaugeRow {
 };
 
 /// Rows of installed gauges. The last row is always free, so the upper bound equals the number of
-/// used rows.
+/// used rows. The first question after a change makes an index: one thread at a time. A table that
+/// was moved from can only be destroyed or assigned to.
 class GaugeTable {
  public:
   /// Back to one free row.
@@ -59,26 +58,18 @@ class GaugeTable {
   std::vector<int> RowsThatSatisfy(const Text& text, std::string_view entry) const;
 
  private:
-  // Both keep the hashes, so that a look-up reads few texts.
+  // Keeps the hashes, so that a look-up reads few texts.
   using TextSet = tsl::robin_set<std::string_view, std::hash<std::string_view>, std::equal_to<>,
                                  std::allocator<std::string_view>, true>;
-  using Answers =
-      tsl::robin_map<std::string_view, bool, std::hash<std::string_view>, std::equal_to<>,
-                     std::allocator<std::pair<std::string_view, bool>>, true>;
 
   struct Contents {
-    Contents() {
-      // Fuller than by default: half as large, they stay in the processor's cache.
-      constexpr float kFullest = 0.8F;
-      whole_keys.max_load_factor(kFullest);
-      answers.max_load_factor(kFullest);
-    }
+    // Fuller than by default: half as large, it stays in the processor's cache.
+    Contents() { whole_keys.max_load_factor(0.8F); }
     TextStore store;
     std::vector<GaugeRow> rows{1};
-    std::vector<std::string_view> lowered_keys;  // Of the used rows.
-    TextSet whole_keys;                          // The same.
-    std::optional<TrigramIndex> parts_of_keys;   // The same; made when a question needs it.
-    Answers answers;  // Of Exists, by entry: panels name the same gauges again and again.
+    std::vector<std::string_view> lowered_keys;  // The keys of the used rows, in their order.
+    TextSet whole_keys;                          // The lowered keys, for equality.
+    std::optional<TrigramIndex> parts_of_keys;   // And for substrings; made at the first question.
   };
 
   std::unique_ptr<Contents> contents_ = std::make_unique<Contents>();

@@ -4,13 +4,10 @@
 
 namespace panelkit {
 
-PanelReport::PanelReport(std::string aircraft, const Text& text, const GaugeTable& installed,
-                         NameList& collected, GaugeReport& report)
-    : aircraft_(std::move(aircraft)),
-      text_(text),
-      installed_(installed),
-      collected_(collected),
-      report_(report) {}
+PanelReport::PanelReport(std::string aircraft, const EntryQuestions& ask, GaugeReport& report)
+    : aircraft_(std::move(aircraft)), ask_(ask), report_(report) {
+  ++report_.aircraft;
+}
 
 void PanelReport::OnWindow(std::string_view title) {
   title_ = title;
@@ -18,12 +15,23 @@ void PanelReport::OnWindow(std::string_view title) {
 }
 
 void PanelReport::OnEntry(std::string_view entry) {
-  const bool requires_all = report_.kind == ReportKind::Clean;
-  const bool is_missing = !requires_all && !installed_.Exists(text_, entry);
-  if (is_missing || report_.kind == ReportKind::Show) {
-    Window().gauges.push_back({report_.texts->Keep(entry), is_missing});
+  const auto named = Named(entry);
+  NamedEntry& facts = named.value();
+  if (std::exchange(facts.last_aircraft, report_.aircraft) != report_.aircraft) ++facts.aircraft;
+  if (facts.is_missing || report_.kind == ReportKind::Show) {
+    Window().gauges.push_back({named.key(), facts.is_missing});
   }
-  if (is_missing || requires_all) collected_.Add(FilePart(entry));
+}
+
+// Panels name the same entries again and again: each is looked up, and collected, once.
+NamedEntries::iterator PanelReport::Named(std::string_view entry) {
+  const auto known = report_.named.find(entry);
+  if (known != report_.named.end()) return known;
+  std::string Gauge(entry);
+  const bool requires_all = report_.kind == ReportKind::Clean;
+  const bool is_missing = !requires_all && !ask_.exists(Gauge);
+  if (is_missing || requires_all) ask_.add_to_missing(Gauge);
+  return report_.named.try_emplace(report_.texts->Keep(entry), NamedEntry{is_missing}).first;
 }
 
 // The window to list a gauge in; panels and windows without any are not listed.

@@ -1,4 +1,4 @@
-// Texts kept side by side.
+// An arena for many short strings.
 #pragma once
 
 #include <algorithm>

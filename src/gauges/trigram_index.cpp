@@ -9,7 +9,7 @@ namespace panelkit {
 namespace {
 
 constexpr std::size_t kTrigram = 3;
-constexpr std::size_t kShortestPart = 4;  // That has a trigram at an even and at an odd position.
+constexpr std::size_t kShortestPart = 4;  // Shorter parts are searched linearly.
 constexpr unsigned kHashBits = 15;
 constexpr std::size_t kLists = std::size_t{1} << kHashBits;
 

@@ -12,7 +12,7 @@ namespace panelkit {
 struct PagePlace {
   std::string wanted;  ///< The path that it was to have.
   std::string path;    ///< The path that it has; empty if it could be written nowhere.
-  FileFault fault = FileFault::None;  ///< Why it is not where it was to be.
+  FileFault fault = FileFault::None;  ///< Why `wanted` could not be written.
 };
 
 /// Writes a page, its `bytes` in the ANSI code page, to `PagePath` or, if that cannot be written,

@@ -46,7 +46,7 @@ using OnArchiveEntry = std::function<bool(const ArchiveEntry& entry, const ReadA
 class UnpackedFile {
  public:
   virtual ~UnpackedFile() = default;
-  /// Its Windows path, of no telling name.
+  /// Its Windows path, whose name says nothing about the content.
   virtual const std::string& Path() const = 0;
 };
 

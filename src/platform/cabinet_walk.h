@@ -55,8 +55,9 @@ class CabinetWalk {
   virtual ~CabinetWalk() = default;
 
   /// Walks the entries of `CabinetFile` (a Windows path) in the cabinet's order, calls `MsgHandler`
-  /// with `Context` for each and acts on its answers. Non-zero if the walk succeeded, else 0 with
-  /// the reason in GetLastError.
+  /// with `Context` for each and acts on its answers. Where an entry is extracted to is the
+  /// caller's word alone: links on the way there are followed. Non-zero if the walk succeeded, else
+  /// 0 with the reason in GetLastError.
   ///
   /// After FILEOP_ABORT no further notification comes and the walk counts as a success. An answer
   /// other than 0 to SPFILENOTIFY_FILEEXTRACTED stops the walk and becomes its error. A damaged

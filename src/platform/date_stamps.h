@@ -30,7 +30,8 @@ class DateStamps {
   virtual ~DateStamps() = default;
 
   /// A date-time value (days since 30 December 1899, time of day as the fraction) in the user's
-  /// locale: the short date, a blank, the long time, the time also at midnight.
+  /// locale: the short date, a blank, the long time, the time also at midnight. Empty for a
+  /// date before the year 100 or after 9999.
   virtual std::string DateText(double date) const = 0;
 };
 

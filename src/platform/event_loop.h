@@ -8,8 +8,8 @@ class EventLoop {
  public:
   virtual ~EventLoop() = default;
 
-  /// Delivers pending interface events, for a bounded time. Cheap enough to be called for each line
-  /// of a file.
+  /// Delivers pending interface events for at most 10 milliseconds, beyond which the event at hand
+  /// alone is finished. Cheap enough to be called for each line of a file.
   virtual void ProcessPending() = 0;
 
   /// Ends the process at once, with exit status 0, whatever is under way.

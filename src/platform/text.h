@@ -7,7 +7,8 @@
 namespace panelkit {
 
 /// What the machine knows about text. Inside the program all text is UTF-8; bytes of the ANSI code
-/// page exist only in files, in the registry and in cabinets. No call fails.
+/// page exist only in files, in the registry and in cabinets. No call fails. Of bytes that are no
+/// UTF-8, ToAnsi makes '?'; Lower and Upper give them back or put U+FFFD in their place.
 class Text {
  public:
   virtual ~Text() = default;

@@ -17,8 +17,8 @@ namespace panelkit {
 struct Candidate {
   std::string name;  ///< Its plain file name, which it would have in Gauges.
   std::string path;  ///< The file on disk: the candidate itself, or the archive that holds it.
-  std::vector<std::string> inside;  ///< Its entry in that archive; before it, if that one lies in
-                                    ///< an archive of its own, the entry that is the latter.
+  std::vector<std::string> inside;  ///< The entry names that lead to it, outermost archive first;
+                                    ///< empty for a plain file.
   std::uint64_t size = 0;           ///< Bytes.
   std::int64_t modified = 0;        ///< Seconds since 1970, UTC.
 };

@@ -31,7 +31,7 @@ std::string LackLine(const Hint& hint, const std::string& name) {
   if (hint.wanted.empty()) return "Gauges has " + name + ", which holds no gauge";
   if (hint.ending_is_wrong) {
     return "Gauges has " + name + ", whose entry " + hint.nearest +
-           " counts only with a small .xml";
+           " counts only with a lower-case .xml";
   }
   const std::string line = "Gauges has " + name + ", which lacks " + hint.wanted;
   return hint.nearest.empty() ? line : line + "; its nearest entry is " + hint.nearest;

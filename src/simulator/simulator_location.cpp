@@ -63,6 +63,10 @@ std::string WindowsVersion(const Registry& registry, const Text& text) {
   return name == modGauges::kNotFound ? std::string() : name;
 }
 
+bool HasSimulator(const Registry& registry, const Text& text) {
+  return !FindSimulator(registry, text).empty();
+}
+
 std::vector<std::string> FindSimulators(const Registry& registry, const Text& text) {
   std::vector<std::string> folders;
   for (std::int32_t Index = 0;; ++Index) {

@@ -15,6 +15,9 @@ namespace panelkit {
 /// no such entry, "Not Found" if its path cannot be read. Reads the registry afresh at each call.
 std::string FindSimulator(const Registry& registry, const Text& text);
 
+/// Whether FindSimulator gives a folder.
+bool HasSimulator(const Registry& registry, const Text& text);
+
 /// The paths of all such entries, in the registry's order.
 std::vector<std::string> FindSimulators(const Registry& registry, const Text& text);
 

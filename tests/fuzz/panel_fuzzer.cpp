@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "fuzz/fuzz.h"
+#include "gauges/name_list.h"
 #include "gauges/panel_reader.h"
 #include "platform/headless/headless_toolkit.h"
 
@@ -16,12 +17,14 @@ void panelkit::fuzz::Try(std::string_view input) {
     input.remove_prefix(std::min(piece.size() + 1, input.size()));
     test::Put(prefix.c / "Aircraft" / panel, piece);
   }
-  static const GaugeTable nothing_installed;
   QuietLoop loop;
   const auto read = [&](ReportKind kind, NameList& collected) {
     GaugeReport report;
     report.kind = kind;
-    PanelReport panel("a", text, nothing_installed, collected, report);
+    const EntryQuestions ask{
+        [](const std::string&) { return false; },
+        [&collected](const std::string& entry) { collected.Add(FilePart(entry)); }};
+    PanelReport panel("a", ask, report);
     PanelReader(prefix.machine.Services().files, text, loop).Read("C:", "a", panel);
     return report;
   };

@@ -89,8 +89,8 @@ TEST_CASE_FIXTURE(Program, "a panel that is there but cannot be read is told fro
   const Machine machine = simulator.Services();
   const auto fault = [&](const char* name) {
     GaugeReport report;
-    const GaugeTable installed;
-    PanelReport panel(name, machine.text, installed, form.MissingGauges, report);
+    const EntryQuestions ask;
+    PanelReport panel(name, ask, report);
     return PanelReader(machine.files, machine.text, loop).Read(simulator.FSPath(), name, panel);
   };
   for (const char* name : {"Bare", "Lost", "None"}) CHECK(fault(name) == FileFault::None);

@@ -55,7 +55,7 @@ TEST_CASE("What stands in the place of a required file is told with what it lack
   put("Efis.cab", MakeCabinet({{"pfd\\Speed.xml"}, {"Alt.XML"}, {"Map.bmp"}}));
   CHECK(HintsIn(simulator, {"efis", {"efis!Sped", "efis!alt", "efis!q"}}) ==
         Lines{R"(Gauges has Efis.cab, which lacks Sped; its nearest entry is pfd\Speed.xml)",
-              "Gauges has Efis.cab, whose entry Alt.XML counts only with a small .xml",
+              "Gauges has Efis.cab, whose entry Alt.XML counts only with a lower-case .xml",
               "Gauges has Efis.cab, which lacks q"});
   put("Bezels.cab", MakeCabinet({{"Frame.bmp"}}));
   CHECK(HintsIn(simulator, {"bezels", {"bezels"}}) ==

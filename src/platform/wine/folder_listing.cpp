@@ -19,7 +19,7 @@ namespace {
 constexpr std::chrono::seconds kAttributesHold{1};
 
 /// The kind of an entry, links followed: DT_REG, DT_DIR or another.
-unsigned char KindOf(const FolderEntry& entry, const std::string& folder) {
+unsigned char TypeOf(const FolderEntry& entry, const std::string& folder) {
   if (entry.type != DT_LNK && entry.type != DT_UNKNOWN) return entry.type;
   const auto status = StatusOf(folder + '/' + entry.name);
   if (!status) return DT_UNKNOWN;
@@ -60,7 +60,7 @@ std::optional<std::vector<ListedEntry>> FolderListing::List(const std::string& f
   std::vector<Entry*> unknown;
   for (Entry& entry : entries_) {
     if (!MatchesWildcard(wanted, Lowered(entry.entry.name))) continue;
-    const unsigned char kind = KindOf(entry.entry, folder);
+    const unsigned char kind = TypeOf(entry.entry, folder);
     if (kind != DT_REG && (kind != DT_DIR || !with_folders)) continue;
     matching.emplace_back(&entry, kind);
     if (entry.hidden == Hidden::Unknown) unknown.push_back(&entry);

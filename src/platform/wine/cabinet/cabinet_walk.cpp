@@ -1,10 +1,7 @@
 #include "platform/wine/cabinet/cabinet_walk.h"
 
 #include <cstddef>
-#include <filesystem>
 #include <optional>
-#include <string_view>
-#include <system_error>
 
 #include "platform/wine/cabinet/cabinet_extractor.h"
 #include "platform/wine/cabinet/cabinet_files.h"
@@ -48,7 +45,7 @@ class Walk {
       const std::uint32_t answer = Notify(SPFILENOTIFY_FILEINCABINET, &info);
       if (answer == FILEOP_ABORT) return ERROR_SUCCESS;
       if (answer != FILEOP_DOIT) continue;
-      if (const auto error = Extract(index, *entry, name, info.FullTargetName)) return error;
+      if (const auto error = Extract(index, *entry, info.FullTargetName)) return error;
     }
     return entries.Error();
   }
@@ -66,9 +63,8 @@ class Walk {
   }
 
   // 0 to go on, else the error that stops the walk.
-  std::uint32_t Extract(std::size_t index, const StoredEntry& entry, const std::string& name,
-                        const std::string& target) {
-    const std::uint32_t error = Write(index, entry, name, target);
+  std::uint32_t Extract(std::size_t index, const StoredEntry& entry, const std::string& target) {
+    const std::uint32_t error = Write(index, entry, target);
     if (stopped_by_ != 0) return stopped_by_;
     // After a failure libmspack's position in the folder is wrong for the entries that follow.
     if (error != 0) extractor_.reset();
@@ -76,10 +72,8 @@ class Walk {
     return Notify(SPFILENOTIFY_FILEEXTRACTED, &outcome);
   }
 
-  std::uint32_t Write(std::size_t index, const StoredEntry& entry, const std::string& name,
-                      const std::string& target) {
+  std::uint32_t Write(std::size_t index, const StoredEntry& entry, const std::string& target) {
     if (!PathResolver::IsPossible(target)) return ERROR_INVALID_NAME;
-    if (LeadsThroughLink(target, name)) return ERROR_ACCESS_DENIED;
     const std::optional<std::string> native = target_paths_.Find(target);
     if (!native) return ERROR_PATH_NOT_FOUND;
 
@@ -95,19 +89,6 @@ class Walk {
     if (const auto error = extractor_->Extract(index, entry.size, file.File())) return error;
     file.SetTime(entry.date, entry.time);
     return file.Commit();
-  }
-
-  // Whether one of the folders in the entry's name is a link. The caller chose the output folder,
-  // links included; these folders were chosen by whoever made the cabinet.
-  bool LeadsThroughLink(const std::string& target, const std::string& name) const {
-    if (!target.ends_with("\\" + name)) return false;
-    for (std::size_t at = target.size() - name.size();
-         (at = target.find_first_of("\\/", at)) != std::string::npos; ++at) {
-      const auto folder = paths_.Existing(std::string_view(target).substr(0, at));
-      std::error_code ignored;
-      if (folder && std::filesystem::is_symlink(*folder, ignored)) return true;
-    }
-    return false;
   }
 
   void StartExtractor() {

@@ -18,8 +18,7 @@ namespace panelkit {
 ///
 /// Extraction: an entry is unpacked to a temporary file that is renamed to FullTargetName when it
 /// is whole, so a failure leaves what stood there. The file gets the entry's time stamp, as local
-/// time, and its read-only attribute. A link in place of a folder of the entry's name is an error
-/// (5); a link in place of the file is replaced.
+/// time, and its read-only attribute. A link in place of the file is replaced.
 ///
 /// Sets: an entry that goes on in the next cabinet, or is packed together with one that does, sends
 /// SPFILENOTIFY_NEEDNEWCABINET with both parameters 0 once for each further cabinet, which must lie
