@@ -1,6 +1,6 @@
-#include "platform/windows/cabinet_walk.h"
-
 #include <windows.h>
+
+#include "platform/windows/windows_machine.h"
 
 // setupapi.h defines the names of cabinet_walk.h's constants as macros, so it comes last.
 #include <setupapi.h>

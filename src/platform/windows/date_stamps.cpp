@@ -1,10 +1,9 @@
-#include "platform/windows/date_stamps.h"
-
 #include <windows.h>
 
 #include <oleauto.h>
 
 #include "platform/windows/wide.h"
+#include "platform/windows/windows_machine.h"
 
 namespace panelkit::windows {
 namespace {

@@ -7,7 +7,7 @@
 #include "platform/windows/new_file.h"
 #include "platform/windows/own_folders.h"
 #include "platform/windows/paths.h"
-#include "platform/windows/system_library.h"
+#include "platform/windows/virtualisation.h"
 
 namespace panelkit::windows {
 namespace {
@@ -20,14 +20,9 @@ constexpr DWORD kKeptAttributes = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM 
 constexpr DWORD kProtecting =
     FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
 
-/// Where a link ends. A Windows that lacks the call has no links of files either.
+/// Where a link ends. A Windows that cannot tell has no links of files either.
 std::wstring BehindLinks(const std::wstring& path) {
-  const auto final_path = SystemCall<DWORD WINAPI(HANDLE, LPWSTR, DWORD, DWORD)>(
-      L"kernel32.dll", "GetFinalPathNameByHandleW");
-  const Handle file = OpenAny(path);
-  if (final_path == nullptr || !file) return path;
-  std::wstring end(final_path(file.Get(), nullptr, 0, 0), L'\0');
-  end.resize(final_path(file.Get(), end.data(), static_cast<DWORD>(end.size()), 0));
+  const std::wstring end = FinalPath(OpenAny(path));
   return end.empty() ? path : end;
 }
 
@@ -221,7 +216,7 @@ bool CopyPlainFile(const std::wstring& source, const std::wstring& target,
   MakeReplaceable(target);
   const bool copied =
       locks.Try([&] { return CopyFileW(source.c_str(), target.c_str(), FALSE) != 0; });
-  if (copied && FlushCopy(target, locks)) return true;
+  if (copied && FlushCopy(target, locks) && OthersSee(target) == Seen::TheSame) return true;
   MakeReplaceable(target);
   DeleteFileW(target.c_str());
   return false;

@@ -21,7 +21,7 @@ FileFault ReplaceContent(const std::wstring& path, std::string_view bytes, Durab
                          const ShortLocks& locks);
 
 /// As Files::Copy, for paths of FilePath; but the copy's access rights are those that its folder
-/// hands down.
+/// hands down. A copy that only this user would see counts as a failure.
 bool CopyPlainFile(const std::wstring& source, const std::wstring& target, const ShortLocks& locks);
 
 /// Gives the file `from` the name `to`, in one step and in place of a plain file there, read-only

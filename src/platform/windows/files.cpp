@@ -1,5 +1,3 @@
-#include "platform/windows/files.h"
-
 #include <windows.h>
 
 #include "platform/windows/file_replacement.h"
@@ -7,14 +5,14 @@
 #include "platform/windows/new_file.h"
 #include "platform/windows/own_folders.h"
 #include "platform/windows/paths.h"
+#include "platform/windows/virtualisation.h"
+#include "platform/windows/windows_machine.h"
 
 namespace panelkit::windows {
 namespace {
 
 /// MakeFolder's number for failures that the program does not tell apart.
 constexpr int kOtherFailure = 57;
-
-constexpr DWORD kHiddenOrSystem = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
 
 }  // namespace
 
@@ -89,13 +87,17 @@ bool WindowsFiles::Delete(std::string_view path) {
   if (attributes == INVALID_FILE_ATTRIBUTES || Has(attributes, FILE_ATTRIBUTE_DIRECTORY)) {
     return false;
   }
-  const bool is_read_only = Has(attributes, FILE_ATTRIBUTE_READONLY);
-  if (is_read_only) SetFileAttributesW(file.c_str(), FILE_ATTRIBUTE_NORMAL);
+  const Seen seen = OthersSee(file);
+  if (seen == Seen::Another) return false;  // It would show in the place of the deleted one.
+  std::optional<FilesOfAllUsers> files_of_all;
+  if (seen == Seen::TheSame) files_of_all.emplace();
+  if (Has(attributes, FILE_ATTRIBUTE_READONLY)) {
+    SetFileAttributesW(file.c_str(), FILE_ATTRIBUTE_NORMAL);
+  }
   const bool deleted = locks_.Try([&file] { return DeleteFileW(file.c_str()) != 0; });
-  // For a user who may not write there, Windows may have made a private copy of the file when its
-  // attributes were set: that copy is deleted with success, and the file is there as before.
-  if (deleted && AttributesOf(file) == INVALID_FILE_ATTRIBUTES) return true;
-  if (is_read_only) SetFileAttributesW(file.c_str(), attributes);
+  const DWORD attributes_now = AttributesOf(file);
+  if (deleted && attributes_now == INVALID_FILE_ATTRIBUTES) return true;
+  if (attributes_now != attributes) SetFileAttributesW(file.c_str(), attributes);
   return false;
 }
 

@@ -1,52 +1,90 @@
-// Folder listings of WindowsFiles.
+// Folder listings, and the walk over a folder and all below it.
 #include <windows.h>
 
 #include <algorithm>
 
-#include "platform/windows/files.h"
+#include "platform/windows/native_file.h"
 #include "platform/windows/paths.h"
 #include "platform/windows/wide.h"
+#include "platform/windows/windows_machine.h"
 #include "text/matching.h"
 
 namespace panelkit::windows {
 namespace {
 
+/// The entries of a folder, given with its closing backslash, in the disk's order, mostly with "."
+/// and ".." among them; nullopt if it is absent or cannot be read to its end.
+std::optional<std::vector<WIN32_FIND_DATAW>> EntriesOf(const std::string& folder) {
+  const std::wstring path = FilePath(folder + ".");
+  if (path.empty()) return std::nullopt;
+  auto entries = Find(path + (path.ends_with(L'\\') ? L"*" : L"\\*"));
+  // The root of an empty drive has no entries at all, not even ".".
+  if (!entries && GetLastError() == ERROR_FILE_NOT_FOUND) entries.emplace();
+  return entries;
+}
+
+bool IsDots(std::string_view name) {
+  return name == "." || name == "..";
+}
+
 /// An entry with the key that listings are ordered by: "." and ".." first.
-struct Entry {
+struct Listed {
   std::string upper;
-  ListedEntry listed;
+  ListedEntry entry;
 
-  bool IsDots() const { return listed.name == "." || listed.name == ".."; }
-  bool operator<(const Entry& other) const {
-    if (IsDots() != other.IsDots()) return IsDots();
-    return upper != other.upper ? upper < other.upper : listed.name < other.listed.name;
+  bool operator<(const Listed& other) const {
+    if (IsDots(entry.name) != IsDots(other.entry.name)) return IsDots(entry.name);
+    return upper != other.upper ? upper < other.upper : entry.name < other.entry.name;
   }
 };
 
-class Search {
- public:
-  explicit Search(const std::wstring& pattern)
-      : handle_(FindFirstFileW(pattern.c_str(), &found_)) {}
-  ~Search() {
-    if (handle_ != INVALID_HANDLE_VALUE) FindClose(handle_);
-  }
-  Search(const Search&) = delete;
-  Search& operator=(const Search&) = delete;
+std::uint64_t Joined(DWORD high, DWORD low) {
+  return std::uint64_t{high} << 32U | low;
+}
 
-  bool IsOpen() const { return handle_ != INVALID_HANDLE_VALUE; }
-  const WIN32_FIND_DATAW& Found() const { return found_; }
-  bool Next() { return FindNextFileW(handle_, &found_) != 0; }
+/// Seconds since 1970 of a count of 100 nanoseconds since 1601.
+std::int64_t UnixTime(const ::FILETIME& time) {
+  constexpr std::int64_t kStepsInSecond = 10'000'000;
+  constexpr std::int64_t kFrom1601To1970 = 11'644'473'600;
+  return static_cast<std::int64_t>(Joined(time.dwHighDateTime, time.dwLowDateTime)) /
+             kStepsInSecond -
+         kFrom1601To1970;
+}
 
- private:
-  WIN32_FIND_DATAW found_{};
-  HANDLE handle_;
+/// A walk under way; `pending` is a stack of the folders that are still to be visited.
+struct TreeWalk {
+  FolderVisitor& visitor;
+  std::vector<std::string> pending;
+  std::size_t files = 0;
+  std::size_t unreadable = 0;
+
+  void Visit(const std::string& folder);
 };
 
-bool IsWanted(const WIN32_FIND_DATAW& found, const Entry& entry, ListedEntries entries) {
-  if (entry.listed.is_folder && entries == ListedEntries::PlainFiles) return false;
-  // The two dot entries carry the attributes of the folders that they stand for.
-  return entry.IsDots() ||
-         (found.dwFileAttributes & (FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM)) == 0;
+void TreeWalk::Visit(const std::string& folder) {
+  const auto found = EntriesOf(folder + "\\");
+  if (!found) {
+    ++unreadable;
+    return;
+  }
+  std::vector<std::pair<std::string, const WIN32_FIND_DATAW*>> entries;
+  for (const WIN32_FIND_DATAW& entry : *found) entries.emplace_back(Utf8(entry.cFileName), &entry);
+  std::sort(entries.begin(), entries.end());
+  const std::size_t first = pending.size();
+  for (const auto& [name, entry] : entries) {
+    const std::string path = folder + "\\" + name;
+    if (Has(entry->dwFileAttributes, FILE_ATTRIBUTE_DIRECTORY)) {
+      // A junction may lead back to where it stands.
+      if (!IsLink(*entry) && !IsDots(name)) pending.push_back(path);
+    } else {
+      ++files;
+      if (visitor.Wants(name)) {
+        visitor.OnFile({path, Joined(entry->nFileSizeHigh, entry->nFileSizeLow),
+                        UnixTime(entry->ftLastWriteTime)});
+      }
+    }
+  }
+  std::reverse(pending.begin() + static_cast<std::ptrdiff_t>(first), pending.end());
 }
 
 }  // namespace
@@ -55,32 +93,39 @@ std::optional<std::vector<ListedEntry>> WindowsFiles::List(std::string_view patt
                                                            ListedEntries entries) const {
   const std::size_t name_start = pattern.find_last_of("\\/") + 1;
   const std::string upper_pattern = text_.Upper(pattern.substr(name_start));
-  const std::wstring folder = FilePath(std::string(pattern.substr(0, name_start)) + ".");
-  if (folder.empty()) return std::nullopt;
-
   // All entries are asked for: a search by "*.gau" would also compare short names.
-  Search search(folder + (folder.ends_with(L'\\') ? L"*" : L"\\*"));
-  std::vector<Entry> found;
-  if (!search.IsOpen()) {
-    // The root of an empty drive has no entries at all, not even ".".
-    if (GetLastError() != ERROR_FILE_NOT_FOUND) return std::nullopt;
-  } else {
-    do {
-      Entry entry;
-      entry.listed = {Utf8(search.Found().cFileName),
-                      (search.Found().dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0};
-      if (!IsWanted(search.Found(), entry, entries)) continue;
-      entry.upper = text_.Upper(entry.listed.name);
-      if (MatchesWildcard(upper_pattern, entry.upper)) found.push_back(std::move(entry));
-    } while (search.Next());
-    if (GetLastError() != ERROR_NO_MORE_FILES) return std::nullopt;
-  }
+  const auto found = EntriesOf(std::string(pattern.substr(0, name_start)));
+  if (!found) return std::nullopt;
 
-  std::sort(found.begin(), found.end());
+  std::vector<Listed> matching;
+  for (const WIN32_FIND_DATAW& entry : *found) {
+    const bool is_folder = Has(entry.dwFileAttributes, FILE_ATTRIBUTE_DIRECTORY);
+    if (is_folder && entries == ListedEntries::PlainFiles) continue;
+    std::string name = Utf8(entry.cFileName);
+    // The two dot entries carry the attributes of the folders that they stand for.
+    if (Has(entry.dwFileAttributes, kHiddenOrSystem) && !IsDots(name)) continue;
+    std::string upper = text_.Upper(name);
+    if (MatchesWildcard(upper_pattern, upper)) {
+      matching.push_back({std::move(upper), {std::move(name), is_folder}});
+    }
+  }
+  std::sort(matching.begin(), matching.end());
   std::vector<ListedEntry> listed;
-  listed.reserve(found.size());
-  for (Entry& entry : found) listed.push_back(std::move(entry.listed));
+  listed.reserve(matching.size());
+  for (Listed& match : matching) listed.push_back(std::move(match.entry));
   return listed;
+}
+
+WindowsFolderWalk::Outcome WindowsFolderWalk::Walk(std::string_view folder,
+                                                   FolderVisitor& visitor) const {
+  if (!Has(AttributesOf(FilePath(folder)), FILE_ATTRIBUTE_DIRECTORY)) return {false, 0};
+  TreeWalk walk{visitor, {std::string(folder.substr(0, folder.find_last_not_of("\\/") + 1))}};
+  while (!walk.pending.empty() && visitor.OnFolder(walk.files)) {
+    const std::string next = std::move(walk.pending.back());
+    walk.pending.pop_back();
+    walk.Visit(next);
+  }
+  return {true, walk.unreadable};
 }
 
 }  // namespace panelkit::windows

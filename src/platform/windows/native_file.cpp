@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/windows/system_library.h"
+
 namespace panelkit::windows {
 namespace {
 
@@ -14,6 +16,15 @@ FileContent Unread(DWORD error) {
 
 bool GetInformation(const Handle& file, BY_HANDLE_FILE_INFORMATION& information) {
   return file && GetFileInformationByHandle(file.Get(), &information) != 0;
+}
+
+/// "\\?\C:" or "\\?\UNC\server\share" of a final path.
+std::wstring_view RootOf(std::wstring_view path) {
+  std::size_t end = 3;
+  for (int parts = path.starts_with(L"\\\\?\\UNC\\") ? 3 : 1; parts > 0; --parts) {
+    end = std::min(path.find(L'\\', end + 1), path.size());
+  }
+  return path.substr(0, end);
 }
 
 }  // namespace
@@ -45,25 +56,63 @@ Handle OpenAny(const std::wstring& path) {
   return Open(path, 0, FILE_FLAG_BACKUP_SEMANTICS);
 }
 
+std::optional<std::vector<WIN32_FIND_DATAW>> Find(const std::wstring& pattern) {
+  WIN32_FIND_DATAW entry{};
+  const HANDLE search = FindFirstFileW(pattern.c_str(), &entry);
+  if (search == INVALID_HANDLE_VALUE) return std::nullopt;
+  std::vector<WIN32_FIND_DATAW> entries;
+  do {
+    entries.push_back(entry);
+  } while (FindNextFileW(search, &entry));
+  const DWORD error = GetLastError();
+  FindClose(search);
+  if (error == ERROR_NO_MORE_FILES) return entries;
+  SetLastError(error);
+  return std::nullopt;
+}
+
+bool IsLink(const WIN32_FIND_DATAW& entry) {
+  return Has(entry.dwFileAttributes, FILE_ATTRIBUTE_REPARSE_POINT) &&
+         IsReparseTagNameSurrogate(entry.dwReserved0);
+}
+
 bool IsLink(const std::wstring& path) {
   if (!Has(AttributesOf(path), FILE_ATTRIBUTE_REPARSE_POINT)) return false;
-  WIN32_FIND_DATAW found{};
-  const HANDLE search = FindFirstFileW(path.c_str(), &found);
-  if (search == INVALID_HANDLE_VALUE) return false;
-  FindClose(search);
-  return found.dwReserved0 == IO_REPARSE_TAG_SYMLINK ||
-         found.dwReserved0 == IO_REPARSE_TAG_MOUNT_POINT;
+  const auto found = Find(path);
+  return found && IsLink(found->front());
+}
+
+std::wstring SpelledAsOnDisk(const std::wstring& path) {
+  const auto found = Find(path);
+  return found ? path.substr(0, path.rfind(L'\\') + 1) + found->front().cFileName : path;
+}
+
+std::wstring FinalPath(const Handle& file) {
+  const auto final_path = SystemCall<DWORD WINAPI(HANDLE, LPWSTR, DWORD, DWORD)>(
+      L"kernel32.dll", "GetFinalPathNameByHandleW");
+  if (final_path == nullptr || !file) return {};
+  std::wstring path(final_path(file.Get(), nullptr, 0, 0), L'\0');
+  path.resize(final_path(file.Get(), path.data(), static_cast<DWORD>(path.size()), 0));
+  return path;
 }
 
 bool IsSameFile(const std::wstring& path, const std::wstring& other) {
-  // Both stay open: only then are the two numbers comparable.
-  const Handle first = OpenAny(path);
-  const Handle second = OpenAny(other);
+  return IsSameFile(OpenAny(path), OpenAny(other));
+}
+
+bool IsSameFile(const Handle& file, const Handle& other) {
   BY_HANDLE_FILE_INFORMATION a{};
   BY_HANDLE_FILE_INFORMATION b{};
-  return GetInformation(first, a) && GetInformation(second, b) &&
-         a.dwVolumeSerialNumber == b.dwVolumeSerialNumber && a.nFileIndexHigh == b.nFileIndexHigh &&
-         a.nFileIndexLow == b.nFileIndexLow;
+  if (!GetInformation(file, a) || !GetInformation(other, b) ||
+      a.dwVolumeSerialNumber != b.dwVolumeSerialNumber || a.nFileIndexHigh != b.nFileIndexHigh ||
+      a.nFileIndexLow != b.nFileIndexLow) {
+    return false;
+  }
+  // By another drive or share, or another hard link, the same file has another path.
+  const std::wstring path = FinalPath(file);
+  const std::wstring other_path = FinalPath(other);
+  return path == other_path || RootOf(path) != RootOf(other_path) ||
+         (!Has(a.dwFileAttributes, FILE_ATTRIBUTE_DIRECTORY) && a.nNumberOfLinks > 1);
 }
 
 bool WriteAll(HANDLE file, std::string_view bytes) {

@@ -1,8 +1,10 @@
 // Files by path of FilePath: the few steps that the back end needs of the system.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/files.h"
 #include "platform/windows/file_errors.h"
@@ -12,6 +14,9 @@ namespace panelkit::windows {
 
 /// Others may read, write, rename and delete what is open.
 inline constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+
+/// The attributes of files that listings leave out.
+inline constexpr DWORD kHiddenOrSystem = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
 
 /// The file's attributes; INVALID_FILE_ATTRIBUTES, with GetLastError set, if nothing has that name.
 DWORD AttributesOf(const std::wstring& path);
@@ -27,12 +32,31 @@ Handle Open(const std::wstring& path, DWORD access, DWORD flags);
 /// handle if `path` is empty or names nothing.
 Handle OpenAny(const std::wstring& path);
 
-/// Whether the last name of `path` is a symbolic link or a junction. Other reparse points, such as
-/// those of files that lie in a cloud, are no links.
+/// The entries that a path or pattern names, in the disk's order; nullopt, with GetLastError set,
+/// if there is none or its folder cannot be read to its end.
+std::optional<std::vector<WIN32_FIND_DATAW>> Find(const std::wstring& pattern);
+
+/// Whether an entry stands for another file or folder, as symbolic links and junctions do. Other
+/// reparse points, such as those of what lies in a cloud, are no links.
+bool IsLink(const WIN32_FIND_DATAW& entry);
+
+/// The same for the last name of `path`.
 bool IsLink(const std::wstring& path);
+
+/// A path with the case of its last name as the disk has it; the path itself if nothing has that
+/// name.
+std::wstring SpelledAsOnDisk(const std::wstring& path);
+
+/// The path of an open file behind all links and replaced drives, as "\\?\C:\x"; empty if it has
+/// none, or on a Windows before Vista.
+std::wstring FinalPath(const Handle& file);
 
 /// Whether both paths reach the same file or folder.
 bool IsSameFile(const std::wstring& path, const std::wstring& other);
+
+/// Likewise for open files. Where a network drive numbers all its files alike, their final paths
+/// tell them apart.
+bool IsSameFile(const Handle& file, const Handle& other);
 
 /// Writes all bytes at the file's present position. False, with GetLastError set, on failure.
 bool WriteAll(HANDLE file, std::string_view bytes);

@@ -1,11 +1,19 @@
 #include "platform/windows/new_file.h"
 
+#include <charconv>
+
 #include "platform/windows/native_file.h"
+#include "platform/windows/wide.h"
 
 namespace panelkit::windows {
 namespace {
 
-constexpr const wchar_t* kTemporary = L".panelkit-";
+constexpr std::string_view kTemporary = ".panelkit-";
+
+/// The temporary files of one process; `number` tells them apart.
+std::string TemporaryName(DWORD process, DWORD number) {
+  return std::string(kTemporary) + std::to_string(process) + '-' + std::to_string(number) + ".tmp";
+}
 
 std::wstring FolderOf(const std::wstring& path) {
   return path.substr(0, path.rfind(L'\\') + 1);
@@ -40,29 +48,28 @@ bool NewFile::KeepAs(const std::wstring& name, const ShortLocks& locks) {
 }
 
 std::wstring TemporaryPathBeside(const std::wstring& path) {
-  const std::wstring stem =
-      FolderOf(path) + kTemporary + std::to_wstring(GetCurrentProcessId()) + L'-';
   // A name may be taken by what a killed process with our number left behind.
-  for (int number = 0;; ++number) {
-    std::wstring temporary = stem + std::to_wstring(number) + L".tmp";
+  for (DWORD number = 0;; ++number) {
+    std::wstring temporary = FolderOf(path) + Wide(TemporaryName(GetCurrentProcessId(), number));
     if (AttributesOf(temporary) == INVALID_FILE_ATTRIBUTES) return temporary;
   }
 }
 
 void RemoveStaleBeside(const std::wstring& path) {
   const std::wstring folder = FolderOf(path);
-  WIN32_FIND_DATAW found{};
-  const HANDLE search = FindFirstFileW((folder + kTemporary + L"*.tmp").c_str(), &found);
-  if (search == INVALID_HANDLE_VALUE) return;
-  do {
-    const std::wstring name = found.cFileName;
-    const DWORD process = wcstoul(name.c_str() + std::wstring(kTemporary).size(), nullptr, 10);
-    if (!IsRunning(process)) {
-      SetFileAttributesW((folder + name).c_str(), FILE_ATTRIBUTE_NORMAL);
-      DeleteFileW((folder + name).c_str());
-    }
-  } while (FindNextFileW(search, &found));
-  FindClose(search);
+  const auto found = Find(folder + Wide(kTemporary) + L"*.tmp");
+  for (const WIN32_FIND_DATAW& entry : found.value_or(std::vector<WIN32_FIND_DATAW>())) {
+    const std::string name = Utf8(entry.cFileName);
+    const char* end = name.data() + name.size();
+    DWORD process = 0;
+    DWORD number = 0;
+    const auto rest = std::from_chars(name.data() + kTemporary.size(), end, process).ptr;
+    if (rest != end) std::from_chars(rest + 1, end, number);
+    if (name != TemporaryName(process, number) || IsRunning(process)) continue;
+    const std::wstring file = folder + entry.cFileName;
+    SetFileAttributesW(file.c_str(), FILE_ATTRIBUTE_NORMAL);
+    DeleteFileW(file.c_str());
+  }
 }
 
 }  // namespace panelkit::windows

@@ -42,7 +42,7 @@ class NewFile {
 std::wstring TemporaryPathBeside(const std::wstring& path);
 
 /// Deletes what TemporaryPathBeside named, in the same folder as `path`, for processes that run no
-/// more.
+/// more. A file of any other name stays.
 void RemoveStaleBeside(const std::wstring& path);
 
 }  // namespace panelkit::windows

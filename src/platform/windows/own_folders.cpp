@@ -9,6 +9,7 @@
 #include "platform/browser.h"
 #include "platform/windows/new_file.h"
 #include "platform/windows/paths.h"
+#include "platform/windows/virtualisation.h"
 #include "platform/windows/wide.h"
 
 namespace panelkit::windows {
@@ -28,6 +29,7 @@ std::string UserFolder() {
 }
 
 bool CanWriteTo(const std::string& folder) {
+  const FilesOfAllUsers files_of_all;
   // Deleted by the system with its handle, so that a killed process leaves nothing.
   const NewFile probe(TemporaryPathBeside(FilePath(folder) + L"\\"),
                       FILE_ATTRIBUTE_NORMAL | FILE_FLAG_DELETE_ON_CLOSE);

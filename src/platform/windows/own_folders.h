@@ -5,15 +5,15 @@
 
 namespace panelkit::windows {
 
-/// "%LOCALAPPDATA%\Panelkit", without a closing backslash, whether or not it is there. Empty for a
-/// user without such a place.
+/// "%LOCALAPPDATA%\Panelkit" (on XP "...\Local Settings\Application Data\Panelkit"), without a
+/// closing backslash, whether or not it is there. Empty for a user without such a place.
 std::string UserFolderPath();
 
 /// The same folder, made if it is missing. Empty if it cannot be made.
 std::string UserFolder();
 
-/// Whether this process can make files in a folder. True also where Windows keeps such files for
-/// the user in another place (a virtualised process under "Program Files").
+/// Whether this process can make files in a folder. Not where Windows would keep them for this user
+/// in another place (virtualisation.h).
 bool CanWriteTo(const std::string& folder);
 
 /// Copies the pictures of the pages from the program's folder to `folder`, where the pages lie; one

@@ -34,14 +34,6 @@ std::wstring FilePath(std::string_view path) {
   return std::wstring(kFree) + full;
 }
 
-std::wstring SpelledAsOnDisk(const std::wstring& path) {
-  WIN32_FIND_DATAW found{};
-  const HANDLE search = FindFirstFileW(path.c_str(), &found);
-  if (search == INVALID_HANDLE_VALUE) return path;
-  FindClose(search);
-  return path.substr(0, path.rfind(L'\\') + 1) + found.cFileName;
-}
-
 std::wstring PlainForm(const std::wstring& path) {
   if (path.starts_with(kFreeShare)) return L"\\\\" + path.substr(kFreeShare.size());
   if (path.starts_with(kFree)) return path.substr(kFree.size());

@@ -13,10 +13,6 @@ std::wstring FullPath(std::string_view path);
 /// The same, freed from the limit of 260 characters by a "\\?\" if it comes near it.
 std::wstring FilePath(std::string_view path);
 
-/// A path of FilePath with the case of its last name as the disk has it; the path itself if nothing
-/// has that name.
-std::wstring SpelledAsOnDisk(const std::wstring& path);
-
 /// A path without the "\\?\" that frees it from the limit of 260 characters: "\\?\C:\x" is "C:\x",
 /// "\\?\UNC\server\x" is "\\server\x".
 std::wstring PlainForm(const std::wstring& path);

@@ -1,8 +1,8 @@
-#include "platform/windows/registry.h"
-
 #include <windows.h>
 
 #include <array>
+
+#include "platform/windows/windows_machine.h"
 
 namespace panelkit::windows {
 namespace {

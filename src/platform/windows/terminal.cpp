@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <atomic>
 
-#include "platform/windows/text.h"
 #include "platform/windows/wide.h"
+#include "platform/windows/windows_machine.h"
 
 namespace panelkit::terminal {
 namespace {

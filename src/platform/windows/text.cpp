@@ -1,11 +1,10 @@
-#include "platform/windows/text.h"
-
 #include <windows.h>
 
 #include <algorithm>
 #include <array>
 
 #include "platform/windows/wide.h"
+#include "platform/windows/windows_machine.h"
 
 namespace panelkit::windows {
 namespace {

@@ -3,14 +3,8 @@
 #include <windows.h>
 
 #include "platform/windows/archives.h"
-#include "platform/windows/cabinet_walk.h"
-#include "platform/windows/date_stamps.h"
-#include "platform/windows/files.h"
-#include "platform/windows/folder_walk.h"
 #include "platform/windows/own_folders.h"
 #include "platform/windows/paths.h"
-#include "platform/windows/registry.h"
-#include "platform/windows/text.h"
 #include "platform/windows/wide.h"
 
 namespace panelkit {

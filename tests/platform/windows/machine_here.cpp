@@ -4,7 +4,6 @@
 
 #include <doctest/doctest.h>
 
-#include "platform/windows/text.h"
 #include "platform/windows/windows_machine.h"
 #include "support/temp_folder.h"
 

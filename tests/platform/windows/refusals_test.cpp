@@ -199,47 +199,6 @@ TEST_CASE_FIXTURE(Disk, "A delete counts only if the file is gone; else its attr
   CHECK((GetFileAttributesW((folder / "Gauges/a.gau").c_str()) & FILE_ATTRIBUTE_READONLY) != 0);
 }
 
-TEST_CASE_FIXTURE(Disk, "What killed runs left is removed, what others are writing is not") {
-  const std::string own = ".panelkit-" + std::to_string(GetCurrentProcessId()) + "-7.tmp";
-  Put(folder / own, "being written");
-  Put(folder / ".panelkit-4294967292-0.tmp", "left");
-  fs::permissions(folder / ".panelkit-4294967292-0.tmp", fs::perms::owner_read);
-  CHECK(files.Replace(At("x"), "new", Durability::Buffered) == FileFault::None);
-  CHECK(Tree(folder.Path()) == own + "\nx\n");
-}
-
-TEST_CASE_FIXTURE(Disk, "Links are symbolic links and junctions, not files that lie in a cloud") {
-  Put(folder / "x", "");
-  DWORD tag = 0;
-  const ReplacedCall<"GetFileAttributesW", DWORD(LPCWSTR)> attributes([](LPCWSTR path) {
-    return decltype(attributes)::System(path) | FILE_ATTRIBUTE_REPARSE_POINT;
-  });
-  const ReplacedCall<"FindFirstFileW", HANDLE(LPCWSTR, LPWIN32_FIND_DATAW)> find(
-      [&tag](LPCWSTR path, LPWIN32_FIND_DATAW found) {
-        const HANDLE search = decltype(find)::System(path, found);
-        found->dwReserved0 = tag;
-        return search;
-      });
-  const std::pair<DWORD, bool> tags[] = {
-      {IO_REPARSE_TAG_SYMLINK, true}, {IO_REPARSE_TAG_MOUNT_POINT, true}, {0x9000001A, false}};
-  for (const auto& [reparse_tag, is_link] : tags) {
-    tag = reparse_tag;
-    CHECK(files.IsLink(At("x")) == is_link);
-  }
-}
-
-TEST_CASE_FIXTURE(Disk, "A listing has its order also on disks that keep none") {
-  for (const char* name : {"a.gau", "B.gau"}) Put(folder / name, "");
-  const ReplacedCall<"FindNextFileW", BOOL(HANDLE, LPWIN32_FIND_DATAW)> next(
-      [](HANDLE search, LPWIN32_FIND_DATAW found) {
-        const BOOL more = decltype(next)::System(search, found);
-        wchar_t& letter = found->cFileName[0];
-        letter = letter == L'a' ? L'B' : letter == L'B' ? L'a' : letter;
-        return more;
-      });
-  CHECK(List("*.gau", ListedEntries::PlainFiles) == "a.gau B.gau ");
-}
-
 TEST_CASE("A program folder that is closed to the user gives way to one of the user's own") {
   const CreateCall closed(
       [](auto...) { return Refuse(ERROR_ACCESS_DENIED, INVALID_HANDLE_VALUE); });
