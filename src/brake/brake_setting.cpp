@@ -1,5 +1,7 @@
 #include "brake/brake_setting.h"
 
+#include "brake/config_file.h"
+
 namespace panelkit {
 namespace {
 
@@ -23,14 +25,14 @@ FileFault WriteBackup(Files& files, const std::string& AppFolder, const std::str
     const FileFault fault = FaultOfMakeFolder(files.MakeFolder(BackupFolder));
     if (fault != FileFault::None) return fault;
   }
-  return files.Replace(BackupFile, config, Durability::Flushed);
+  return files.ReplaceOrOverwrite(BackupFile, config, Durability::Flushed);
 }
 
 // Gives fs2002.cfg, which holds `before`, the content `after`.
 BrakeOutcome Rewrite(Files& files, const std::string& FSPath, const std::string& before,
                      const std::string& after, const BetweenLines& between_lines) {
   BrakeOutcome outcome;
-  outcome.fault = files.Replace(FsConfigFile(FSPath), after, Durability::Flushed);
+  outcome.fault = RewriteConfig(files, FsConfigFile(FSPath), before, after);
   const bool rewritten = outcome.fault == FileFault::None;
   outcome.shown = BrakeMessagesShown(rewritten ? after : before, between_lines);
   return outcome;
@@ -45,7 +47,7 @@ std::string FsConfigFile(const std::string& FSPath) {
 BrakeOutcome FindOrAddBrakeSetting(Files& files, const std::string& FSPath,
                                    const std::string& AppFolder,
                                    const BetweenLines& between_lines) {
-  const FileContent config = files.Read(FsConfigFile(FSPath));
+  const FileContent config = ReadConfig(files, FsConfigFile(FSPath));
   if (!config.bytes) return {std::nullopt, config.fault};
   if (const auto shown = BrakeMessagesShown(*config.bytes, between_lines)) return {shown};
   const FileFault backup_fault =
@@ -58,7 +60,7 @@ BrakeOutcome FindOrAddBrakeSetting(Files& files, const std::string& FSPath,
 
 BrakeOutcome SetBrakeSetting(Files& files, const std::string& FSPath, int b,
                              const BetweenLines& between_lines) {
-  const FileContent config = files.Read(FsConfigFile(FSPath));
+  const FileContent config = ReadConfig(files, FsConfigFile(FSPath));
   if (!config.bytes) return {std::nullopt, config.fault};
   return Rewrite(files, FSPath, *config.bytes, WithSettingSet(*config.bytes, b, between_lines),
                  between_lines);

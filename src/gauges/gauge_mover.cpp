@@ -13,21 +13,49 @@ constexpr std::array kGaugeEndings{".gau", ".cab"};
 // The name of a file in its new folder until the copy is complete.
 constexpr const char* kHalfMoved = "\\panelkit.moving";
 
-// Restoring, too, may have been killed half-way.
-void RemoveHalfMoved(Files& files, const GaugeFolders& folders) {
-  files.Delete(folders.gauges + kHalfMoved);
-  files.Delete(folders.spare + kHalfMoved);
+// Behind the name of an archived file that waits until the newer one has taken its place for good.
+constexpr std::string_view kOlder = ".panelkit-older";
+
+// Ends a move, or what a killed run left of one: the older file goes once the newer one is in the
+// archive alone, and comes back where that one stays in Gauges.
+void Settle(Files& files, const std::string& source, const std::string& target) {
+  const std::string older = target + std::string(kOlder);
+  if (files.Exists(target)) {
+    const FileContent left = files.Read(source);
+    const bool stayed = left.bytes && left.bytes == files.Read(target).bytes;
+    if (!stayed) {
+      // Other bytes show on a Windows that gives users their own copies of protected files: the
+      // user's was deleted and is in the archive alone now.
+      if (left.bytes || left.fault == FileFault::Absent) files.Delete(older);
+      return;
+    }
+    files.Delete(target);  // What stays is not to be found in the other folder too.
+  }
+  files.Rename(older, target);
 }
 
 // Deletes the source only when its copy has its name: at any moment the file is whole in at least
-// one place.
+// one place, and so is the file that it replaces until the source is gone.
 bool MoveFile(Files& files, const std::string& source, const std::string& folder,
               const std::string& name) {
-  if (!CopyGauge(files, source, folder, name)) return false;
-  if (files.Delete(source)) return true;
-  // What stays is not to be found in the other folder too.
-  if (files.Exists(source)) files.Delete(folder + "\\" + name);
-  return false;
+  const std::string target = folder + "\\" + name;
+  const bool replaces = files.Exists(target);
+  if (replaces && !files.Rename(target, target + std::string(kOlder))) return false;
+  const bool moved = CopyGauge(files, source, folder, name) && files.Delete(source);
+  if (replaces || !moved) Settle(files, source, target);
+  return moved;
+}
+
+// Clean and restore may both have been killed half-way.
+void TidyUp(Files& files, const GaugeFolders& folders) {
+  files.Delete(folders.gauges + kHalfMoved);
+  files.Delete(folders.spare + kHalfMoved);
+  const auto older =
+      files.List(folders.spare + "\\*" + std::string(kOlder), ListedEntries::PlainFiles);
+  for (std::size_t i = 0; older && i < older->size(); ++i) {
+    const std::string name = (*older)[i].name.substr(0, (*older)[i].name.size() - kOlder.size());
+    Settle(files, folders.gauges + "\\" + name, folders.spare + "\\" + name);
+  }
 }
 
 bool HasGaugeEnding(std::string_view name) {
@@ -98,7 +126,7 @@ MoveOutcome ArchiveGauges(Files& files, const GaugeFolders& folders,
   // If the archive is a link to the Gauges folder, each file would be copied onto itself and then
   // deleted.
   const bool is_apart = !files.IsSame(folders.gauges, folders.spare);
-  if (is_apart) RemoveHalfMoved(files, folders);
+  if (is_apart) TidyUp(files, folders);
   MoveOutcome outcome;
   for (const std::string& entry : SpareFiles) {
     const std::string name = SpareFileName(files, folders.gauges, entry);
@@ -121,7 +149,7 @@ RestoreOutcome RestoreGauges(Files& files, const std::vector<GaugeFolders>& fold
     bool is_archived = false;
     for (const GaugeFolders& pair : folders) {
       if (files.IsSame(pair.gauges, pair.spare)) continue;
-      RemoveHalfMoved(files, pair);
+      TidyUp(files, pair);
       for (const std::string& name : ArchivedNames(files, pair.spare, typed)) {
         is_archived = true;
         outcome.stopped = outcome.stopped || (stop && stop());

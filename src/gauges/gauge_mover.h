@@ -34,8 +34,9 @@ struct MoveOutcome {
 /// cabinet; empty if there is neither.
 std::string SpareFileName(const Files& files, const std::string& gauges, const std::string& entry);
 
-/// Moves the files of SpareFiles into the archive, which is created if it is missing; files of the
-/// same names there are replaced. Deletes the partial copy that a killed run may have left.
+/// Moves the files of SpareFiles into the archive, which is created if it is missing. A file of the
+/// same name there gives way as soon as the newer one has left Gauges, and stays where that one
+/// does. Finishes, or undoes, what a killed run left half done.
 MoveOutcome ArchiveGauges(Files& files, const GaugeFolders& folders,
                           const std::vector<std::string>& SpareFiles, const StopRequest& stop);
 

@@ -3,12 +3,12 @@
 namespace panelkit {
 
 PagePlace WritePage(Files& files, const std::string& PagePath, std::string_view bytes) {
-  const FileFault fault = files.Replace(PagePath, bytes, Durability::Buffered);
+  const FileFault fault = files.ReplaceOrOverwrite(PagePath, bytes, Durability::Buffered);
   if (fault == FileFault::None) return {PagePath, PagePath};
   const std::string folder = files.UserFolder();
   const std::string path = folder + PagePath.substr(PagePath.rfind('\\'));
   const bool written = !folder.empty() && path != PagePath &&
-                       files.Replace(path, bytes, Durability::Buffered) == FileFault::None;
+                       files.ReplaceOrOverwrite(path, bytes, Durability::Buffered) == FileFault::None;
   return {PagePath, written ? path : std::string(), fault};
 }
 

@@ -28,6 +28,7 @@ std::string_view FaultText(FileFault fault) {
       return "the disk is full";
     case FileFault::TooLarge:
       return "it is too large";
+    case FileFault::Irreplaceable:
     case FileFault::Other:
       break;
   }

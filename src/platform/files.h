@@ -26,13 +26,14 @@ enum class Durability { Buffered, Flushed };
 /// Why a file could not be read or written, as far as it makes a difference to the user.
 enum class FileFault {
   None,
-  Absent,    ///< There is no file of that name, or no folder to put it in.
-  NotAFile,  ///< A folder, a pipe or a device.
-  ReadOnly,  ///< The file is marked read-only, or its disk is write-protected.
-  NoAccess,  ///< Closed to this user.
-  InUse,     ///< Another program holds it.
-  NoRoom,    ///< The disk, or the user's share of it, is full.
-  TooLarge,  ///< Above kLargestFile.
+  Absent,         ///< There is no file of that name, or no folder to put it in.
+  NotAFile,       ///< A folder, a pipe or a device.
+  ReadOnly,       ///< The file is marked read-only, or its disk is write-protected.
+  NoAccess,       ///< Closed to this user.
+  InUse,          ///< Another program holds it.
+  NoRoom,         ///< The disk, or the user's share of it, is full.
+  TooLarge,       ///< Above kLargestFile.
+  Irreplaceable,  ///< It may be written, but no new file can take its place.
   Other,
 };
 
@@ -43,6 +44,8 @@ struct FileContent {
 };
 
 /// Outcome numbers of MakeFolder that the program tells apart; any other number is another failure.
+/// 75 means two things, as in the Basic that they come from: whether something is there now, Exists
+/// tells.
 inline constexpr int kFolderCreated = 0;
 inline constexpr int kFolderExistsOrNoAccess = 75;
 inline constexpr int kFolderParentMissing = 76;
@@ -83,6 +86,10 @@ class Files {
   /// True if both paths reach the same file or folder on disk, through links too.
   virtual bool IsSame(std::string_view path, std::string_view other) const = 0;
 
+  /// The path as the system's own programs write it, which no other file has: "C:\\FS" names a
+  /// folder in each Wine prefix. `path` itself where no native one is known.
+  virtual std::string NativePath(std::string_view path) const = 0;
+
   /// True if the path's last part is a link to elsewhere (a symbolic link, a junction).
   virtual bool IsLink(std::string_view path) const = 0;
 
@@ -92,22 +99,34 @@ class Files {
   /// Gives a file new content, or creates it. Keeps an existing one's owner, permissions and
   /// attributes and follows links; a read-only file stays so for the administrator too. This is
   /// done in one step: a reader, or a kill at any moment, finds the old bytes or the new ones,
-  /// whole, and on any fault the old file is as it was.
+  /// whole, and on any fault the old file is as it was. With Durability::Flushed a power failure
+  /// does no more than a kill, once the call has returned; with Durability::Buffered it can leave
+  /// either content, or none.
   ///
-  /// A file that the user may write but not replace (another's, of a group that the user is not in,
-  /// in a folder that takes no new file) is rewritten in place. Two failures are left then. With
-  /// Durability::Buffered, a fault or a kill can leave part of the content. With
-  /// Durability::Flushed, a kill or a power failure can leave the file half rewritten until the
-  /// program is next opened, which finishes it from a record in AppFolder that holds the old and
-  /// the new content; if another program has changed the file by then, it and the record stay. If
-  /// no record can be made, the file stays as it was.
+  /// Irreplaceable for a file that the user may write but not replace: another's, of a group that
+  /// the user is not in, in a folder that takes no new file, mounted by itself. It is as it was;
+  /// Overwrite can change it.
   ///
-  /// What a killed run left half written beside a file, the next call for that folder removes.
+  /// What a killed run left half written beside a file, the next run's first call for that folder
+  /// removes.
   virtual FileFault Replace(std::string_view path, std::string_view bytes,
                             Durability durability) = 0;
 
-  /// Creates one folder. Gives kFolderCreated, kFolderExistsOrNoAccess, kFolderParentMissing, or
-  /// another number.
+  /// Writes new content over an existing file's and flushes it. Follows links; a read-only file
+  /// stays as it was. A fault, a kill or a power failure can leave a file that has, at each place,
+  /// the old byte, the new one or a 0, and a length from the shorter to the longer of both.
+  virtual FileFault Overwrite(std::string_view path, std::string_view bytes) = 0;
+
+  /// Replace, or Overwrite for an Irreplaceable file: where the content can be made again.
+  FileFault ReplaceOrOverwrite(std::string_view path, std::string_view bytes,
+                               Durability durability) {
+    const FileFault fault = Replace(path, bytes, durability);
+    return fault == FileFault::Irreplaceable ? Overwrite(path, bytes) : fault;
+  }
+
+  /// Creates one folder below an existing one. Gives kFolderCreated; kFolderExistsOrNoAccess if
+  /// anything of that name is there, a file too, or if the user may make no folder there;
+  /// kFolderParentMissing; or another number.
   virtual int MakeFolder(std::string_view path) = 0;
 
   /// Copies a file's content, time stamp and permissions and flushes the copy to the disk; an

@@ -9,7 +9,8 @@ killers=("${@:4}")
 . "$2/tests/support/console.sh"
 unpacked=$work/unpacked
 config=$fs/fs2002.cfg
-written=(! -name '.panelkit-*' ! -name panelkit.moving)  # Not what a killed run was writing.
+# Not what a killed run was writing, or was about to replace.
+written=(! -name '.panelkit-*' ! -name panelkit.moving ! -name '*.panelkit-older')
 
 # At random moments of the first 12 milliseconds, and before each of the first changes to the disk.
 ways=()
@@ -18,8 +19,9 @@ for ((i = 0; i < rounds; i++)); do
 done
 ways+=("${killers[@]}")
 changes=({write,pwrite64,ftruncate,rename,unlink,mkdir,fsync}:signal=KILL:when={1..8})
-[ ${#killers[@]} != 0 ] || ! works strace -o /dev/null true ||
-  ways+=("${changes[@]/#/strace -qq -o /dev/null -e inject=}")
+traced=0
+[ ${#killers[@]} != 0 ] || ! works strace -o /dev/null true || traced=1
+((traced)) && ways+=("${changes[@]/#/strace -qq -o /dev/null -e inject=}")
 
 # killed CHECK ARGUMENT...: for each way, prepares, runs the command, kills it, and runs CHECK.
 killed() {
@@ -42,6 +44,7 @@ all=$(sums "$gauges")
 nothing_lost() { [ "$(sums "$gauges" "$spare" "${written[@]}" | uniq)" = "$all" ]; }
 prepare() { "$app/panelkit-console" restore >"$work/out" 2>&1; }
 killed nothing_lost clean
+expect 0 clean
 expect 0 restore
 [ "$(sums "$gauges")" = "$all" ] && [ -z "$(ls -A "$spare")" ] || fail 'restore did not end it'
 prepare() { "$app/panelkit-console" clean >"$work/out" 2>&1; }
@@ -73,31 +76,75 @@ tidied() {
 }
 killed only_whole brake off
 tidied brake off
+# Also where the killed run's parent does not wait for it, so that its process number stays in use.
+if ((traced)); then
+  prepare
+  sh -c '"$@" & echo $! >"$0"; exec sleep 1000' "$work/killed" strace -D -qq -o /dev/null \
+    -e inject=rename:signal=KILL "$app/panelkit-console" brake off &
+  parent=$!
+  until grep -qs '^State:.Z' "/proc/$(cat "$work/killed" 2>/dev/null)/status"; do sleep 0.01; done
+  [ -n "$(find "$work" -name '.panelkit-*')" ] || fail 'nothing was left half written'
+  tidied brake off
+  { kill $parent && wait $parent; } 2>/dev/null
+fi
 prepare() { rm -rf "$unpacked/1.xml"; }
 killed only_whole cab extract "$work/packed.cab" --output-path "$unpacked"
 tidied cab extract "$work/packed.cab" --output-path "$unpacked"
 
-# A configuration whose folder takes no new file, or that cannot be replaced, is rewritten in place.
-chmod -R a+rwX "$app"
+# An archived gauge gives way to the newer one of its name only when that one has left Gauges.
+rm -rf "${gauges:?}"/*
+prepare() {
+  rm -rf "$spare"
+  install -D "$work/older" "$spare/1.gau"
+  cp "$work/newer" "$gauges/1.gau"
+}
+echo older | tee "$work/older" >"$work/1.gau"
+echo newer >"$work/newer"
+none_lost() {
+  if [ -e "$gauges/1.gau" ]; then
+    cmp -s "$work/newer" "$gauges/1.gau" && cat "$spare"/1.gau* | grep -q older || return 1
+  fi
+  expect 0 clean
+  holds "$spare" 1.gau
+  cmp -s "$work/newer" "$spare/1.gau" && holds "$gauges"
+}
+prepare
+killed none_lost clean
+
+# A configuration whose folder takes no new file, or that cannot be replaced, is rewritten in place;
+# the next run that reads it makes it whole.
+chmod -R a+rwX "$app" "$HOME"
 prepare() {
   cat "$work/old" >"$config"
-  rm -rf "$app/Backups" "$config".*
+  rm -rf "$app/Backups"
 }
 prepare
 chmod 666 "$config"
+as_user=(env PANELKIT_KEEPS=fs2002.cfg)
+options=()
 if [ ${#killers[@]} = 0 ]; then
   as_user=("${ordinary[@]}")
+  options=(--prefix "$WINEPREFIX")
   chmod a-w "$fs"
-  whole_after_kill() {  # The next start makes it whole.
-    expect 0 where
-    only_whole && [ -z "$(find "$app" -name 'rewrite-*')" ]
-  }
-else
-  as_user=(env PANELKIT_KEEPS=fs2002.cfg)
-  whole_after_kill() {  # Or a whole one lies beside it.
-    only_whole || find "$work/whole" -name fs2002.cfg -exec cmp -s "$config.panelkit-whole" {} \; -print |
-      grep -q .
-  }
 fi
-killed whole_after_kill brake off
+made_whole() {
+  expect 0 "${options[@]}" brake
+  only_whole && [ -z "$(find "$work" -name '*.rewrite')" ]
+}
+killed made_whole brake off
+
+# What another program has written since stays as it is, and the record goes with the next rewrite.
+if ((traced)); then
+  printf 'show_brake_message=1, and more than the new line\r\n' >"$config"
+  strace -qq -o /dev/null -e inject=ftruncate:signal=KILL \
+    "${as_user[@]}" "$app/panelkit-console" brake off
+  grep -q '=0' "$config" && grep -q 'new line' "$config" ||
+    fail "no half file to begin with: $(cat "$config")"
+  printf 'show_brake_message=1\r\n' >"$config"
+  expect 0 brake
+  [ "$(cat "$config")" = $'show_brake_message=1\r' ] || fail "written over: $(cat "$config")"
+  [ -n "$(find "$app" -name '*.rewrite')" ] || fail 'the record is gone, and with it the content'
+  expect 0 brake off
+  [ -z "$(find "$work" -name '*.rewrite')" ] || fail 'a record that is out of date stays'
+fi 2>/dev/null
 finish

@@ -65,9 +65,13 @@ complains '(error 9)'
 holds "$deep/out"
 
 # What cannot be moved stays whole in Gauges: the archive is Gauges itself or a file, the folder is
-# closed to us, another program is writing the gauge.
+# closed to us, another program is writing the gauge. An older one of its name stays archived.
+older() {
+  mkdir -m 777 "$spare"
+  echo older >"$spare/spare.gau"
+}
 for hindrance in 'ln -s "$gauges" "$spare"' 'touch "$spare"' \
-  'chmod a-w "$gauges"; as_user=("${ordinary[@]}")' 'exec 7>>"$gauges/spare.gau"'; do
+  'older; chmod a-w "$gauges"; as_user=("${ordinary[@]}")' 'older; exec 7>>"$gauges/spare.gau"'; do
   small
   eval "$hindrance"
   expect 2 clean
@@ -75,6 +79,7 @@ for hindrance in 'ln -s "$gauges" "$spare"' 'touch "$spare"' \
   "$app/panelkit-console" restore >"$work/out" 2>&1
   holds "$gauges" good.gau spare.gau
   [ "$(cat "$gauges/spare.gau")" = 'gauge spare' ] || fail "$hindrance: the gauge is not whole"
+  [[ $hindrance != older* ]] || [ "$(cat "$spare"/*)" = older ] || fail "$hindrance: the older one"
 done
 
 # Aircraft that vanish, and panels that grow and shrink, between two looks. One stays as it is.

@@ -67,6 +67,11 @@ TEST_CASE_FIXTURE(Disk, "A rewrite keeps the attributes, and leaves nothing besi
   CHECK(Get(folder / "FS2002.cfg") == "new");
   CHECK_FALSE(files.IsPlainFile(At("FS2002.cfg")));
   CHECK(Get(folder / "GAUGES.HTM") == content);
+  for (const char* bytes : {"longer than the new", "short"}) {
+    CHECK(files.Overwrite(At("gauges.htm"), bytes) == FileFault::None);
+    CHECK(Get(folder / "GAUGES.HTM") == bytes);
+  }
+  CHECK(files.Overwrite(At("absent"), "") == FileFault::Absent);
   CHECK(files.Replace(At("absent\\x"), "", Durability::Flushed) == FileFault::Absent);
   CHECK(Tree(folder.Path()) == "FS2002.cfg\nGAUGES.HTM\n");
 }

@@ -5,7 +5,6 @@
 
 #include "platform/windows/native_file.h"
 #include "platform/windows/new_file.h"
-#include "platform/windows/own_folders.h"
 #include "platform/windows/paths.h"
 #include "platform/windows/virtualisation.h"
 
@@ -71,76 +70,6 @@ FileFault Fill(const NewFile& file, std::string_view bytes, Durability durabilit
   return filled ? FileFault::None : FaultOf(GetLastError());
 }
 
-/// Overwrites an open file. Where it grows, room for it is taken first: a full disk then leaves it
-/// as it was.
-bool Overwrite(const Handle& file, std::string_view bytes, Durability durability) {
-  LARGE_INTEGER old_size{};
-  LARGE_INTEGER new_size{};
-  new_size.QuadPart = static_cast<LONGLONG>(bytes.size());
-  const auto resize = [&file](LARGE_INTEGER size) {
-    return SetFilePointerEx(file.Get(), size, nullptr, FILE_BEGIN) && SetEndOfFile(file.Get());
-  };
-  if (!GetFileSizeEx(file.Get(), &old_size)) return false;
-  if (new_size.QuadPart > old_size.QuadPart && !resize(new_size)) {
-    const DWORD error = GetLastError();
-    resize(old_size);
-    SetLastError(error);
-    return false;
-  }
-  return SetFilePointerEx(file.Get(), {}, nullptr, FILE_BEGIN) && WriteAll(file.Get(), bytes) &&
-         resize(new_size) &&
-         (durability != Durability::Flushed || FlushFileBuffers(file.Get()) != 0);
-}
-
-/// A whole copy of the content that a file is being given, for as long as the file is not whole.
-class WholeCopy {
- public:
-  /// Takes `file`, which is filled and flushed, or, if there is none, makes the copy in the user's
-  /// own folder. `target` is the file that it stands for.
-  WholeCopy(NewFile& file, std::string_view bytes, const std::wstring& target,
-            const ShortLocks& locks) {
-    if (file.IsThere()) {
-      Keep(file, target, locks);
-    } else if (const std::string folder = UserFolder(); !folder.empty()) {
-      const std::wstring there = FilePath(folder) + target.substr(target.rfind(L'\\'));
-      NewFile copy(TemporaryPathBeside(there), FILE_ATTRIBUTE_NORMAL);
-      if (Fill(copy, bytes, Durability::Flushed) == FileFault::None) Keep(copy, there, locks);
-    }
-  }
-
-  bool IsMade() const { return !name_.empty(); }
-  void Remove() const { DeleteFileW(name_.c_str()); }
-
- private:
-  /// Never in the place of an older copy, which may be all that is left of a file.
-  void Keep(NewFile& file, const std::wstring& target, const ShortLocks& locks) {
-    std::wstring name = target + L".panelkit-whole";
-    for (int number = 2; AttributesOf(name) != INVALID_FILE_ATTRIBUTES; ++number) {
-      name = target + L"." + std::to_wstring(number) + L".panelkit-whole";
-    }
-    if (file.KeepAs(name, locks)) name_ = name;
-  }
-
-  std::wstring name_;
-};
-
-/// Writes in place what could not take the file's place.
-FileFault WriteInPlace(NewFile& file, const std::wstring& target, std::string_view bytes,
-                       Durability durability, const ShortLocks& locks) {
-  const FileFault fault = FaultOf(GetLastError());
-  const Handle old =
-      locks.Try([&] { return Open(target, GENERIC_WRITE | FILE_READ_ATTRIBUTES, 0); });
-  if (!old) return FaultOf(GetLastError());
-  if (durability == Durability::Buffered) {
-    return Overwrite(old, bytes, durability) ? FileFault::None : FaultOf(GetLastError());
-  }
-  const WholeCopy copy(file, bytes, target, locks);
-  if (!copy.IsMade()) return fault == FileFault::None ? FileFault::NoAccess : fault;
-  if (!Overwrite(old, bytes, durability)) return FaultOf(GetLastError());
-  copy.Remove();
-  return FileFault::None;
-}
-
 FileFault CreateWhole(const std::wstring& path, std::string_view bytes, Durability durability,
                       const ShortLocks& locks) {
   NewFile file(TemporaryPathBeside(path), FILE_ATTRIBUTE_NORMAL);
@@ -203,7 +132,17 @@ FileFault ReplaceContent(const std::wstring& path, std::string_view bytes, Durab
       return FileFault::None;
     }
   }
-  return WriteInPlace(file, target, bytes, durability, locks);
+  return FileFault::Irreplaceable;
+}
+
+FileFault OverwriteContent(const std::wstring& path, std::string_view bytes,
+                           const ShortLocks& locks) {
+  const Handle file = locks.Try([&path] { return Open(path, GENERIC_WRITE, 0); });
+  if (!file) return FaultOf(GetLastError());
+  if (GetFileType(file.Get()) != FILE_TYPE_DISK) return FileFault::NotAFile;
+  const bool written = WriteAll(file.Get(), bytes) && SetEndOfFile(file.Get()) != 0 &&
+                       FlushFileBuffers(file.Get()) != 0;
+  return written ? FileFault::None : FaultOf(GetLastError());
 }
 
 bool CopyPlainFile(const std::wstring& source, const std::wstring& target,

@@ -11,14 +11,14 @@ namespace panelkit::windows {
 
 /// As Files::Replace, for a path of FilePath. The new content goes to a temporary file beside the
 /// old one, which takes over its owner, access rights, attributes and creation time and then its
-/// name, in one step.
-///
-/// Where the folder, or whoever holds the file, allows no such step though the file may be written,
-/// it is written in place; if it is to be flushed, a whole copy of the new content stands beside it
-/// (or in the user's own folder) as "NAME.panelkit-whole" until it is. A kill or a full disk in
-/// between leaves that copy behind.
+/// name, in one step. Irreplaceable where the folder, or whoever holds the file, allows no such
+/// step though the file may be written.
 FileFault ReplaceContent(const std::wstring& path, std::string_view bytes, Durability durability,
                          const ShortLocks& locks);
+
+/// As Files::Overwrite, for a path of FilePath.
+FileFault OverwriteContent(const std::wstring& path, std::string_view bytes,
+                           const ShortLocks& locks);
 
 /// As Files::Copy, for paths of FilePath; but the copy's access rights are those that its folder
 /// hands down. A copy that only this user would see counts as a failure.

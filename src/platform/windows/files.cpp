@@ -51,6 +51,10 @@ FileFault WindowsFiles::Replace(std::string_view path, std::string_view bytes,
   return ReplaceContent(FilePath(path), bytes, durability, locks_);
 }
 
+FileFault WindowsFiles::Overwrite(std::string_view path, std::string_view bytes) {
+  return OverwriteContent(FilePath(path), bytes, locks_);
+}
+
 int WindowsFiles::MakeFolder(std::string_view path) {
   const std::wstring folder = FilePath(path);
   if (folder.empty()) return kOtherFailure;

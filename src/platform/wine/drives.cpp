@@ -68,14 +68,17 @@ std::string Drives::NetworkRoot() const {
   return prefix_ + "/dosdevices/unc";
 }
 
-Drives::Place Drives::Holding(std::string_view native_path) const {
-  Place closest{'Z', std::string(native_path)};
-  for (char letter = 'A'; letter <= 'Z'; ++letter) {
+std::optional<Drives::Place> Drives::Holding(std::string_view native_path) const {
+  std::optional<Place> closest;
+  // Of several that hold a path alike, Z: is the one that Wine itself lays out.
+  for (const char letter : std::string_view("ZABCDEFGHIJKLMNOPQRSTUVWXY")) {
     const auto root = Root(letter);
     if (!root) continue;
     for (const std::string& folder : {*root, RealPath(*root)}) {
       auto rest = Behind(folder, native_path);
-      if (rest && rest->size() < closest.rest.size()) closest = {letter, *std::move(rest)};
+      if (rest && (!closest || rest->size() < closest->rest.size())) {
+        closest = {letter, *std::move(rest)};
+      }
     }
   }
   return closest;

@@ -29,8 +29,8 @@ class Drives {
   };
 
   /// The drive whose folder is the deepest that holds the absolute native path, and the rest of the
-  /// path. 'Z' and the whole path if none does.
-  Place Holding(std::string_view native_path) const;
+  /// path. nullopt if none does.
+  std::optional<Place> Holding(std::string_view native_path) const;
 
  private:
   struct Known {

@@ -16,7 +16,6 @@
 #include "platform/wine/dos_attributes.h"
 #include "platform/wine/native_file.h"
 #include "platform/wine/new_file.h"
-#include "platform/wine/rewrite_in_place.h"
 
 namespace panelkit {
 
@@ -91,7 +90,7 @@ FileFault RewriteFault(const std::string& path, const struct stat& status) {
 /// cannot be all that the old one is.
 FileFault ReplaceInOneStep(const std::string& path, const std::optional<struct stat>& old,
                            std::string_view bytes, Durability durability) {
-  NewFile file(TemporaryPathBeside(path), old ? kOwnerOnly : kByUmask);
+  NewFile file(Beside{path}, old ? kOwnerOnly : kByUmask);
   if (!file.IsOpen() || !WriteAll(file.Descriptor(), bytes)) return FaultOf(errno);
   if (old && !TakeOver(path, *old, file.Descriptor())) return FileFault::NoAccess;
   const bool flushed = durability == Durability::Flushed;
@@ -122,8 +121,7 @@ bool CopyContent(int from, int to) {
 
 }  // namespace
 
-FileFault ReplaceFile(const std::string& target, std::string_view bytes, Durability durability,
-                      const std::string& records) {
+FileFault ReplaceFile(const std::string& target, std::string_view bytes, Durability durability) {
   const auto path = FinalTarget(target);
   if (!path) return FaultOf(ELOOP);
   const auto old = StatusOf(*path);
@@ -134,7 +132,18 @@ FileFault ReplaceFile(const std::string& target, std::string_view bytes, Durabil
   const FileFault fault = ReplaceInOneStep(*path, old, bytes, durability);
   // InUse: a file that is mounted by itself, as into a sandbox, cannot give way.
   const bool may_stay = fault == FileFault::NoAccess || fault == FileFault::InUse;
-  return old && may_stay ? RewriteInPlace(*path, bytes, durability, records) : fault;
+  return old && may_stay ? FileFault::Irreplaceable : fault;
+}
+
+FileFault OverwriteFile(const std::string& path, std::string_view bytes) {
+  const auto status = StatusOf(path);
+  const FileFault fault = status ? RewriteFault(path, *status) : FaultOf(errno);
+  if (fault != FileFault::None) return fault;
+  const OpenFile file(path, O_WRONLY | O_NONBLOCK | O_NOCTTY);
+  const bool written = file.IsOpen() && WriteAll(file.Descriptor(), bytes) &&
+                       ftruncate(file.Descriptor(), static_cast<off_t>(bytes.size())) == 0 &&
+                       fsync(file.Descriptor()) == 0;
+  return written ? FileFault::None : FaultOf(errno);
 }
 
 bool CopyFile(const std::string& source, const std::string& target) {

@@ -63,6 +63,12 @@ bool WineFiles::IsSame(std::string_view path, std::string_view other) const {
   return a && b && a->st_dev == b->st_dev && a->st_ino == b->st_ino;
 }
 
+std::string WineFiles::NativePath(std::string_view path) const {
+  auto native = resolver_.Existing(path);
+  if (!native) native = resolver_.ForCreation(path);
+  return native ? *native : std::string(path);
+}
+
 bool WineFiles::IsLink(std::string_view path) const {
   const auto native = resolver_.ForCreation(path);
   struct stat status {};
@@ -101,7 +107,12 @@ FileFault WineFiles::Replace(std::string_view path, std::string_view bytes, Dura
   if (!target) target = resolver_.ForCreation(path);
   if (!target) return WhyNotFound(path);
   if (folders_.app == folders_.user) MakePrivateFolder(folders_.user);
-  return ReplaceFile(*target, bytes, durability, folders_.app);
+  return ReplaceFile(*target, bytes, durability);
+}
+
+FileFault WineFiles::Overwrite(std::string_view path, std::string_view bytes) {
+  const auto target = resolver_.Existing(path);
+  return target ? OverwriteFile(*target, bytes) : WhyNotFound(path);
 }
 
 int WineFiles::MakeFolder(std::string_view path) {

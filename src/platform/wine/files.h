@@ -27,9 +27,11 @@ class WineFiles final : public Files {
   bool IsPlainFile(std::string_view path) const override;
   bool Exists(std::string_view path) const override;
   bool IsSame(std::string_view path, std::string_view other) const override;
+  std::string NativePath(std::string_view path) const override;
   bool IsLink(std::string_view path) const override;
   FileContent Read(std::string_view path) const override;
   FileFault Replace(std::string_view path, std::string_view bytes, Durability durability) override;
+  FileFault Overwrite(std::string_view path, std::string_view bytes) override;
   int MakeFolder(std::string_view path) override;
   bool Copy(std::string_view source, std::string_view target) override;
   bool Rename(std::string_view from, std::string_view to) override;

@@ -20,7 +20,7 @@ constexpr std::chrono::seconds kAttributesHold{1};
 
 /// The kind of an entry, links followed: DT_REG, DT_DIR or another.
 unsigned char TypeOf(const FolderEntry& entry, const std::string& folder) {
-  if (entry.type != DT_LNK && entry.type != DT_UNKNOWN) return entry.type;
+  if (entry.type != DT_LNK) return entry.type;
   const auto status = StatusOf(folder + '/' + entry.name);
   if (!status) return DT_UNKNOWN;
   return static_cast<unsigned char>(IFTODT(status->st_mode));

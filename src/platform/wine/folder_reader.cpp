@@ -1,6 +1,7 @@
 #include "platform/wine/folder_reader.h"
 
 #include <dirent.h>
+#include <fcntl.h>
 
 #include <cerrno>
 #include <ctime>
@@ -27,6 +28,13 @@ bool ShowsChanges(const struct stat& status) {
   return age > (status.st_mtim.tv_nsec == 0 ? 3.0 : 0.05);
 }
 
+/// The type of an entry on a file system whose folders do not tell it.
+unsigned char TypeOf(DIR* folder, const std::string& name) {
+  struct stat status {};
+  if (fstatat(dirfd(folder), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0) return DT_UNKNOWN;
+  return static_cast<unsigned char>(IFTODT(status.st_mode));
+}
+
 }  // namespace
 
 std::optional<std::vector<FolderEntry>> ReadFolder(const std::string& native_path) {
@@ -38,7 +46,9 @@ std::optional<std::vector<FolderEntry>> ReadFolder(const std::string& native_pat
     const dirent* const entry = readdir(folder.get());
     if (!entry) break;
     FolderEntry found{entry->d_name, entry->d_type};
-    if (found.name != "." && found.name != "..") entries.push_back(std::move(found));
+    if (found.name == "." || found.name == "..") continue;
+    if (found.type == DT_UNKNOWN) found.type = TypeOf(folder.get(), found.name);
+    entries.push_back(std::move(found));
   }
   if (errno != 0) return std::nullopt;
   return entries;

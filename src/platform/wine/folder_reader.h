@@ -9,10 +9,10 @@
 
 namespace panelkit {
 
-/// One entry as the folder itself tells it.
+/// One entry of a folder.
 struct FolderEntry {
   std::string name;
-  unsigned char type = 0;  ///< DT_REG, DT_DIR, ..., DT_UNKNOWN of dirent.h.
+  unsigned char type = 0;  ///< DT_REG, DT_DIR, DT_LNK, ... of dirent.h.
 };
 
 /// All entries but "." and "..", in no order; nullopt if the folder cannot be read.

@@ -16,10 +16,6 @@ struct Folder {
   std::string windows;
 };
 
-bool IsOrMayBeFile(const FolderEntry& entry) {
-  return entry.type == DT_REG || entry.type == DT_LNK || entry.type == DT_UNKNOWN;
-}
-
 /// A walk under way; `pending` is a stack of the folders that are still to be visited.
 struct TreeWalk {
   FolderVisitor& visitor;
@@ -43,7 +39,7 @@ void TreeWalk::Visit(const Folder& folder) {
   for (const FolderEntry& entry : *entries) {
     if (entry.type == DT_DIR && CanBeNamed(entry.name)) {
       pending.push_back({folder.native + '/' + entry.name, folder.windows + '\\' + entry.name});
-    } else if (IsOrMayBeFile(entry)) {
+    } else if (entry.type == DT_REG || entry.type == DT_LNK) {
       VisitFile(folder, entry);
     }
   }

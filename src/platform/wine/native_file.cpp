@@ -30,8 +30,19 @@ void WaitUntilWritable(int descriptor) {
 OpenFile::OpenFile(const std::string& path, int flags, unsigned mode)
     : descriptor_(Open(path, flags, mode)) {}
 
+OpenFile& OpenFile::operator=(OpenFile&& other) noexcept {
+  std::swap(descriptor_, other.descriptor_);
+  return *this;
+}
+
 OpenFile::~OpenFile() {
   Close();
+}
+
+OpenFile OpenFile::Twin() const {
+  OpenFile twin;
+  twin.descriptor_ = fcntl(descriptor_, F_DUPFD_CLOEXEC, 0);
+  return twin;
 }
 
 bool OpenFile::Close() {

@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "platform/files.h"
 
@@ -18,12 +19,15 @@ class OpenFile {
   OpenFile() = default;
   /// Opens as open(2) does, never inherited by other programs.
   OpenFile(const std::string& path, int flags, unsigned mode = 0);
+  OpenFile(OpenFile&& other) noexcept : descriptor_(std::exchange(other.descriptor_, -1)) {}
+  OpenFile& operator=(OpenFile&& other) noexcept;
   ~OpenFile();
-  OpenFile(const OpenFile&) = delete;
-  OpenFile& operator=(const OpenFile&) = delete;
 
   bool IsOpen() const { return descriptor_ >= 0; }
   int Descriptor() const { return descriptor_; }
+
+  /// The same open file once more: what it has locked stays so until both are closed.
+  OpenFile Twin() const;
 
   /// False if what was written could not be kept after all.
   bool Close();

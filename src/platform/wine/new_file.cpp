@@ -5,35 +5,46 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <charconv>
-#include <csignal>
 #include <cstdio>
-#include <ctime>
 #include <mutex>
 #include <set>
-#include <vector>
 
 #include "platform/wine/folder_reader.h"
 
 namespace panelkit {
 
+// A hidden file is locked (flock(2)) from its creation until it has another name, and a lock ends
+// with its process, at once: so a file whose lock is free was left behind. Numbers of processes
+// would tell less: one may be in use again, belong to another container, or stand for a process
+// that has ended and that nobody has waited for.
+//
+// There is a moment between a file's creation and its lock. Whoever removes takes the lock first
+// and holds it: a maker that finds its new file locked, or removed, makes another.
 namespace {
 
-constexpr std::string_view kTemporaryStart = ".panelkit-";
-constexpr std::string_view kTemporaryEnd = ".tmp";
+constexpr std::string_view kHiddenStart = ".panelkit-";
+constexpr std::string_view kHiddenEnd = ".tmp";
 
-bool HasEnded(pid_t process) {
-  return kill(process, 0) != 0 && errno == ESRCH;
+bool Lock(const OpenFile& file) {
+  return flock(file.Descriptor(), LOCK_EX | LOCK_NB) == 0;
+}
+
+/// Whether the file is still what its path names.
+bool HasName(const OpenFile& file, const std::string& path) {
+  struct stat own {
+  }, named{};
+  return fstat(file.Descriptor(), &own) == 0 && lstat(path.c_str(), &named) == 0 &&
+         own.st_dev == named.st_dev && own.st_ino == named.st_ino;
 }
 
 void RemoveLeftBehind(const std::string& folder) {
   const auto entries = ReadFolder(folder);
   for (std::size_t i = 0; entries && i < entries->size(); ++i) {
-    const auto maker = MakerOf((*entries)[i].name, kTemporaryStart, kTemporaryEnd);
-    if (!maker) continue;
-    const std::string path = folder + '/' + (*entries)[i].name;
+    const std::string& name = (*entries)[i].name;
+    if (!name.starts_with(kHiddenStart) || !name.ends_with(kHiddenEnd)) continue;
+    const std::string path = folder + '/' + name;
     const OpenFile file(path, O_RDONLY | O_NONBLOCK | O_NOFOLLOW);
-    if (file.IsOpen() && IsLeftBehind(file, *maker)) unlink(path.c_str());
+    if (file.IsOpen() && Lock(file) && HasName(file, path)) unlink(path.c_str());
   }
 }
 
@@ -45,13 +56,32 @@ bool IsFirstUseOf(const std::string& folder) {
   return used.insert(folder).second;
 }
 
+OpenFile Create(const std::string& path, mode_t mode) {
+  return {path, O_RDWR | O_CREAT | O_EXCL, mode};
+}
+
+/// False if another process takes the file, just made, for one that was left behind. On a disk that
+/// knows no locks nobody does.
+bool IsClaimed(const OpenFile& file, const std::string& path) {
+  return Lock(file) ? access(path.c_str(), F_OK) == 0 : errno != EWOULDBLOCK;
+}
+
 }  // namespace
 
 NewFile::NewFile(std::string path, mode_t mode)
-    : path_(std::move(path)),
-      file_(path_, O_RDWR | O_CREAT | O_EXCL, mode),
-      discard_(file_.IsOpen()) {
-  if (discard_) flock(file_.Descriptor(), LOCK_EX | LOCK_NB);
+    : path_(std::move(path)), file_(Create(path_, mode)), discard_(file_.IsOpen()) {}
+
+NewFile::NewFile(Beside beside, mode_t mode) {
+  const std::string folder = FolderOf(beside.path);
+  if (IsFirstUseOf(folder)) RemoveLeftBehind(folder);
+  std::string stem = folder + '/';
+  stem.append(kHiddenStart).append(std::to_string(getpid())) += '-';
+  for (int number = 0; !discard_; ++number) {
+    path_ = (stem + std::to_string(number)).append(kHiddenEnd);
+    file_ = Create(path_, mode);
+    if (!file_.IsOpen() && errno != EEXIST) return;
+    discard_ = file_.IsOpen() && IsClaimed(file_, path_);
+  }
 }
 
 NewFile::~NewFile() {
@@ -69,44 +99,10 @@ bool NewFile::Keep() {
 }
 
 bool NewFile::KeepAs(const std::string& path) {
+  const OpenFile lock = file_.Twin();  // Until the hidden name is gone.
   if (!file_.Close() || std::rename(path_.c_str(), path.c_str()) != 0) return false;
   discard_ = false;
   return true;
-}
-
-std::string UnusedPath(const std::string& folder, std::string_view start, std::string_view end) {
-  std::string stem = folder + '/';
-  stem.append(start).append(std::to_string(getpid())) += '-';
-  struct stat taken {};
-  for (int number = 0;; ++number) {
-    std::string path = (stem + std::to_string(number)).append(end);
-    if (lstat(path.c_str(), &taken) != 0) return path;
-  }
-}
-
-std::optional<pid_t> MakerOf(std::string_view name, std::string_view start, std::string_view end) {
-  if (!name.starts_with(start) || !name.ends_with(end)) return std::nullopt;
-  name.remove_prefix(start.size());
-  pid_t maker = 0;
-  const auto [rest, error] = std::from_chars(name.data(), name.data() + name.size(), maker);
-  if (error != std::errc() || maker <= 0 || !name.substr(rest - name.data()).starts_with('-')) {
-    return std::nullopt;
-  }
-  return maker;
-}
-
-bool IsLeftBehind(const OpenFile& file, pid_t maker) {
-  constexpr std::time_t kOld = 60;  // Seconds; a new file is locked at once.
-  struct stat status {};
-  if (fstat(file.Descriptor(), &status) != 0 || !S_ISREG(status.st_mode)) return false;
-  if (flock(file.Descriptor(), LOCK_SH | LOCK_NB) != 0 && errno == EWOULDBLOCK) return false;
-  return HasEnded(maker) || std::time(nullptr) - status.st_mtim.tv_sec > kOld;
-}
-
-std::string TemporaryPathBeside(const std::string& path) {
-  const std::string folder = FolderOf(path);
-  if (IsFirstUseOf(folder)) RemoveLeftBehind(folder);
-  return UnusedPath(folder, kTemporaryStart, kTemporaryEnd);
 }
 
 }  // namespace panelkit

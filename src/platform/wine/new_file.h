@@ -1,12 +1,9 @@
 // Files that exist for others only when they are whole.
 #pragma once
 
-#include <sys/stat.h>
 #include <sys/types.h>
 
-#include <optional>
 #include <string>
-#include <string_view>
 
 #include "platform/wine/native_file.h"
 
@@ -15,12 +12,21 @@ namespace panelkit {
 /// The permissions of a new file that nobody else may read.
 inline constexpr mode_t kOwnerOnly = 0600;
 
-/// A new file, open for reading and writing, that is removed again unless it is kept. It is locked
-/// (flock(2)) while it is open, which tells it from one that a killed process left.
+/// Asks for a new file of a hidden name that no other has, in the same folder as `path`.
+struct Beside {
+  const std::string& path;
+};
+
+/// A new file, open for reading and writing, that is removed again unless it is kept.
 class NewFile {
  public:
-  /// Creates the file; with errno set if it cannot be, or if its name is taken.
+  /// Creates the file `path`; with errno set if it cannot be, or if its name is taken.
   NewFile(std::string path, mode_t mode);
+
+  /// Creates a file beside another; with errno set if it cannot be. Once a run for each folder,
+  /// removes such files that killed processes left there.
+  NewFile(Beside beside, mode_t mode);
+
   ~NewFile();
   NewFile(const NewFile&) = delete;
   NewFile& operator=(const NewFile&) = delete;
@@ -43,23 +49,7 @@ class NewFile {
  private:
   std::string path_;
   OpenFile file_;
-  bool discard_;
+  bool discard_ = false;
 };
-
-/// A path in `folder` at which nothing is: `start`, this process's number, "-", a number, `end`.
-std::string UnusedPath(const std::string& folder, std::string_view start, std::string_view end);
-
-/// The number of the process that chose a name by UnusedPath; nullopt if `name` is no such name.
-std::optional<pid_t> MakerOf(std::string_view name, std::string_view start, std::string_view end);
-
-/// Whether a NewFile of the process `maker`, opened now by another descriptor, was left behind: its
-/// lock is free, and that process has ended or (its number may be in use again) the file is older
-/// than a minute.
-bool IsLeftBehind(const OpenFile& file, pid_t maker);
-
-/// The path of a file that is not there yet, in the same folder as `path` and of a hidden name, so
-/// that no listing shows it. Other processes choose other names. The first call for a folder
-/// removes the files of such names that killed processes left there.
-std::string TemporaryPathBeside(const std::string& path);
 
 }  // namespace panelkit

@@ -12,6 +12,9 @@ namespace panelkit {
 
 namespace {
 
+/// What stands before a native path where Wine takes a Windows path.
+constexpr std::string_view kNative = R"(\\?\unix)";
+
 bool IsSeparator(char c) {
   return c == '\\' || c == '/';
 }
@@ -55,13 +58,17 @@ std::string OrRoot(const std::string& path) {
 /// Takes the path's beginning away and gives the folder that it means.
 std::optional<PathResolver::Location> PathResolver::LocateRoot(std::string_view& path) const {
   std::optional<std::string> root;
-  if (HasDrive(path)) {
+  if (path.starts_with(kNative)) {
+    root = "";
+    path.remove_prefix(kNative.size());
+  } else if (HasDrive(path)) {
     root = drives_.Root(path.front());
     path.remove_prefix(2);
   } else if (path.size() >= 2 && IsSeparator(path[0]) && IsSeparator(path[1])) {
     root = drives_.NetworkRoot();
   } else if (IsSeparator(path.front())) {
-    root = drives_.Root(drives_.Holding(CurrentFolder()).letter);
+    const auto place = drives_.Holding(CurrentFolder());
+    root = place ? drives_.Root(place->letter) : "";
   } else {
     return Location{CurrentFolder(), 0};
   }
@@ -186,8 +193,9 @@ bool PathResolver::IsPossible(std::string_view windows_path) {
 std::string PathResolver::WindowsPathOf(std::string_view native_path) const {
   std::string path;
   Append(path, 0, native_path);
-  const Drives::Place place = drives_.Holding(path);
-  std::string windows = std::string(1, place.letter) + ':' + place.rest;
+  const auto place = drives_.Holding(path);
+  std::string windows =
+      place ? std::string(1, place->letter) + ':' + place->rest : std::string(kNative) + path;
   std::replace(windows.begin(), windows.end(), '/', '\\');
   return windows;
 }

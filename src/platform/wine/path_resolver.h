@@ -15,10 +15,11 @@ namespace panelkit {
 
 /// Resolves Windows paths in UTF-8 as the programs of a Wine prefix see them: both separators and
 /// doubled ones work, "." and ".." are taken away before the disk is asked, relative paths start at
-/// the process's folder, "\x" at the root of the drive that holds it, and trailing dots and blanks
-/// of the last part are ignored unless an entry is spelt with them. An entry spelt exactly as asked
-/// goes first; otherwise case is ignored and the first of several in byte order is taken. Native
-/// paths are absolute. Each call asks the disk; for one thread.
+/// the process's folder, "\x" at the root of the drive that holds it, "\\?\unix\x" is the native
+/// "/x", and trailing dots and blanks of the last part are ignored unless an entry is spelt with
+/// them. An entry spelt exactly as asked goes first; otherwise case is ignored and the first of
+/// several in byte order is taken. Native paths are absolute. Each call asks the disk; for one
+/// thread.
 class PathResolver {
  public:
   /// `prefix` is the Wine prefix's native folder; it need not exist.
@@ -50,8 +51,9 @@ class PathResolver {
   /// part holds one of < > : " | ? *, a control character or nothing but dots and blanks.
   static bool IsPossible(std::string_view windows_path);
 
-  /// The Windows path of an absolute native path, through the drive that holds it most closely. No
-  /// closing backslash, not even for a drive's root ("Z:").
+  /// The Windows path of an absolute native path, through the drive that holds it most closely; as
+  /// Wine writes it, "\\?\unix\x", if no drive does. No closing backslash, not even for a drive's
+  /// root ("Z:").
   std::string WindowsPathOf(std::string_view native_path) const;
 
  private:

@@ -7,7 +7,6 @@
 
 #include "platform/wine/heap.h"
 #include "platform/wine/native_file.h"
-#include "platform/wine/rewrite_in_place.h"
 
 namespace panelkit {
 
@@ -64,9 +63,7 @@ std::string WineMachine::WindowsPath(std::string_view typed) const {
 }
 
 std::string WineMachine::NativePath(std::string_view windows_path) const {
-  auto native = resolver_.Existing(windows_path);
-  if (!native) native = resolver_.ForCreation(windows_path);
-  return native ? *native : std::string(windows_path);
+  return files_.NativePath(windows_path);
 }
 
 std::string WineMachine::PictureFolder() const {
@@ -74,7 +71,8 @@ std::string WineMachine::PictureFolder() const {
 }
 
 std::string WineMachine::AppFolderOrigin() const {
-  return folders_.origin;
+  const bool has_drive = !resolver_.WindowsPathOf(folders_.app).starts_with(R"(\\?\)");
+  return folders_.origin + (has_drive ? "" : ", to which no drive of the prefix leads");
 }
 
 std::vector<std::string> WineMachine::FoldersOfOwnFiles() const {
@@ -91,7 +89,6 @@ std::string WineMachine::Charset() const {
 std::unique_ptr<LocalMachine> OpenLocalMachine(const std::function<bool(const Machine&)>& wanted) {
   UseHugePages();
   const OwnFolders folders = OwnFoldersOf(ExecutableFolder());
-  FinishRewrites(folders.app);
   const std::vector<WinePrefix> prefixes = WinePrefixes();
   for (const WinePrefix& prefix : prefixes) {
     auto machine = std::make_unique<WineMachine>(prefix, folders);

@@ -1,6 +1,7 @@
 // Files where the system refuses, pretends, or gives way only after a while.
 #include <doctest/doctest.h>
 
+#include "brake/config_file.h"
 #include "gauges/gauge_mover.h"
 #include "platform/disk.h"
 #include "platform/windows/handle.h"
@@ -10,6 +11,7 @@ namespace panelkit::test {
 namespace {
 
 namespace fs = std::filesystem;
+using namespace std::string_literals;
 
 using CreateCall = ReplacedCall<"CreateFileW", HANDLE(LPCWSTR, DWORD, DWORD, LPSECURITY_ATTRIBUTES,
                                                       DWORD, DWORD, HANDLE)>;
@@ -142,60 +144,68 @@ TEST_CASE_FIXTURE(Disk, "A rewritten file keeps its rights and its creation time
 }
 
 TEST_CASE_FIXTURE(Disk,
-                  "What may be written but not replaced is written in place, a copy at hand") {
-  const fs::path file = folder / "fs2002.cfg";
-  const std::string old = "old, and longer than the new", longer(100'000, 'n');
-  const fs::path beside = folder / "fs2002.cfg.panelkit-whole";
-  const fs::path apart = fs::path(FromUtf8(files.UserFolder())) / "fs2002.cfg.panelkit-whole";
+                  "What may be written but not replaced is written in place, and lost never") {
+  const fs::path file = folder / "fs/fs2002.cfg";
+  const std::string path = At("fs\\fs2002.cfg");
+  const std::string old = "old, and of some length", longer(1000, 'n');
   for (const bool closed_folder : {true, false}) {
     CAPTURE(closed_folder);
-    const fs::path& copy = closed_folder ? apart : beside;
     Put(file, old);
-    int writes = 0;
-    std::function<bool()> fails = [] { return false; };
-    const WriteCall write([&](auto handle, auto bytes, auto size, auto written, auto overlapped) {
-      if (fs::exists(copy)) {
-        ++writes;
-        CHECK(Get(copy) == longer);
-        if (fails()) return Refuse(ERROR_CRC, FALSE);
-      }
-      return WriteCall::System(handle, bytes, size, written, overlapped);
-    });
-    const CreateCall create(closed_folder ? ClosedFolder(folder.Path()) : CreateCall::System);
+    const CreateCall create(closed_folder ? ClosedFolder(folder / "fs") : CreateCall::System);
     const MoveCall move([&](LPCWSTR from, LPCWSTR to, DWORD flags) {
-      return to == file.wstring() ? Refuse(ERROR_ACCESS_DENIED, FALSE)
-                                  : MoveCall::System(from, to, flags);
+      return std::wstring(to).ends_with(L"\\fs2002.cfg") ? Refuse(ERROR_ACCESS_DENIED, FALSE)
+                                                         : MoveCall::System(from, to, flags);
     });
-    CHECK(files.Replace(At("fs2002.cfg"), longer, Durability::Flushed) == FileFault::None);
-    CHECK(writes == 1);
+    // While the record is there, the file itself is written: half of it, where the disk fails.
+    int failures = 0;
+    const WriteCall write([&](auto handle, auto bytes, auto size, auto written, auto overlapped) {
+      const bool fails = failures > 0 && Tree(folder.Path()).find(".rewrite") != std::string::npos;
+      const BOOL done =
+          WriteCall::System(handle, bytes, fails ? size / 2 : size, written, overlapped);
+      return fails && failures-- > 0 ? Refuse(ERROR_CRC, FALSE) : done;
+    });
+    CHECK(files.Replace(path, longer, Durability::Flushed) == FileFault::Irreplaceable);
+    CHECK(Get(file) == old);
+    failures = 1;
+    CHECK(RewriteConfig(files, path, old, longer) == FileFault::Other);
+    CHECK(Get(file) == old);
+    CHECK(Tree(folder.Path()) == "fs/fs2002.cfg\n");
+    failures = 2;
+    CHECK(RewriteConfig(files, path, old, longer) == FileFault::Other);
+    CHECK(Get(file) != longer);
+    CHECK(ReadConfig(files, path).bytes == longer);
     CHECK(Get(file) == longer);
-    CHECK(files.Replace(At("fs2002.cfg"), "page", Durability::Buffered) == FileFault::None);
-    CHECK(Get(file) == "page");
-    CHECK_FALSE(fs::exists(copy));
-    // A disk that fails in between leaves the copy, and the next rewrite does not touch it.
-    fails = [] { return true; };
-    CHECK(files.Replace(At("fs2002.cfg"), longer, Durability::Flushed) == FileFault::Other);
-    fails = [] { return false; };
-    CHECK(files.Replace(At("fs2002.cfg"), longer, Durability::Flushed) == FileFault::None);
-    CHECK(Get(copy) == longer);
-    CHECK(fs::remove(copy));
-    CHECK(Tree(folder.Path()) == "fs2002.cfg\n");
+    CHECK(Tree(folder.Path()) == "fs/fs2002.cfg\n");
+    CHECK(RewriteConfig(files, path, longer, old) == FileFault::None);
+    CHECK(Get(file) == old);
+    CHECK(Tree(folder.Path()) == "fs/fs2002.cfg\n");
   }
 }
 
-TEST_CASE_FIXTURE(Disk, "A delete counts only if the file is gone; else its attributes come back") {
+TEST_CASE_FIXTURE(Disk, "A delete counts only if the file is gone; else nothing is lost by it") {
   Put(folder / "Gauges/a.gau", "gauge");
   Put(folder / "Gauges/b.gau", "gauge");
+  Put(folder / "Gauges/c.gau", "the user's own");
+  for (const char* name : {"a", "b", "c"}) Put(folder / "SpareGauges" / (name + ".gau"s), "older");
   fs::permissions(folder / "Gauges/a.gau", fs::perms::owner_read);
   const GaugeFolders folders{At("Gauges"), At("SpareGauges")};
-  // As for a user whose private copy of a protected file goes away in its place.
-  const DeleteCall pretended([](LPCWSTR path) {
-    return std::wstring(path).ends_with(L"\\Gauges\\a.gau") ? TRUE : DeleteCall::System(path);
+  // As for a user whose private copy of a protected file goes away in its place; the protected one,
+  // which shows then, may be another.
+  const DeleteCall pretended([this](LPCWSTR path) {
+    if (std::wstring(path).ends_with(L"\\Gauges\\c.gau")) Put(folder / "Gauges/c.gau", "protected");
+    return std::wstring(path).ends_with(L"\\Gauges\\b.gau") ||
+                   std::wstring(path).find(L"\\Gauges\\") == std::wstring::npos
+               ? DeleteCall::System(path)
+               : TRUE;
   });
-  const MoveOutcome outcome = ArchiveGauges(files, folders, {"a", "b"}, {});
-  CHECK(outcome.stayed == std::vector<std::string>{"a.gau"});
+  const MoveOutcome outcome = ArchiveGauges(files, folders, {"a", "b", "c"}, {});
+  CHECK(outcome.stayed == std::vector<std::string>{"a.gau", "c.gau"});
   CHECK(outcome.moved == std::vector<std::string>{"b.gau"});
-  CHECK(Tree(folder.Path()) == "Gauges/a.gau\nSpareGauges/b.gau\n");
+  CHECK(Tree(folder.Path()) ==
+        "Gauges/a.gau\nGauges/c.gau\nSpareGauges/a.gau\nSpareGauges/b.gau\nSpareGauges/c.gau\n");
+  CHECK(Get(folder / "SpareGauges/a.gau") == "older");
+  CHECK(Get(folder / "SpareGauges/b.gau") == "gauge");
+  CHECK(Get(folder / "SpareGauges/c.gau") == "the user's own");
   CHECK((GetFileAttributesW((folder / "Gauges/a.gau").c_str()) & FILE_ATTRIBUTE_READONLY) != 0);
 }
 

@@ -67,5 +67,30 @@ TEST_CASE("A Windows path reaches its file whatever its case, separators and dri
   fs::current_path(before);
 }
 
+TEST_CASE("The program's files are found where Z: leads elsewhere than to the root") {
+  const TempFolder prefix;
+  const TempFolder disk;
+  Put(disk / "app/easy.gif", "x");
+  Put(prefix / "other/x", "x");
+  fs::create_directories(prefix / "dosdevices");
+  fs::create_directory_symlink("../other", prefix / "dosdevices/z:");
+  const auto machine = OpenMachineAt(prefix.Path(), disk / "app");
+  Files& files = machine->Services().files;
+  // Wine's own way to a path that no drive holds.
+  CHECK(files.AppFolder() == R"(\\?\unix)" + Replaced(disk / "app", "/", "\\"));
+  CHECK(machine->AppFolderOrigin() ==
+        "the program's own folder, to which no drive of the prefix leads");
+  CHECK(files.Replace(files.AppFolder() + "\\GAUGES.HTM", "page", Durability::Buffered) ==
+        FileFault::None);
+  CHECK(files.Read(files.AppFolder() + "\\gauges.htm").bytes == "page");
+  CHECK(machine->NativePath(files.AppFolder() + "\\EASY.gif") == disk / "app/easy.gif");
+  CHECK(machine->WindowsPath((prefix / "other/x").native()) == R"(Z:\x)");
+  // A drive that leads to it is taken.
+  fs::create_directory_symlink("/", prefix / "dosdevices/r:");
+  const auto again = OpenMachineAt(prefix.Path(), disk / "app");
+  CHECK(again->Services().files.AppFolder() == "R:" + Replaced(disk / "app", "/", "\\"));
+  CHECK(again->AppFolderOrigin() == "the program's own folder");
+}
+
 }  // namespace
 }  // namespace panelkit::test

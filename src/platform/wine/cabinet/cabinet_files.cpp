@@ -61,7 +61,7 @@ std::optional<std::string> TargetPaths::Find(std::string_view windows_path) {
 }
 
 TargetFile::TargetFile(std::string path, bool read_only)
-    : path_(std::move(path)), file_(TemporaryPathBeside(path_), read_only ? 0444 : 0666) {
+    : path_(std::move(path)), file_(Beside{path_}, read_only ? 0444 : 0666) {
   if (file_.IsOpen()) return;
   error_ = errno == ENOENT ? ERROR_PATH_NOT_FOUND : Win32ErrorOf(errno, ERROR_CANNOT_MAKE);
 }
