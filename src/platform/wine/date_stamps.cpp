@@ -1,11 +1,10 @@
-#include "platform/wine/date_stamps.h"
-
 #include <array>
 #include <chrono>
 #include <cmath>
 #include <ctime>
 #include <cwchar>
 
+#include "platform/wine/services.h"
 #include "platform/wine/utf8.h"
 
 namespace panelkit {

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "platform/files.h"
-#include "platform/wine/folder_listing.h"
+#include "platform/wine/listing.h"
 #include "platform/wine/own_folders.h"
 #include "platform/wine/path_resolver.h"
 
@@ -43,7 +43,7 @@ class WineFiles final : public Files {
 
   const PathResolver& resolver_;
   const OwnFolders& folders_;
-  mutable FolderListing listing_;
+  mutable Listing listing_;
 };
 
 }  // namespace panelkit

@@ -1,12 +1,11 @@
-#include "platform/wine/folder_walk.h"
-
 #include <dirent.h>
 
 #include <algorithm>
 #include <vector>
 
-#include "platform/wine/folder_reader.h"
+#include "platform/wine/directory.h"
 #include "platform/wine/native_file.h"
+#include "platform/wine/services.h"
 
 namespace panelkit {
 namespace {
@@ -24,11 +23,11 @@ struct TreeWalk {
   std::size_t unreadable = 0;
 
   void Visit(const Folder& folder);
-  void VisitFile(const Folder& folder, const FolderEntry& entry);
+  void VisitFile(const Folder& folder, const DirectoryEntry& entry);
 };
 
 void TreeWalk::Visit(const Folder& folder) {
-  auto entries = ReadFolder(folder.native);
+  auto entries = ReadDirectory(folder.native);
   if (!entries) {
     ++unreadable;
     return;
@@ -36,7 +35,7 @@ void TreeWalk::Visit(const Folder& folder) {
   std::sort(entries->begin(), entries->end(),
             [](const auto& a, const auto& b) { return a.name < b.name; });
   const std::size_t first = pending.size();
-  for (const FolderEntry& entry : *entries) {
+  for (const DirectoryEntry& entry : *entries) {
     if (entry.type == DT_DIR && CanBeNamed(entry.name)) {
       pending.push_back({folder.native + '/' + entry.name, folder.windows + '\\' + entry.name});
     } else if (entry.type == DT_REG || entry.type == DT_LNK) {
@@ -46,7 +45,7 @@ void TreeWalk::Visit(const Folder& folder) {
   std::reverse(pending.begin() + static_cast<std::ptrdiff_t>(first), pending.end());
 }
 
-void TreeWalk::VisitFile(const Folder& folder, const FolderEntry& entry) {
+void TreeWalk::VisitFile(const Folder& folder, const DirectoryEntry& entry) {
   ++files;
   if (!visitor.Wants(entry.name) || !CanBeNamed(entry.name)) return;
   const auto status = StatusOf(folder.native + '/' + entry.name);

@@ -9,7 +9,7 @@
 #include <mutex>
 #include <set>
 
-#include "platform/wine/folder_reader.h"
+#include "platform/wine/directory.h"
 
 namespace panelkit {
 
@@ -38,7 +38,7 @@ bool HasName(const OpenFile& file, const std::string& path) {
 }
 
 void RemoveLeftBehind(const std::string& folder) {
-  const auto entries = ReadFolder(folder);
+  const auto entries = ReadDirectory(folder);
   for (std::size_t i = 0; entries && i < entries->size(); ++i) {
     const std::string& name = (*entries)[i].name;
     if (!name.starts_with(kHiddenStart) || !name.ends_with(kHiddenEnd)) continue;

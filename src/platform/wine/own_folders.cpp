@@ -8,7 +8,7 @@
 #include <algorithm>
 #include <cstdlib>
 
-#include "platform/wine/folder_reader.h"
+#include "platform/wine/directory.h"
 #include "platform/wine/native_file.h"
 
 namespace panelkit {
@@ -23,8 +23,8 @@ std::string AbsolutePathIn(const char* variable) {
 }
 
 bool HoldsPictures(const std::string& folder) {
-  const auto entries = ReadFolder(folder);
-  return entries && std::any_of(entries->begin(), entries->end(), [](const FolderEntry& entry) {
+  const auto entries = ReadDirectory(folder);
+  return entries && std::any_of(entries->begin(), entries->end(), [](const DirectoryEntry& entry) {
            return entry.name.ends_with(".gif");
          });
 }

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <system_error>
 
+#include "platform/wine/letter_case.h"
 #include "platform/wine/native_file.h"
 
 namespace panelkit {
@@ -55,6 +56,28 @@ std::string OrRoot(const std::string& path) {
 
 }  // namespace
 
+Spellings::Folder Spellings::Read(const std::string& folder, const struct stat& status) {
+  Folder read{DirectoryState(status), {}};
+  for (auto& entry : ReadDirectory(folder).value_or(std::vector<DirectoryEntry>{})) {
+    read.by_lowered_name[Lowered(entry.name)].push_back(std::move(entry.name));
+  }
+  for (auto& [lowered, names] : read.by_lowered_name) std::sort(names.begin(), names.end());
+  return read;
+}
+
+std::vector<std::string> Spellings::Matches(const std::string& folder, std::string_view name) {
+  constexpr std::size_t kMostFolders = 256;
+  const auto status = StatusOf(folder);
+  if (!status || !S_ISDIR(status->st_mode)) return {};
+  auto known = folders_.find(folder);
+  if (known == folders_.end() || !known->second.state.StillHolds(*status)) {
+    if (folders_.size() >= kMostFolders) folders_.clear();
+    known = folders_.insert_or_assign(folder, Read(folder, *status)).first;
+  }
+  const auto found = known->second.by_lowered_name.find(Lowered(name));
+  return found == known->second.by_lowered_name.end() ? std::vector<std::string>{} : found->second;
+}
+
 /// Takes the path's beginning away and gives the folder that it means.
 std::optional<PathResolver::Location> PathResolver::LocateRoot(std::string_view& path) const {
   std::optional<std::string> root;
@@ -91,7 +114,7 @@ std::optional<PathResolver::Found> PathResolver::FindEntry(const std::string& fo
   std::string entry = folder + '/';
   entry += name;
   if (const auto status = StatusOf(entry)) return Found{std::move(entry), *status};
-  for (const auto& match : index_.Matches(OrRoot(folder), name)) {
+  for (const auto& match : spellings_.Matches(OrRoot(folder), name)) {
     entry.replace(folder.size() + 1, std::string::npos, match);
     if (const auto status = StatusOf(entry)) return Found{std::move(entry), *status};
   }
@@ -176,7 +199,7 @@ std::optional<std::string> PathResolver::ForCreation(std::string_view windows_pa
 
 std::vector<std::string> PathResolver::OtherSpellings(const std::string& native_path) const {
   const std::string_view name = NameOf(native_path);
-  auto names = index_.Matches(FolderOf(native_path), name);
+  auto names = spellings_.Matches(FolderOf(native_path), name);
   names.erase(std::remove(names.begin(), names.end(), name), names.end());
   return names;
 }

@@ -7,11 +7,31 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
+#include <vector>
 
+#include "platform/wine/directory.h"
 #include "platform/wine/drives.h"
-#include "platform/wine/folder_index.h"
 
 namespace panelkit {
+
+/// Finds the spellings of a name in a folder, without reading a large folder for each name:
+/// remembers the names in folders that were searched. A folder is read again when its time stamp
+/// shows a change since, or was so young that a later change might not show.
+class Spellings {
+ public:
+  /// Names in the native folder that equal `name` with case ignored, in byte order.
+  std::vector<std::string> Matches(const std::string& folder, std::string_view name);
+
+ private:
+  struct Folder {
+    DirectoryState state;
+    std::unordered_map<std::string, std::vector<std::string>> by_lowered_name;
+  };
+  static Folder Read(const std::string& folder, const struct stat& status);
+
+  std::unordered_map<std::string, Folder> folders_;
+};
 
 /// Resolves Windows paths in UTF-8 as the programs of a Wine prefix see them: both separators and
 /// doubled ones work, "." and ".." are taken away before the disk is asked, relative paths start at
@@ -73,7 +93,7 @@ class PathResolver {
   std::optional<Found> FindEntry(const std::string& folder, std::string_view name) const;
 
   Drives drives_;
-  mutable FolderIndex index_;
+  mutable Spellings spellings_;
 };
 
 }  // namespace panelkit

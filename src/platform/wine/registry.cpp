@@ -1,5 +1,3 @@
-#include "platform/wine/registry.h"
-
 #include <algorithm>
 #include <charconv>
 #include <utility>
@@ -7,6 +5,7 @@
 #include "platform/files.h"
 #include "platform/wine/letter_case.h"
 #include "platform/wine/native_file.h"
+#include "platform/wine/services.h"
 
 namespace panelkit {
 

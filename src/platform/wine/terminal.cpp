@@ -7,9 +7,8 @@
 #include <cerrno>
 #include <csignal>
 
-#include "platform/wine/iconv_handle.h"
+#include "platform/wine/c_library.h"
 #include "platform/wine/native_file.h"
-#include "platform/wine/user_locale.h"
 #include "platform/wine/utf8.h"
 
 namespace panelkit::terminal {

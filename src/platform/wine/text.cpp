@@ -1,11 +1,10 @@
-#include "platform/wine/text.h"
-
 #include <array>
 #include <cerrno>
 #include <optional>
 #include <utility>
 
 #include "platform/wine/letter_case.h"
+#include "platform/wine/services.h"
 #include "platform/wine/utf8.h"
 
 namespace panelkit {

@@ -7,13 +7,10 @@
 #include "platform/local_machine.h"
 #include "platform/wine/archives.h"
 #include "platform/wine/cabinet/cabinet_walk.h"
-#include "platform/wine/date_stamps.h"
 #include "platform/wine/files.h"
-#include "platform/wine/folder_walk.h"
 #include "platform/wine/own_folders.h"
 #include "platform/wine/path_resolver.h"
-#include "platform/wine/registry.h"
-#include "platform/wine/text.h"
+#include "platform/wine/services.h"
 #include "platform/wine/wine_prefix.h"
 
 namespace panelkit {

@@ -8,7 +8,7 @@
 #include <string_view>
 #include <system_error>
 
-#include "platform/wine/folder_reader.h"
+#include "platform/wine/directory.h"
 #include "platform/wine/native_file.h"
 #include "platform/wine/own_folders.h"
 
@@ -55,7 +55,7 @@ std::vector<std::string> Expanded(const std::string& base, std::string_view patt
   const std::string_view rest = pattern.substr(std::min(end + 1, pattern.size()));
   if (!part.ends_with('*')) return Expanded(base + '/' + std::string(part), rest);
   const std::string_view start = part.substr(0, part.size() - 1);
-  auto entries = ReadFolder(base).value_or(std::vector<FolderEntry>{});
+  auto entries = ReadDirectory(base).value_or(std::vector<DirectoryEntry>{});
   std::sort(entries.begin(), entries.end(),
             [](const auto& a, const auto& b) { return a.name < b.name; });
   std::vector<std::string> found;

@@ -11,7 +11,7 @@
 
 #include "platform/date_stamps.h"
 #include "platform/wine/cabinet/win32_error.h"
-#include "platform/wine/folder_reader.h"
+#include "platform/wine/directory.h"
 #include "platform/wine/letter_case.h"
 
 namespace panelkit {
@@ -49,7 +49,7 @@ std::optional<std::string> TargetPaths::Find(std::string_view windows_path) {
   const auto [known, is_new] = folders_.try_emplace(folder);
   NamesByLoweredName& names = known->second;
   if (is_new) {
-    for (const auto& entry : ReadFolder(folder).value_or(std::vector<FolderEntry>())) {
+    for (const auto& entry : ReadDirectory(folder).value_or(std::vector<DirectoryEntry>())) {
       std::string& name = names[Lowered(entry.name)];
       if (name.empty() || entry.name < name) name = entry.name;
     }

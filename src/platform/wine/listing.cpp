@@ -1,4 +1,4 @@
-#include "platform/wine/folder_listing.h"
+#include "platform/wine/listing.h"
 
 #include <dirent.h>
 
@@ -19,7 +19,7 @@ namespace {
 constexpr std::chrono::seconds kAttributesHold{1};
 
 /// The kind of an entry, links followed: DT_REG, DT_DIR or another.
-unsigned char TypeOf(const FolderEntry& entry, const std::string& folder) {
+unsigned char TypeOf(const DirectoryEntry& entry, const std::string& folder) {
   if (entry.type != DT_LNK) return entry.type;
   const auto status = StatusOf(folder + '/' + entry.name);
   if (!status) return DT_UNKNOWN;
@@ -27,14 +27,14 @@ unsigned char TypeOf(const FolderEntry& entry, const std::string& folder) {
 }
 
 /// Orders entries by their upper-cased names.
-void Sort(std::vector<FolderEntry>& entries) {
+void Sort(std::vector<DirectoryEntry>& entries) {
   struct Keyed {
     std::string upper;
-    FolderEntry* entry;
+    DirectoryEntry* entry;
   };
   std::vector<Keyed> keyed;
   keyed.reserve(entries.size());
-  for (FolderEntry& entry : entries) keyed.push_back({Uppered(entry.name), &entry});
+  for (DirectoryEntry& entry : entries) keyed.push_back({Uppered(entry.name), &entry});
   std::vector<const Keyed*> order;  // Addresses are cheaper to move than texts.
   order.reserve(keyed.size());
   for (const Keyed& key : keyed) order.push_back(&key);
@@ -42,7 +42,7 @@ void Sort(std::vector<FolderEntry>& entries) {
     const int upper = a->upper.compare(b->upper);
     return upper != 0 ? upper < 0 : a->entry->name < b->entry->name;
   });
-  std::vector<FolderEntry> sorted;
+  std::vector<DirectoryEntry> sorted;
   sorted.reserve(entries.size());
   for (const Keyed* key : order) sorted.push_back(std::move(*key->entry));
   entries = std::move(sorted);
@@ -50,9 +50,9 @@ void Sort(std::vector<FolderEntry>& entries) {
 
 }  // namespace
 
-std::optional<std::vector<ListedEntry>> FolderListing::List(const std::string& folder,
-                                                            std::string_view pattern,
-                                                            ListedEntries entries) {
+std::optional<std::vector<ListedEntry>> Listing::List(const std::string& folder,
+                                                      std::string_view pattern,
+                                                      ListedEntries entries) {
   if (!Refresh(folder)) return std::nullopt;
   const std::string wanted = Lowered(pattern);
   const bool with_folders = entries == ListedEntries::FilesAndFolders;
@@ -78,7 +78,7 @@ std::optional<std::vector<ListedEntry>> FolderListing::List(const std::string& f
 }
 
 /// False if the folder cannot be read.
-bool FolderListing::Refresh(const std::string& folder) {
+bool Listing::Refresh(const std::string& folder) {
   const auto status = StatusOf(folder);
   const auto now = std::chrono::steady_clock::now();
   if (status && folder == folder_ && state_ && state_->StillHolds(*status)) {
@@ -90,13 +90,13 @@ bool FolderListing::Refresh(const std::string& folder) {
   state_.reset();
   entries_.clear();
   if (!status) return false;
-  const FolderState state(*status);
-  auto found = ReadFolder(folder);
+  const DirectoryState state(*status);
+  auto found = ReadDirectory(folder);
   if (!found) return false;
-  std::erase_if(*found, [](const FolderEntry& entry) { return !CanBeNamed(entry.name); });
+  std::erase_if(*found, [](const DirectoryEntry& entry) { return !CanBeNamed(entry.name); });
   Sort(*found);
   entries_.reserve(found->size());
-  for (FolderEntry& entry : *found) entries_.push_back({std::move(entry)});
+  for (DirectoryEntry& entry : *found) entries_.push_back({std::move(entry)});
   folder_ = folder;
   state_ = state;
   read_at_ = now;
@@ -104,7 +104,7 @@ bool FolderListing::Refresh(const std::string& folder) {
 }
 
 /// Threads share the work: it is most of a listing's time, the more so on a slow disk.
-void FolderListing::LookForHidden(const std::vector<Entry*>& entries) const {
+void Listing::LookForHidden(const std::vector<Entry*>& entries) const {
   constexpr std::size_t kLeastShare = 256;  // Worth a thread.
   const FolderAttributes attributes(folder_);
   const auto look_at = [&attributes, &entries](std::size_t begin, std::size_t end) {

@@ -8,14 +8,14 @@
 #include <vector>
 
 #include "platform/files.h"
-#include "platform/wine/folder_reader.h"
+#include "platform/wine/directory.h"
 
 namespace panelkit {
 
 /// Makes the listings of Files::List. The last folder is remembered: as long as its time stamp
 /// shows no change, a second listing of it reads no entries, and for a second after the first asks
 /// for no attributes again. For one thread.
-class FolderListing {
+class Listing {
  public:
   /// The entries of the native folder that match the pattern ("*.gau"); nullopt if the folder
   /// cannot be read.
@@ -25,7 +25,7 @@ class FolderListing {
  private:
   enum class Hidden { Unknown, No, Yes };
   struct Entry {
-    FolderEntry entry;
+    DirectoryEntry entry;
     Hidden hidden = Hidden::Unknown;
   };
 
@@ -33,7 +33,7 @@ class FolderListing {
   void LookForHidden(const std::vector<Entry*>& entries) const;
 
   std::string folder_;
-  std::optional<FolderState> state_;  // nullopt if no folder is remembered.
+  std::optional<DirectoryState> state_;  // nullopt if no folder is remembered.
   std::chrono::steady_clock::time_point read_at_;
   std::vector<Entry> entries_;  // Those that a Windows path can hold, by their upper-cased names.
 };

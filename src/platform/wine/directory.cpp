@@ -1,4 +1,4 @@
-#include "platform/wine/folder_reader.h"
+#include "platform/wine/directory.h"
 
 #include <dirent.h>
 #include <fcntl.h>
@@ -37,15 +37,15 @@ unsigned char TypeOf(DIR* folder, const std::string& name) {
 
 }  // namespace
 
-std::optional<std::vector<FolderEntry>> ReadFolder(const std::string& native_path) {
+std::optional<std::vector<DirectoryEntry>> ReadDirectory(const std::string& native_path) {
   const std::unique_ptr<DIR, CloseFolder> folder(opendir(native_path.c_str()));
   if (!folder) return std::nullopt;
-  std::vector<FolderEntry> entries;
+  std::vector<DirectoryEntry> entries;
   for (;;) {
     errno = 0;
     const dirent* const entry = readdir(folder.get());
     if (!entry) break;
-    FolderEntry found{entry->d_name, entry->d_type};
+    DirectoryEntry found{entry->d_name, entry->d_type};
     if (found.name == "." || found.name == "..") continue;
     if (found.type == DT_UNKNOWN) found.type = TypeOf(folder.get(), found.name);
     entries.push_back(std::move(found));
@@ -58,10 +58,10 @@ bool CanBeNamed(const std::string& name) {
   return name.find('\\') == std::string::npos && utf8::IsValid(name);
 }
 
-FolderState::FolderState(const struct stat& status)
+DirectoryState::DirectoryState(const struct stat& status)
     : status_(status), shows_changes_(ShowsChanges(status)) {}
 
-bool FolderState::StillHolds(const struct stat& now) const {
+bool DirectoryState::StillHolds(const struct stat& now) const {
   return shows_changes_ && IsSameState(status_, now);
 }
 
