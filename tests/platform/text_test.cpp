@@ -44,7 +44,8 @@ TEST_CASE("Letters stand where their code page has them, and change case in ever
   // No page shows a "?" for a small letter whose capital it lacks.
   CHECK(text->Upper("µ ƒ Μ?") == "µ ƒ Μ?");
   CHECK(TextOf(1253)->Upper("ƒ ώ") == "ƒ Ώ");
-  CHECK(TextOf(65001)->Upper("µ ƒ") == "Μ Ƒ");
+  // Not every Windows has a capital of "µ".
+  CHECK(TextOf(65001)->Upper("ƒ") == "Ƒ");
 }
 
 }  // namespace
