@@ -65,7 +65,7 @@ FileContent ReadConfig(Files& files, const std::string& path) {
   FileContent config = files.Read(path);
   const std::string record_path = RecordOf(files, path);
   if (!config.bytes || !files.Exists(record_path)) return config;
-  const FileContent record = files.Read(record_path);
+  FileContent record = files.Read(record_path);
   if (!record.bytes) return record;
   const Contents contents = ContentsOf(*record.bytes);
   if (!IsOnTheWay(*config.bytes, contents)) return config;

@@ -108,7 +108,6 @@ none_lost() {
   holds "$spare" 1.gau
   cmp -s "$work/newer" "$spare/1.gau" && holds "$gauges"
 }
-prepare
 killed none_lost clean
 
 # A configuration whose folder takes no new file, or that cannot be replaced, is rewritten in place;

@@ -31,8 +31,8 @@ bool Lock(const OpenFile& file) {
 
 /// Whether the file is still what its path names.
 bool HasName(const OpenFile& file, const std::string& path) {
-  struct stat own {
-  }, named{};
+  struct stat own {};
+  struct stat named {};
   return fstat(file.Descriptor(), &own) == 0 && lstat(path.c_str(), &named) == 0 &&
          own.st_dev == named.st_dev && own.st_ino == named.st_ino;
 }
