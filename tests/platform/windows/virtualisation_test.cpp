@@ -21,7 +21,7 @@ struct VirtualStore : Disk {
   /// Where a call for a path leads; empty if it is refused.
   std::wstring Led(const wchar_t* path, bool to_change) const {
     static const std::wstring marker = L"\\Program Files\\";
-    const std::wstring name = path;
+    std::wstring name = path;
     const std::size_t at = name.find(marker);
     if (at == std::wstring::npos || (!is_on && !to_change)) return name;
     if (!is_on) {
