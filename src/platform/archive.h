@@ -23,7 +23,6 @@ struct ArchiveEntry {
 /// Why an archive, or an entry's content, could not be read to its end.
 enum class ArchiveFault {
   None,
-  NoReader,    ///< This system has no library that reads archives.
   Unreadable,  ///< The file cannot be opened or read.
   Damaged,     ///< It is no archive of a known kind, or a damaged one.
   Encrypted,   ///< The names of the entries are encrypted.

@@ -17,8 +17,6 @@ std::string ReasonOf(ArchiveFault fault) {
   switch (fault) {
     case ArchiveFault::None:
       return {};
-    case ArchiveFault::NoReader:
-      return "this system has no library that reads archives";
     case ArchiveFault::Unreadable:
       return "it cannot be read";
     case ArchiveFault::Damaged:

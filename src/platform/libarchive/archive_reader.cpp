@@ -1,5 +1,8 @@
 #include "platform/libarchive/archive_reader.h"
 
+#include <archive.h>
+#include <archive_entry.h>
+
 #include <algorithm>
 #include <array>
 #include <fstream>
@@ -7,21 +10,27 @@
 #include <vector>
 
 #include "platform/files.h"
-#include "platform/libarchive/library.h"
 
 namespace panelkit {
 namespace {
 
-using libarchive::Library;
-
 struct FreeReader {
-  void operator()(archive* reader) const { libarchive::LoadedLibrary()->archive_read_free(reader); }
+  void operator()(archive* reader) const { archive_read_free(reader); }
 };
 using Reader = std::unique_ptr<archive, FreeReader>;
 
-Reader NewReader(const Library& library) {
-  Reader reader(library.archive_read_new());
-  libarchive::SupportFormats(reader.get());
+Reader NewReader() {
+  Reader reader(archive_read_new());
+  for (const auto support : {archive_read_support_format_zip, archive_read_support_format_7zip,
+                             archive_read_support_format_rar, archive_read_support_format_rar5,
+                             archive_read_support_format_tar, archive_read_support_format_cab,
+                             archive_read_support_filter_gzip, archive_read_support_filter_bzip2,
+                             archive_read_support_filter_xz, archive_read_support_filter_lzma,
+                             archive_read_support_filter_compress}) {
+    support(reader.get());
+  }
+  // Without it, the library would start another program for such archives.
+  if (archive_libzstd_version() != nullptr) archive_read_support_filter_zstd(reader.get());
   return reader;
 }
 
@@ -69,23 +78,20 @@ la_int64_t SeekInFile(archive*, void* file_address, la_int64_t offset, int whenc
                                                 : std::ios::end);
 }
 
-bool Open(const Library& library, archive* reader, ArchiveFile& file) {
-  library.archive_read_set_read_callback(reader, ReadFile);
-  library.archive_read_set_skip_callback(reader, SkipInFile);
-  library.archive_read_set_seek_callback(reader, SeekInFile);
-  library.archive_read_set_callback_data(reader, &file);
-  return library.archive_read_open1(reader) == ARCHIVE_OK;
+bool Open(archive* reader, ArchiveFile& file) {
+  archive_read_set_read_callback(reader, ReadFile);
+  archive_read_set_skip_callback(reader, SkipInFile);
+  archive_read_set_seek_callback(reader, SeekInFile);
+  archive_read_set_callback_data(reader, &file);
+  return archive_read_open1(reader) == ARCHIVE_OK;
 }
 
 /// Walks one opened archive within the limits of archive.h.
 class EntryWalk {
  public:
   /// `size` is the archive's own.
-  EntryWalk(const Library& library, archive* reader, std::uint64_t size, const Text& text)
-      : library_(library),
-        reader_(reader),
-        limit_(std::max(kHarmlessSize, size * kLargestExpansion)),
-        text_(text) {}
+  EntryWalk(archive* reader, std::uint64_t size, const Text& text)
+      : reader_(reader), limit_(std::max(kHarmlessSize, size * kLargestExpansion)), text_(text) {}
 
   ArchiveFault Run(const OnArchiveEntry& visit);
 
@@ -95,7 +101,6 @@ class EntryWalk {
   bool PassingCosts(const ArchiveEntry& entry);
   ArchiveContent Content(const ArchiveEntry& entry);
 
-  const Library& library_;
   archive* reader_;
   std::uint64_t limit_;
   const Text& text_;
@@ -105,10 +110,10 @@ class EntryWalk {
 ArchiveFault EntryWalk::Run(const OnArchiveEntry& visit) {
   for (std::size_t count = 0;; ++count) {
     archive_entry* raw = nullptr;
-    const int status = library_.archive_read_next_header(reader_, &raw);
+    const int status = archive_read_next_header(reader_, &raw);
     if (status == ARCHIVE_EOF) return ArchiveFault::None;
     if (status != ARCHIVE_OK && status != ARCHIVE_WARN) {
-      const bool is_encrypted = library_.archive_read_has_encrypted_entries(reader_) > 0;
+      const bool is_encrypted = archive_read_has_encrypted_entries(reader_) > 0;
       return is_encrypted ? ArchiveFault::Encrypted : ArchiveFault::Damaged;
     }
     if (count == kMostArchiveEntries) return ArchiveFault::TooLarge;
@@ -127,28 +132,27 @@ ArchiveFault EntryWalk::Run(const OnArchiveEntry& visit) {
 /// Whether the next header lies behind the entry's unpacked content: everywhere but in a zip file,
 /// which has a directory.
 bool EntryWalk::PassingCosts(const ArchiveEntry& entry) {
-  const int format = library_.archive_format(reader_) & ARCHIVE_FORMAT_BASE_MASK;
+  const int format = archive_format(reader_) & ARCHIVE_FORMAT_BASE_MASK;
   return entry.is_plain_file && format != ARCHIVE_FORMAT_ZIP;
 }
 
 ArchiveEntry EntryWalk::Describe(archive_entry* entry) const {
   ArchiveEntry described;
   described.name = NameOf(entry);
-  described.size =
-      static_cast<std::uint64_t>(std::max<la_int64_t>(0, library_.archive_entry_size(entry)));
-  described.modified = library_.archive_entry_mtime(entry);
-  described.is_plain_file = library_.archive_entry_filetype(entry) == AE_IFREG &&
-                            library_.archive_entry_hardlink(entry) == nullptr &&
-                            library_.archive_entry_symlink(entry) == nullptr;
-  described.is_encrypted = library_.archive_entry_is_encrypted(entry) != 0;
+  described.size = static_cast<std::uint64_t>(std::max<la_int64_t>(0, archive_entry_size(entry)));
+  described.modified = archive_entry_mtime(entry);
+  described.is_plain_file = archive_entry_filetype(entry) == AE_IFREG &&
+                            archive_entry_hardlink(entry) == nullptr &&
+                            archive_entry_symlink(entry) == nullptr;
+  described.is_encrypted = archive_entry_is_encrypted(entry) != 0;
   return described;
 }
 
 std::string EntryWalk::NameOf(archive_entry* entry) const {
   std::string name;
-  if (const char* unicode = library_.archive_entry_pathname_utf8(entry)) {
+  if (const char* unicode = archive_entry_pathname_utf8(entry)) {
     name = unicode;
-  } else if (const char* stored = library_.archive_entry_pathname(entry)) {
+  } else if (const char* stored = archive_entry_pathname(entry)) {
     name = text_.FromAnsi(stored);
   }
   std::replace(name.begin(), name.end(), '/', '\\');
@@ -161,7 +165,7 @@ ArchiveContent EntryWalk::Content(const ArchiveEntry& entry) {
   std::string content;
   std::vector<char> buffer(65536);
   for (;;) {
-    const la_ssize_t count = library_.archive_read_data(reader_, buffer.data(), buffer.size());
+    const la_ssize_t count = archive_read_data(reader_, buffer.data(), buffer.size());
     if (count == 0) return {std::move(content)};
     if (count < 0) return {std::nullopt, ArchiveFault::Damaged};
     unpacked_ += static_cast<std::uint64_t>(count);
@@ -175,26 +179,22 @@ ArchiveContent EntryWalk::Content(const ArchiveEntry& entry) {
 }  // namespace
 
 ArchiveFault LibarchiveReader::Read(std::string_view path, const OnArchiveEntry& visit) const {
-  const Library* const library = libarchive::LoadedLibrary();
-  if (!library) return ArchiveFault::NoReader;
-  const auto utf8 = libarchive::ConvertNamesToUtf8();
+  const auto utf8 = ConvertNamesToUtf8();
   ArchiveFile file(native_path_(path));
   if (!file.IsOpen()) return ArchiveFault::Unreadable;
-  const Reader reader = NewReader(*library);
-  if (!Open(*library, reader.get(), file)) return ArchiveFault::Damaged;
-  return EntryWalk(*library, reader.get(), static_cast<std::uint64_t>(file.size), text_).Run(visit);
+  const Reader reader = NewReader();
+  if (!Open(reader.get(), file)) return ArchiveFault::Damaged;
+  return EntryWalk(reader.get(), static_cast<std::uint64_t>(file.size), text_).Run(visit);
 }
 
 ArchiveFault LibarchiveReader::ReadBytes(std::string_view bytes,
                                          const OnArchiveEntry& visit) const {
-  const Library* const library = libarchive::LoadedLibrary();
-  if (!library) return ArchiveFault::NoReader;
-  const auto utf8 = libarchive::ConvertNamesToUtf8();
-  const Reader reader = NewReader(*library);
-  if (library->archive_read_open_memory(reader.get(), bytes.data(), bytes.size()) != ARCHIVE_OK) {
+  const auto utf8 = ConvertNamesToUtf8();
+  const Reader reader = NewReader();
+  if (archive_read_open_memory(reader.get(), bytes.data(), bytes.size()) != ARCHIVE_OK) {
     return ArchiveFault::Damaged;
   }
-  return EntryWalk(*library, reader.get(), bytes.size(), text_).Run(visit);
+  return EntryWalk(reader.get(), bytes.size(), text_).Run(visit);
 }
 
 }  // namespace panelkit

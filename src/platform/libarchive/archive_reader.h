@@ -3,6 +3,7 @@
 
 #include <filesystem>
 #include <functional>
+#include <memory>
 
 #include "platform/archive.h"
 #include "platform/text.h"
@@ -26,5 +27,9 @@ class LibarchiveReader : public ArchiveReader {
   const Text& text_;
   NativePath native_path_;
 };
+
+/// What each system's back end implements: while it lives, names of entries convert to UTF-8 on
+/// this thread whatever the locale.
+std::shared_ptr<void> ConvertNamesToUtf8();
 
 }  // namespace panelkit

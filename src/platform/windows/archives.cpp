@@ -5,10 +5,8 @@
 #include <algorithm>
 #include <array>
 
-#include "platform/libarchive/library.h"
 #include "platform/windows/handle.h"
 #include "platform/windows/paths.h"
-#include "platform/windows/system_library.h"
 #include "platform/windows/wide.h"
 
 namespace panelkit {
@@ -70,16 +68,9 @@ std::unique_ptr<UnpackedFile> WindowsArchives::Unpack(std::string_view bytes,
 
 }  // namespace windows
 
-namespace libarchive {
-
-void* FindArchiveCall(const char* function) {
-  return windows::FindSystemCall(L"archiveint.dll", function);
-}
-
 // The library keeps wide names here, whatever the locale.
 std::shared_ptr<void> ConvertNamesToUtf8() {
   return nullptr;
 }
 
-}  // namespace libarchive
 }  // namespace panelkit

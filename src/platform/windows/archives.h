@@ -5,8 +5,7 @@
 
 namespace panelkit::windows {
 
-/// Reads archives by the libarchive that is part of Windows 10 and later (archiveint.dll). An older
-/// Windows has no reader.
+/// Reads archives by the libarchive that is part of the program.
 class WindowsArchives : public LibarchiveReader {
  public:
   explicit WindowsArchives(const Text& text);

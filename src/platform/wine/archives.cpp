@@ -1,6 +1,5 @@
 #include "platform/wine/archives.h"
 
-#include <dlfcn.h>
 #include <fcntl.h>
 #include <sys/mman.h>
 #include <sys/stat.h>
@@ -8,7 +7,6 @@
 
 #include <clocale>
 
-#include "platform/libarchive/library.h"
 #include "platform/wine/native_file.h"
 
 namespace panelkit {
@@ -76,17 +74,8 @@ std::unique_ptr<UnpackedFile> WineArchives::Unpack(std::string_view bytes,
   return file;
 }
 
-namespace libarchive {
-
-void* FindArchiveCall(const char* function) {
-  // The name of the library's interface, which all its versions from 3.0 on have.
-  static void* const library = dlopen("libarchive.so.13", RTLD_NOW | RTLD_LOCAL);
-  return library ? dlsym(library, function) : nullptr;
-}
-
 std::shared_ptr<void> ConvertNamesToUtf8() {
   return std::make_shared<Utf8Locale>();
 }
 
-}  // namespace libarchive
 }  // namespace panelkit

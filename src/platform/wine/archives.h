@@ -6,7 +6,7 @@
 
 namespace panelkit {
 
-/// Reads archives by the system's libarchive, where it is installed.
+/// Reads archives by the system's libarchive.
 class WineArchives final : public LibarchiveReader {
  public:
   WineArchives(const PathResolver& resolver, const Text& text);
