@@ -28,7 +28,7 @@ void Search(LocalMachine& machine, const std::vector<std::string>& folders, Find
   CandidateSearch search(services, result.pool, SearchDepth::Archives, on_progress);
   for (const std::string& folder : folders) {
     if (search.Ended() || search.LookThrough(machine.WindowsPath(folder))) continue;
-    result.notes.sentences.push_back("There is no folder " + folder + ".");
+    result.notes.sentences.push_back("There is no folder or file " + folder + ".");
     result.notes.failed = true;
   }
   result.passed_over = search.WhatWasPassedOver();
@@ -57,6 +57,9 @@ FindResult Find(LocalMachine& machine, const CommandLine& line, const std::strin
   result.gauges = FoldersOf(simulator, services.files.AppFolder()).gauges;
   result.required = Probe(services, simulator, result.notes);
   Search(machine, line.folders, result);
+  for (PassedOver& what : RejectUnfit(services, result.required, result.pool)) {
+    result.passed_over.push_back(std::move(what));
+  }
   if (line.install) InstallBest(services, line.dry_run, result);
   result.is_interrupted = terminal::Interrupted();
   if (line.install && !line.dry_run && !result.is_interrupted) {
@@ -78,8 +81,8 @@ int FindCommand(LocalMachine& machine, const CommandLine& line) {
   if (!complaint.empty()) return Complain(complaint);
   const terminal::InterruptGuard guard;
   const FindResult result = Find(machine, line, simulator);
+  const bool done = Tell(result.notes);  // First, since the result may be long.
   terminal::WriteOut(TextOf(machine, line, result));
-  const bool done = Tell(result.notes);
   if (result.is_interrupted) return ComplainOfInterrupt("Nothing was begun after that.");
   if (!done) return kExitError;
   const auto& missing = result.still_required ? *result.still_required : result.required;

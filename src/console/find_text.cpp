@@ -30,6 +30,7 @@ std::string OfferLine(LocalMachine& machine, const RequiredFile& required, const
     line += ", " + std::to_string(offer.entries.size()) + " of " +
             std::to_string(required.entries.size()) + " gauges";
   }
+  if (candidate.is_renamed) line += ", as " + candidate.name;
   return line + ")\n";
 }
 

@@ -42,6 +42,10 @@ const char* NameOf(HintKind kind) {
       return "lacks-entry";
     case HintKind::DamagedCabinet:
       return "damaged-cabinet";
+    case HintKind::Misnamed:
+      return "misnamed";
+    case HintKind::EndingInPanel:
+      return "ending-in-panel";
     case HintKind::NearName:
       return "near-name";
   }

@@ -8,13 +8,16 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace panelkit {
 
 /// One entry of an archive, as the archive describes it. None of it can be trusted.
 struct ArchiveEntry {
-  std::string name;            ///< UTF-8, folders separated by backslashes; may lead anywhere.
-  std::uint64_t size = 0;      ///< Bytes when unpacked; 0 if the archive does not say.
+  std::string name;  ///< UTF-8, folders separated by backslashes, without "." and empty parts but
+                     ///< a first one; "?" stands for control characters. May lead anywhere.
+  std::vector<std::string> other_names;  ///< What the name may be in other code pages.
+  std::uint64_t size = 0;                ///< Bytes when unpacked; 0 if the archive does not say.
   std::int64_t modified = 0;   ///< Seconds since 1970, UTC; 0 if the archive does not say.
   bool is_plain_file = false;  ///< False for folders, links, devices and the like.
   bool is_encrypted = false;
@@ -23,10 +26,14 @@ struct ArchiveEntry {
 /// Why an archive, or an entry's content, could not be read to its end.
 enum class ArchiveFault {
   None,
-  Unreadable,  ///< The file cannot be opened or read.
-  Damaged,     ///< It is no archive of a known kind, or a damaged one.
-  Encrypted,   ///< The names of the entries are encrypted.
-  TooLarge,    ///< It would unpack to more than the limits below allow.
+  Unreadable,   ///< The file cannot be opened or read.
+  NoArchive,    ///< It is no archive of a known kind.
+  Damaged,      ///< Its bytes contradict each other.
+  CutOff,       ///< It ends too early, as a broken download does.
+  OtherMethod,  ///< It is packed by a method that cannot be read here.
+  Encrypted,    ///< The content is encrypted, or the names of the entries are.
+  NoRoom,       ///< There is not memory enough.
+  TooLarge,     ///< It would unpack to more than the limits below allow.
 };
 
 /// An entry's content: at most kLargestFile bytes, or why there is none.

@@ -28,6 +28,7 @@ std::vector<const Candidate*> CandidatePool::ThatSatisfy(std::string_view entry)
   for (const Batch& batch : batches_) {
     for (const int row : batch.table.RowsThatSatisfy(text_, entry)) {
       const Candidate* owner = batch.owners[static_cast<std::size_t>(row)];
+      if (rejected_.contains(owner)) continue;
       if (found.empty() || found.back() != owner) found.push_back(owner);
     }
   }

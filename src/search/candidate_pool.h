@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <deque>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,6 +22,7 @@ struct Candidate {
                                     ///< empty for a plain file.
   std::uint64_t size = 0;           ///< Bytes.
   std::int64_t modified = 0;        ///< Seconds since 1970, UTC.
+  bool is_renamed = false;          ///< `name` is its OriginalName: it has another one now.
 };
 
 /// Candidates with the rows that each would add to the table of installed gauges. Whether one
@@ -33,6 +35,9 @@ class CandidatePool {
 
   /// `rows` are those of the cabinet alone. One without rows can satisfy nothing and is left out.
   void AddCabinet(Candidate candidate, const GaugeTable& rows);
+
+  /// Takes a candidate of this pool out of all answers but All.
+  void Reject(const Candidate* candidate) { rejected_.insert(candidate); }
 
   /// Their addresses stay valid as long as the pool.
   const std::deque<Candidate>& All() const { return candidates_; }
@@ -51,6 +56,7 @@ class CandidatePool {
   const Text& text_;
   std::deque<Candidate> candidates_;
   std::vector<Batch> batches_;
+  std::set<const Candidate*> rejected_;
 };
 
 }  // namespace panelkit

@@ -6,6 +6,8 @@
 #include "cabinet/entry_name.h"
 #include "search/cabinet_listing.h"
 #include "search/gauge_names.h"
+#include "search/reasons.h"
+#include "text/matching.h"
 
 namespace panelkit {
 namespace {
@@ -13,34 +15,41 @@ namespace {
 /// How many archives may lie in each other.
 constexpr std::size_t kDeepestArchive = 2;
 
-std::string ReasonOf(ArchiveFault fault) {
-  switch (fault) {
-    case ArchiveFault::None:
-      return {};
-    case ArchiveFault::Unreadable:
-      return "it cannot be read";
-    case ArchiveFault::Damaged:
-      return "it is damaged";
-    case ArchiveFault::Encrypted:
-      return "it is encrypted";
-    case ArchiveFault::TooLarge:
-      return "it would unpack to far more than a gauge has";
+// Whether a name leads out of the archive. The reader has taken out "." and empty parts.
+bool LeadsOut(std::string_view name) {
+  if (name.starts_with('\\') || name.find(':') != std::string_view::npos) return true;
+  for (;;) {
+    const std::size_t separator = name.find('\\');
+    // Windows drops dots and blanks at the end of a name.
+    if (name.substr(0, separator).find_first_not_of(". ") == std::string_view::npos) return true;
+    if (separator == std::string_view::npos) return false;
+    name.remove_prefix(separator + 1);
   }
-  return {};
+}
+
+bool NamesAFile(std::string_view name) {
+  return IsSafeEntryName(name) && name.find_first_of("*?<>|\"") == std::string_view::npos;
 }
 
 /// Why an entry must not be read; empty if it may be.
 std::string ReasonAgainst(const ArchiveEntry& entry) {
   if (!entry.is_plain_file) return "it is a link or no file";
-  if (!IsSafeEntryName(entry.name)) return "its name leads out of the archive or names no file";
+  if (LeadsOut(entry.name)) return "its name leads out of the archive";
+  if (!NamesAFile(FileNameOf(entry.name))) return "its name is none that a file can have";
   if (entry.is_encrypted) return ReasonOf(ArchiveFault::Encrypted);
   if (entry.size > kLargestFile) return ReasonOf(ArchiveFault::TooLarge);
   return {};
 }
 
+// The kind by the name or, if that says nothing, by the original name.
+FileKind FirstKindOf(std::string_view name) {
+  const FileKind kind = KindOf(name);
+  return kind == FileKind::Other ? KindOf(OriginalName(FileNameOf(name))) : kind;
+}
+
 bool HoldsGaugesOrArchives(const CabinetListing& listing) {
   return std::any_of(listing.entries.begin(), listing.entries.end(),
-                     [](const std::string& name) { return KindOf(name) != FileKind::Other; });
+                     [](const std::string& name) { return FirstKindOf(name) != FileKind::Other; });
 }
 
 }  // namespace
@@ -48,7 +57,8 @@ bool HoldsGaugesOrArchives(const CabinetListing& listing) {
 /// A file on disk, or an entry of an archive.
 struct CandidateSearch::Place {
   Candidate candidate;
-  std::string_view archive_bytes = {};  ///< Of an archive that is an entry itself.
+  std::vector<std::string> other_names = {};  ///< File names that it may have in its archive.
+  std::string_view archive_bytes = {};        ///< Of an archive that is an entry itself.
 
   Place Entry(const ArchiveEntry& entry) const {
     Place place{candidate};
@@ -56,7 +66,28 @@ struct CandidateSearch::Place {
     place.candidate.name = FileNameOf(entry.name);
     place.candidate.size = entry.size;
     place.candidate.modified = entry.modified;
+    for (const std::string& name : entry.other_names) {
+      if (NamesAFile(FileNameOf(name))) place.other_names.emplace_back(FileNameOf(name));
+    }
     return place;
+  }
+
+  /// What it may be, by each of its names and by the original name of each.
+  std::vector<Candidate> Candidates(FileKind kind) const {
+    std::vector<Candidate> candidates;
+    const auto add = [&](std::string name, bool is_renamed) {
+      if (KindOf(name) != kind || !NamesAFile(name)) return;
+      candidates.push_back(candidate);
+      candidates.back().name = std::move(name);
+      candidates.back().is_renamed = is_renamed;
+    };
+    add(candidate.name, false);
+    add(OriginalName(candidate.name), true);
+    for (const std::string& name : other_names) {
+      add(name, false);
+      add(OriginalName(name), true);
+    }
+    return candidates;
   }
   std::size_t Depth() const { return candidate.inside.size(); }
 };
@@ -70,9 +101,9 @@ class CandidateSearch::Visitor : public FolderVisitor {
     return search_.GoesOn();
   }
   bool Wants(std::string_view name) override {
-    const FileKind kind = KindOf(name);
-    return kind != FileKind::Other &&
-           (kind != FileKind::Archive || search_.depth_ == SearchDepth::Archives);
+    const FileKind kind = FirstKindOf(name);
+    const bool is_gauges = kind == FileKind::GaugeFile || kind == FileKind::Cabinet;
+    return is_gauges || (kind != FileKind::Other && search_.depth_ == SearchDepth::Archives);
   }
   void OnFile(const FoundFile& file) override {
     if (!search_.ended_) search_.LookAt(file);
@@ -83,35 +114,85 @@ class CandidateSearch::Visitor : public FolderVisitor {
   std::size_t before_;
 };
 
-bool CandidateSearch::LookThrough(const std::string& folder) {
-  Visitor visitor(*this);
-  const auto outcome = machine_.folders.Walk(folder, visitor);
-  if (outcome.unreadable > 0) {
-    passed_over_.push_back({folder, {}, "a folder in it cannot be read", outcome.unreadable - 1});
+/// Takes the files of one folder whose names match a pattern.
+class CandidateSearch::NamedFiles : public FolderVisitor {
+ public:
+  NamedFiles(const Text& text, std::string_view pattern)
+      : text_(text), pattern_(text.Lower(pattern)) {}
+
+  bool OnFolder(std::size_t) override { return !std::exchange(has_begun_, true); }
+  bool Wants(std::string_view name) override {
+    return MatchesWildcard(pattern_, text_.Lower(name));
   }
-  return outcome.is_folder;
+  void OnFile(const FoundFile& file) override { found.push_back(file); }
+
+  std::vector<FoundFile> found;
+
+ private:
+  const Text& text_;
+  std::string pattern_;
+  bool has_begun_ = false;
+};
+
+bool CandidateSearch::LookThrough(const std::string& path) {
+  Visitor visitor(*this);
+  const auto outcome = machine_.folders.Walk(path, visitor);
+  if (outcome.unreadable > 0) {
+    passed_over_.push_back({path, {}, "a folder in it cannot be read", outcome.unreadable - 1});
+  }
+  return outcome.is_folder || LookAtNamed(path);
+}
+
+bool CandidateSearch::LookAtNamed(const std::string& path) {
+  const std::string_view name = FileNameOf(path);
+  NamedFiles files(machine_.text, name);
+  machine_.folders.Walk(path.substr(0, path.size() - name.size()), files);
+  const bool is_pattern = name.find_first_of("*?") != std::string_view::npos;
+  for (const FoundFile& file : files.found) {
+    if (!GoesOn()) break;
+    ++progress_.files;
+    if (!is_pattern && FirstKindOf(name) == FileKind::Other) {
+      passed_over_.push_back({file.path, {}, "by its name it is no gauge, cabinet or archive"});
+    }
+    LookAt(file);
+  }
+  return !files.found.empty();
 }
 
 void CandidateSearch::LookAt(const FoundFile& file) {
   if (!seen_.insert(file.path).second) return;
   const std::string name(FileNameOf(file.path));
   const Place place{{name, file.path, {}, file.size, file.modified}};
-  switch (KindOf(name)) {
+  switch (FirstKindOf(name)) {
     case FileKind::GaugeFile:
-      return pool_.AddGaugeFile(place.candidate);
+      return AddGaugeFile(place);
     case FileKind::Cabinet:
       return LookIntoCabinet(place, file.path);
     case FileKind::Archive:
+    case FileKind::Program:
       return LookIntoArchive(place);
     case FileKind::Other:
       return;
   }
 }
 
+void CandidateSearch::AddGaugeFile(const Place& place) {
+  for (Candidate& candidate : place.Candidates(FileKind::GaugeFile)) {
+    pool_.AddGaugeFile(std::move(candidate));
+  }
+}
+
 void CandidateSearch::LookIntoCabinet(const Place& cabinet, const std::string& path) {
-  const CabinetListing listing = ListCabinet(machine_, path, cabinet.candidate.name);
-  pool_.AddCabinet(cabinet.candidate, listing.rows);
-  if (listing.fault) {
+  CabinetListing listing;
+  for (const Candidate& candidate : cabinet.Candidates(FileKind::Cabinet)) {
+    listing = ListCabinet(machine_, path, candidate.name);
+    pool_.AddCabinet(candidate, listing.rows);
+  }
+  if (listing.fault && listing.entries.empty()) {
+    const std::string reason =
+        ReasonAgainstCabinet(machine_.files.Read(path).bytes.value_or(std::string()));
+    PassOver(cabinet, reason.empty() ? "it is damaged before its first entry" : reason);
+  } else if (listing.fault) {
     PassOver(cabinet, "it is damaged behind its entry " + std::to_string(listing.entries.size()));
   } else if (listing.rows.Overflowed()) {
     PassOver(cabinet, "it holds more than 32,767 gauges");
@@ -125,24 +206,28 @@ void CandidateSearch::LookIntoArchive(const Place& archive) {
     return PassOver(archive, "it lies too deep in other archives");
   }
   ++progress_.archives;
+  bool has_entries = false;
   const OnArchiveEntry visit = [&](const ArchiveEntry& entry, const ReadArchiveEntry& read) {
+    has_entries = true;
     return LookAtEntry(archive, entry, read);
   };
   const ArchiveFault fault = archive.Depth() == 0
                                  ? machine_.archives.Read(archive.candidate.path, visit)
                                  : machine_.archives.ReadBytes(archive.archive_bytes, visit);
-  if (fault != ArchiveFault::None) PassOver(archive, ReasonOf(fault));
+  // Most programs are no archives, whatever stands in them by chance.
+  const bool is_program = KindOf(archive.candidate.name) == FileKind::Program && !has_entries;
+  if (fault != ArchiveFault::None && !is_program) PassOver(archive, ReasonOf(fault));
 }
 
 bool CandidateSearch::LookAtEntry(const Place& archive, const ArchiveEntry& entry,
                                   const ReadArchiveEntry& read) {
-  const FileKind kind = KindOf(entry.name);
+  const FileKind kind = FirstKindOf(entry.name);
   if (kind == FileKind::Other) return GoesOn();
   const Place place = archive.Entry(entry);
   if (std::string reason = ReasonAgainst(entry); !reason.empty()) {
     PassOver(place, std::move(reason));
   } else if (kind == FileKind::GaugeFile) {
-    pool_.AddGaugeFile(place.candidate);
+    AddGaugeFile(place);
   } else {
     OpenEntry(place, read);
   }
@@ -154,9 +239,9 @@ void CandidateSearch::OpenEntry(const Place& place, const ReadArchiveEntry& read
   if (!content.bytes) return PassOver(place, ReasonOf(content.fault));
   Place opened = place;
   opened.archive_bytes = *content.bytes;
-  if (KindOf(place.candidate.name) == FileKind::Archive) return LookIntoArchive(opened);
+  if (FirstKindOf(place.candidate.name) != FileKind::Cabinet) return LookIntoArchive(opened);
   const auto file = machine_.archives.Unpack(*content.bytes, place.candidate.modified);
-  if (!file) return PassOver(place, "there is no room to unpack it");
+  if (!file) return PassOver(place, ReasonOf(ArchiveFault::NoRoom));
   LookIntoCabinet(opened, file->Path());
 }
 

@@ -41,8 +41,9 @@ class CandidateSearch {
                   OnProgress on_progress)
       : machine_(machine), pool_(pool), depth_(depth), on_progress_(std::move(on_progress)) {}
 
-  /// Searches a folder (a Windows path) and all below it. False if it is not there.
-  bool LookThrough(const std::string& folder);
+  /// Searches a folder (a Windows path) and all below it, or a file, or the files of one folder
+  /// that match a pattern ("C:\Downloads\*.gau"). False if there is none.
+  bool LookThrough(const std::string& path);
 
   /// Whether OnProgress ended the search.
   bool Ended() const { return ended_; }
@@ -52,9 +53,12 @@ class CandidateSearch {
 
  private:
   class Visitor;
+  class NamedFiles;
   struct Place;
 
+  bool LookAtNamed(const std::string& path);
   void LookAt(const FoundFile& file);
+  void AddGaugeFile(const Place& place);
   void LookIntoCabinet(const Place& cabinet, const std::string& path);
   void LookIntoArchive(const Place& archive);
   bool LookAtEntry(const Place& archive, const ArchiveEntry& entry, const ReadArchiveEntry& read);

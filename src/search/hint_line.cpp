@@ -16,8 +16,10 @@ std::string DifferenceOf(Likeness likeness) {
   }
 }
 
+// As shells of both systems take it.
 std::string AsArgument(const std::string& name) {
-  return name.find(' ') == std::string::npos ? name : '"' + name + '"';
+  constexpr std::string_view kSpecial = " !#$%&'()*;<=>?[\\]^`{|}~";
+  return name.find_first_of(kSpecial) == std::string::npos ? name : '"' + name + '"';
 }
 
 std::string SpareLine(const Hint& hint, const std::string& name) {
@@ -53,11 +55,19 @@ std::string HintFinder::LineOf(const Hint& hint) const {
     case HintKind::InSpareGauges:
       return SpareLine(hint, name);
     case HintKind::Elsewhere:
-      return "lies elsewhere in the simulator: " + RelativePath(hint.path);
+      return "lies elsewhere in the simulator: panelkit-console find " + AsArgument(hint.path) +
+             " --install";
     case HintKind::Hidden:
       return "Gauges has " + name + ", but it is hidden";
     case HintKind::OtherExtension:
-      return "Gauges has " + name + ", which is neither .gau nor .cab";
+      return "Gauges has " + name + ", which is neither .gau nor .cab: rename it to " +
+             hint.right_name;
+    case HintKind::Misnamed:
+      return RelativePath(hint.path) + " is " + hint.right_name +
+             " under another name: rename it to " + hint.right_name;
+    case HintKind::EndingInPanel:
+      return "a panel names files without their ending: write " + hint.right_name + " for " +
+             hint.path + " there";
     case HintKind::NotACabinet:
       return "Gauges has " + name + ", which is no cabinet but a library, as .gau files are";
     case HintKind::LacksEntry:

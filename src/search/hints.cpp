@@ -14,6 +14,7 @@ namespace panelkit {
 namespace {
 
 constexpr std::size_t kMostOfAKind = 5;
+constexpr std::size_t kMostNearNames = 3;
 
 // A path for comparing: lowered, each backslash once.
 std::string Comparable(const Text& text, std::string_view path) {
@@ -65,7 +66,7 @@ HintFinder::HintFinder(const Machine& machine, std::string FSPath, GaugeFolders 
   search.LookThrough(folders_.spare);
   search.LookThrough(FSPath_);
   for (const Candidate& candidate : pool_.All()) {
-    if (IsIn(folders_.gauges, candidate.path)) continue;
+    if (candidate.is_renamed || IsIn(folders_.gauges, candidate.path)) continue;
     gauge_files_.push_back(
         {candidate.path, ComparableName(machine_.text, LessExtension(candidate.name))});
   }
@@ -99,7 +100,10 @@ void HintFinder::AddSatisfying(const RequiredFile& required, std::vector<Hint>& 
   for (const Offer& offer : offers) {
     const std::string& path = offer.candidate->path;
     Hint hint{HintKind::Elsewhere, path};
-    if (IsIn(folders_.spare, path)) {
+    if (offer.candidate->is_renamed) {
+      hint.kind = HintKind::Misnamed;
+      hint.right_name = offer.candidate->name;
+    } else if (IsIn(folders_.spare, path)) {
       hint.kind = HintKind::InSpareGauges;
       hint.name_is_taken = machine_.files.Exists(folders_.gauges + "\\" + offer.candidate->name);
     } else if (IsIn(folders_.gauges, path)) {
@@ -115,9 +119,18 @@ void HintFinder::AddInPlace(const RequiredFile& required, std::vector<Hint>& hin
     const std::string name = machine_.text.Lower(FileNameOf(path));
     if (name == stem + std::string(kCabinetExtension)) {
       AddCabinet(required, path, hints);
-    } else if (name.starts_with(stem + ".") && name != stem + std::string(kGaugeFileExtension)) {
-      hints.push_back({HintKind::OtherExtension, path});
+    } else if (name.starts_with(stem + ".") && name != stem + std::string(kGaugeFileExtension) &&
+               OriginalName(name).empty()) {
+      Hint hint{HintKind::OtherExtension, path};
+      hint.right_name = required.name + std::string(kGaugeFileExtension);
+      hints.push_back(std::move(hint));
     }
+  }
+  const FileKind kind = KindOf(required.name);
+  if (kind == FileKind::GaugeFile || kind == FileKind::Cabinet) {
+    Hint hint{HintKind::EndingInPanel, required.name};
+    hint.right_name = LessExtension(required.name);
+    hints.push_back(std::move(hint));
   }
 }
 
@@ -156,7 +169,10 @@ void HintFinder::AddNearNames(const RequiredFile& required, std::vector<Hint>& h
   }
   std::stable_sort(near.begin(), near.end(),
                    [](const Hint& a, const Hint& b) { return a.likeness < b.likeness; });
-  near.resize(std::min(near.size(), kMostOfAKind));
+  near.resize(std::min(near.size(), kMostNearNames));
+  if (!near.empty() && near.front().likeness != Likeness::TwoLetters) {
+    std::erase_if(near, [](const Hint& hint) { return hint.likeness == Likeness::TwoLetters; });
+  }
   hints.insert(hints.end(), near.begin(), near.end());
 }
 

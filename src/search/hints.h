@@ -22,17 +22,21 @@ enum class HintKind {
   NotACabinet,     ///< Gauges has a .cab file that is a program library, as gauge files are.
   LacksEntry,      ///< Gauges has the cabinet, but without the gauge.
   DamagedCabinet,  ///< Gauges has the cabinet, but it cannot be read to its end.
+  Misnamed,        ///< A file that satisfies an entry has been renamed, as by a browser.
+  EndingInPanel,   ///< The panel names the file with its ending, which does not belong there.
   NearName,        ///< A gauge file or cabinet has nearly the required name.
 };
 
 /// One fact.
 struct Hint {
   HintKind kind = HintKind::Elsewhere;
-  std::string path;          ///< Windows path of the file that was seen.
-  std::string wanted = {};   ///< LacksEntry: the gauge; empty if the panel names the file alone.
-  std::string nearest = {};  ///< LacksEntry: the entry most like it. DamagedCabinet: the last
-                             ///< that can be read. Empty if there is none.
-  std::size_t entries = 0;   ///< DamagedCabinet: how many can be read.
+  std::string path;             ///< Windows path of the file that was seen.
+  std::string wanted = {};      ///< LacksEntry: the gauge; empty if the panel names the file alone.
+  std::string right_name = {};  ///< Misnamed, OtherExtension: what to rename the file to.
+                                ///< EndingInPanel: what the panel should say.
+  std::string nearest = {};     ///< LacksEntry: the entry most like it. DamagedCabinet: the last
+                                ///< that can be read. Empty if there is none.
+  std::size_t entries = 0;      ///< DamagedCabinet: how many can be read.
   bool ending_is_wrong = false;        ///< LacksEntry: `nearest` is the gauge, but not with ".xml".
   Likeness likeness = Likeness::None;  ///< NearName.
   bool name_is_taken = false;          ///< InSpareGauges: Gauges has another file of that name.

@@ -53,8 +53,26 @@ std::optional<std::size_t> EditDistance(std::string_view a, std::string_view b, 
   return row.back() <= limit ? std::optional(row.back()) : std::nullopt;
 }
 
+namespace {
+
+std::string WithoutDigits(std::string_view name) {
+  std::string rest(name);
+  std::erase_if(rest, [](char c) { return c >= '0' && c <= '9'; });
+  return rest;
+}
+
+// Whether two names differ in the numbers that count them up: "VOR1" and "VOR2".
+bool AreCounted(std::string_view a, std::string_view b) {
+  const std::string rest = WithoutDigits(a);
+  return rest.size() < a.size() && rest.size() != b.size() && rest == WithoutDigits(b);
+}
+
+}  // namespace
+
 ComparableName::ComparableName(const Text& text, std::string_view name)
-    : lowered_(text.Lower(name)), without_separators_(lowered_) {
+    : lowered_(text.Lower(name)),
+      letters_(Characters(lowered_).size()),
+      without_separators_(lowered_) {
   std::erase_if(without_separators_, [](char c) { return c == ' ' || c == '_' || c == '-'; });
 }
 
@@ -63,8 +81,9 @@ Likeness ComparableName::LikenessTo(const ComparableName& other) const {
   if (!without_separators_.empty() && without_separators_ == other.without_separators_) {
     return Likeness::Separators;
   }
+  if (AreCounted(lowered_, other.lowered_)) return Likeness::None;
   const auto distance = EditDistance(lowered_, other.lowered_, 2);
-  if (!distance || *distance * 2 >= std::min(lowered_.size(), other.lowered_.size())) {
+  if (!distance || *distance * 2 >= std::min(letters_, other.letters_)) {
     return Likeness::None;
   }
   return *distance == 1 ? Likeness::OneLetter : Likeness::TwoLetters;

@@ -33,6 +33,7 @@ class ComparableName {
 
  private:
   std::string lowered_;
+  std::size_t letters_;  // Of lowered_.
   std::string without_separators_;
 };
 

@@ -1,6 +1,8 @@
 #include "search/offers.h"
 
 #include <algorithm>
+#include <iterator>
+#include <map>
 #include <optional>
 #include <set>
 #include <tuple>
@@ -8,12 +10,15 @@
 
 #include "gauges/gauge_file.h"
 #include "gauges/gauge_mover.h"
+#include "search/gauge_names.h"
+#include "search/reasons.h"
 
 namespace panelkit {
 namespace {
 
 auto Rank(const Offer& offer) {
-  return std::tuple(offer.has_exact_name, offer.entries.size(), offer.candidate->modified);
+  return std::tuple(offer.has_exact_name, !offer.candidate->is_renamed, offer.entries.size(),
+                    offer.candidate->modified);
 }
 
 // The content of an entry of an archive; nullopt if it cannot be had.
@@ -49,6 +54,54 @@ class EntryFinder {
   std::optional<std::string> content_;
 };
 
+using Doubtful = std::vector<const Candidate*>;
+
+// Reads an archive once for all candidates in it, and tells `judge` the content of each that it
+// meets.
+class ContentReader {
+ public:
+  using Judge = std::function<void(const Candidate&, const ArchiveContent&)>;
+
+  ContentReader(const ArchiveReader& archives, Judge judge)
+      : archives_(archives), judge_(std::move(judge)) {}
+
+  /// All of `candidates` lie in the archive file `path`. Gives the archive's own fault.
+  ArchiveFault Read(const std::string& path, const Doubtful& candidates) const {
+    return archives_.Read(path, Visiting(candidates, 0));
+  }
+
+ private:
+  OnArchiveEntry Visiting(const Doubtful& candidates, std::size_t level) const {
+    return [this, &candidates, level](const ArchiveEntry& entry, const ReadArchiveEntry& read) {
+      Doubtful here;
+      std::copy_if(candidates.begin(), candidates.end(), std::back_inserter(here),
+                   [&](const Candidate* candidate) {
+                     const auto& inside = candidate->inside;
+                     if (!entry.is_plain_file || inside[level] != entry.name) return false;
+                     return level + 1 < inside.size() || (entry.size == candidate->size &&
+                                                          entry.modified == candidate->modified);
+                   });
+      if (!here.empty()) Take(here, read(), level);
+      return true;
+    };
+  }
+
+  void Take(const Doubtful& candidates, const ArchiveContent& content, std::size_t level) const {
+    Doubtful deeper;
+    for (const Candidate* candidate : candidates) {
+      if (level + 1 == candidate->inside.size() || !content.bytes) {
+        judge_(*candidate, content);
+      } else {
+        deeper.push_back(candidate);
+      }
+    }
+    if (!deeper.empty()) archives_.ReadBytes(*content.bytes, Visiting(deeper, level + 1));
+  }
+
+  const ArchiveReader& archives_;
+  Judge judge_;
+};
+
 InstallFault Copy(Files& files, const std::string& source, const std::string& gauges,
                   const std::string& name) {
   return CopyGauge(files, source, gauges, name) ? InstallFault::None : InstallFault::CannotCopy;
@@ -73,7 +126,54 @@ std::vector<Offer> OffersFor(const RequiredFile& required, const CandidatePool& 
   }
   std::stable_sort(offers.begin(), offers.end(),
                    [](const Offer& a, const Offer& b) { return Rank(a) > Rank(b); });
+  // A file that may have two names is offered once, by the better one.
+  for (auto offer = offers.begin(); offer != offers.end();) {
+    const bool is_there = std::any_of(offers.begin(), offer, [&](const Offer& other) {
+      return other.candidate->path == offer->candidate->path &&
+             other.candidate->inside == offer->candidate->inside;
+    });
+    offer = is_there ? offers.erase(offer) : std::next(offer);
+  }
   return offers;
+}
+
+std::vector<PassedOver> RejectUnfit(const Machine& machine,
+                                    const std::vector<RequiredFile>& required,
+                                    CandidatePool& pool) {
+  std::map<std::string, Doubtful> by_path;
+  std::set<const Candidate*> known;
+  for (const RequiredFile& file : required) {
+    for (const Offer& offer : OffersFor(file, pool, machine.text)) {
+      const bool is_gauge_file = KindOf(offer.candidate->name) == FileKind::GaugeFile;
+      if (is_gauge_file && known.insert(offer.candidate).second) {
+        by_path[offer.candidate->path].push_back(offer.candidate);
+      }
+    }
+  }
+  std::vector<PassedOver> passed_over;
+  const auto judge = [&](const Candidate& candidate, const ArchiveContent& content) {
+    if (known.erase(&candidate) == 0) return;
+    std::string reason =
+        content.bytes ? ReasonAgainstGaugeFile(*content.bytes) : ReasonOf(content.fault);
+    if (reason.empty()) return;
+    pool.Reject(&candidate);
+    passed_over.push_back({candidate.path, candidate.inside, std::move(reason)});
+  };
+  const ContentReader reader(machine.archives, judge);
+  for (const auto& [path, candidates] : by_path) {
+    ArchiveFault fault = ArchiveFault::Damaged;
+    if (!candidates.front()->inside.empty()) fault = reader.Read(path, candidates);
+    for (const Candidate* candidate : candidates) {
+      if (candidate->inside.empty()) {
+        judge(*candidate, {machine.files.Read(path).bytes, ArchiveFault::Unreadable});
+      } else {
+        // What the reading did not meet.
+        judge(*candidate,
+              {std::nullopt, fault == ArchiveFault::None ? ArchiveFault::Damaged : fault});
+      }
+    }
+  }
+  return passed_over;
 }
 
 InstallFault Install(const Machine& machine, const Candidate& candidate,

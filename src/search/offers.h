@@ -8,6 +8,7 @@
 
 #include "platform/machine.h"
 #include "search/candidate_pool.h"
+#include "search/candidate_search.h"
 #include "search/required_files.h"
 
 namespace panelkit {
@@ -20,10 +21,15 @@ struct Offer {
 };
 
 /// The candidates that satisfy at least one missing entry of `required`, the best first: one of the
-/// exact name, then one that satisfies more entries, then the newest. Both arguments must outlive
-/// the offers.
+/// exact name, then those that are not renamed, then one that satisfies more entries, then the
+/// newest. Both arguments must outlive the offers.
 std::vector<Offer> OffersFor(const RequiredFile& required, const CandidatePool& pool,
                              const Text& text);
+
+/// Reads all gauge files of `pool` that would be offered for `required`, rejects those that are
+/// none or cannot be read whole, and tells why. Each archive is read once.
+std::vector<PassedOver> RejectUnfit(const Machine& machine,
+                                    const std::vector<RequiredFile>& required, CandidatePool& pool);
 
 /// Why a candidate could not be brought into Gauges.
 enum class InstallFault {

@@ -39,8 +39,10 @@ TEST_CASE("A file that would satisfy a panel is found wherever it lies in the si
   Put(simulator.Fs() / "Aircraft/Dart/Panel/Dart_Fuel.gau", "");
   Put(simulator.Fs() / "Gauges/new/Dart_Fuel.cab", MakeCabinet({{"a.xml"}}));
   CHECK(HintsIn(simulator, {"dart_fuel", {"dart_fuel!a", "dart_fuel!b"}}) ==
-        Lines{R"(lies elsewhere in the simulator: Aircraft\Dart\Panel\Dart_Fuel.gau)",
-              R"(lies elsewhere in the simulator: Gauges\new\Dart_Fuel.cab)"});
+        Lines{R"(lies elsewhere in the simulator: panelkit-console find ")" + simulator.FSPath() +
+                  R"(\Aircraft\Dart\Panel\Dart_Fuel.gau" --install)",
+              R"(lies elsewhere in the simulator: panelkit-console find ")" + simulator.FSPath() +
+                  R"(\Gauges\new\Dart_Fuel.cab" --install)"});
   simulator.AddGauge("Dart_Oil.gau");
   Hide(simulator.Fs() / "Gauges/Dart_Oil.gau");
   CHECK(HintsIn(simulator, {"Dart_Oil", {"Dart_Oil"}}) ==
@@ -68,7 +70,18 @@ TEST_CASE("What stands in the place of a required file is told with what it lack
         Lines{"Gauges has Library.cab, which is no cabinet but a library, as .gau files are"});
   put("Radio.gau.zip", "");
   CHECK(HintsIn(simulator, {"radio", {"radio"}}) ==
-        Lines{"Gauges has Radio.gau.zip, which is neither .gau nor .cab"});
+        Lines{"Gauges has Radio.gau.zip, which is neither .gau nor .cab: rename it to radio.gau"});
+}
+
+TEST_CASE("A renamed gauge and an ending that does not belong in a panel are told") {
+  Simulator simulator;
+  for (const char* name : {"Copy of Speed.gau", "Alt.GAU.bak"}) simulator.AddGauge(name);
+  CHECK(HintsIn(simulator, {"speed", {"speed!x"}}) ==
+        Lines{"Gauges\\Copy of Speed.gau is Speed.gau under another name: rename it to Speed.gau"});
+  CHECK(HintsIn(simulator, {"alt", {"alt"}}) ==
+        Lines{"Gauges\\Alt.GAU.bak is Alt.GAU under another name: rename it to Alt.GAU"});
+  CHECK(HintsIn(simulator, {"Missing.gau", {"Missing.gau!x"}}) ==
+        Lines{"a panel names files without their ending: write Missing for Missing.gau there"});
 }
 
 TEST_CASE("a damaged cabinet is told with its last whole entry") {
@@ -99,10 +112,12 @@ TEST_CASE("Names that are nearly the required one are told with the difference, 
   CHECK(HintsIn(simulator, {"TURN_COORD_2", {"TURN_COORD_2!x"}}) ==
         Lines{"Gauges\\Turn-Coord 2.gau differs from the required name in blanks, \"_\" and \"-\" "
               "alone",
-              "Gauges\\Turn_Coord_.gau differs from the required name in one letter",
-              "Gauges\\Turn_Coord_33.gau differs from the required name in two letters"});
+              "Gauges\\Turn_Coord_.gau differs from the required name in one letter"});
+  CHECK(HintsIn(simulator, {"Turn_Coord_34", {"Turn_Coord_34"}}).empty());  // Numbers count up.
   CHECK(HintsIn(simulator, {"étoile_dèpression", {"étoile_dèpression"}}) ==
         Lines{"Aircraft\\x\\Étoile_Dépresion.gau differs from the required name in two letters"});
+  Put(simulator.Fs() / FromUtf8("Aircraft/x/éà.gau"), "");
+  CHECK(HintsIn(simulator, {"éè", {"éè"}}).empty());  // Half of its letters, whatever their bytes.
   simulator.AddGauge("Fuel.gau");
   CHECK(HintsIn(simulator, {"Fool", {"Fool"}}).empty());  // Half of it is another word.
 }

@@ -5,11 +5,13 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <fstream>
 #include <system_error>
 #include <vector>
 
 #include "platform/files.h"
+#include "platform/libarchive/oem_names.h"
 
 namespace panelkit {
 namespace {
@@ -24,6 +26,7 @@ Reader NewReader() {
   for (const auto support : {archive_read_support_format_zip, archive_read_support_format_7zip,
                              archive_read_support_format_rar, archive_read_support_format_rar5,
                              archive_read_support_format_tar, archive_read_support_format_cab,
+                             archive_read_support_format_lha, archive_read_support_format_iso9660,
                              archive_read_support_filter_gzip, archive_read_support_filter_bzip2,
                              archive_read_support_filter_xz, archive_read_support_filter_lzma,
                              archive_read_support_filter_compress}) {
@@ -31,7 +34,28 @@ Reader NewReader() {
   }
   // Without it, the library would start another program for such archives.
   if (archive_libzstd_version() != nullptr) archive_read_support_filter_zstd(reader.get());
+  // Each byte becomes one character, from which PossibleNames has the byte again.
+  archive_read_set_format_option(reader.get(), "zip", "hdrcharset", "CP437");
+  archive_read_set_format_option(reader.get(), "lha", "hdrcharset", "CP437");
   return reader;
+}
+
+// The library tells most faults by its words alone.
+ArchiveFault FaultOf(archive* reader) {
+  if (archive_errno(reader) == ENOMEM) return ArchiveFault::NoRoom;
+  const char* const words = archive_error_string(reader);
+  const std::string_view error = words != nullptr ? words : "";
+  const auto says = [error](std::string_view part) {
+    return error.find(part) != std::string_view::npos;
+  };
+  if (says("Unrecognized archive format")) return ArchiveFault::NoArchive;
+  if (says("ncrypt") || says("assphrase")) return ArchiveFault::Encrypted;
+  if (says("nsupported") || says("ot supported") || says("unavailable") || says("not available")) {
+    return ArchiveFault::OtherMethod;
+  }
+  // zlib's -5 asks for more bytes.
+  if (says("runcated") || says("nd of file") || says("(-5)")) return ArchiveFault::CutOff;
+  return ArchiveFault::Damaged;
 }
 
 /// An archive file as libarchive's callbacks read it.
@@ -86,6 +110,24 @@ bool Open(archive* reader, ArchiveFile& file) {
   return archive_read_open1(reader) == ARCHIVE_OK;
 }
 
+/// A name as ArchiveEntry has it.
+std::string Tidied(std::string name) {
+  for (char& c : name) {
+    if (c == '/') c = '\\';
+    if (static_cast<unsigned char>(c) < 0x20 || c == 0x7F) c = '?';
+  }
+  std::string tidied;
+  for (std::size_t begin = 0; begin <= name.size();) {
+    const std::size_t end = std::min(name.find('\\', begin), name.size());
+    const std::string part = name.substr(begin, end - begin);
+    const bool is_nothing = part == "." || (part.empty() && begin > 0);
+    if (!is_nothing) tidied += part;
+    if (!is_nothing && end < name.size()) tidied += '\\';
+    begin = end + 1;
+  }
+  return tidied;
+}
+
 /// Walks one opened archive within the limits of archive.h.
 class EntryWalk {
  public:
@@ -97,7 +139,8 @@ class EntryWalk {
 
  private:
   ArchiveEntry Describe(archive_entry* entry) const;
-  std::string NameOf(archive_entry* entry) const;
+  int Format() const { return archive_format(reader_) & ARCHIVE_FORMAT_BASE_MASK; }
+  std::vector<std::string> NamesOf(archive_entry* entry) const;
   bool PassingCosts(const ArchiveEntry& entry);
   ArchiveContent Content(const ArchiveEntry& entry);
 
@@ -114,7 +157,7 @@ ArchiveFault EntryWalk::Run(const OnArchiveEntry& visit) {
     if (status == ARCHIVE_EOF) return ArchiveFault::None;
     if (status != ARCHIVE_OK && status != ARCHIVE_WARN) {
       const bool is_encrypted = archive_read_has_encrypted_entries(reader_) > 0;
-      return is_encrypted ? ArchiveFault::Encrypted : ArchiveFault::Damaged;
+      return is_encrypted ? ArchiveFault::Encrypted : FaultOf(reader_);
     }
     if (count == kMostArchiveEntries) return ArchiveFault::TooLarge;
     const ArchiveEntry entry = Describe(raw);
@@ -129,16 +172,19 @@ ArchiveFault EntryWalk::Run(const OnArchiveEntry& visit) {
   }
 }
 
-/// Whether the next header lies behind the entry's unpacked content: everywhere but in a zip file,
-/// which has a directory.
+/// Whether the next header lies behind the entry's unpacked content: everywhere but in zip files
+/// and disk images, which have a directory.
 bool EntryWalk::PassingCosts(const ArchiveEntry& entry) {
-  const int format = archive_format(reader_) & ARCHIVE_FORMAT_BASE_MASK;
-  return entry.is_plain_file && format != ARCHIVE_FORMAT_ZIP;
+  const int format = Format();
+  return entry.is_plain_file && format != ARCHIVE_FORMAT_ZIP && format != ARCHIVE_FORMAT_ISO9660;
 }
 
 ArchiveEntry EntryWalk::Describe(archive_entry* entry) const {
   ArchiveEntry described;
-  described.name = NameOf(entry);
+  described.other_names = NamesOf(entry);
+  for (std::string& name : described.other_names) name = Tidied(name);
+  described.name = std::move(described.other_names.front());
+  described.other_names.erase(described.other_names.begin());
   described.size = static_cast<std::uint64_t>(std::max<la_int64_t>(0, archive_entry_size(entry)));
   described.modified = archive_entry_mtime(entry);
   described.is_plain_file = archive_entry_filetype(entry) == AE_IFREG &&
@@ -148,15 +194,13 @@ ArchiveEntry EntryWalk::Describe(archive_entry* entry) const {
   return described;
 }
 
-std::string EntryWalk::NameOf(archive_entry* entry) const {
-  std::string name;
+std::vector<std::string> EntryWalk::NamesOf(archive_entry* entry) const {
+  const bool has_code_page = Format() != ARCHIVE_FORMAT_ZIP && Format() != ARCHIVE_FORMAT_LHA;
   if (const char* unicode = archive_entry_pathname_utf8(entry)) {
-    name = unicode;
-  } else if (const char* stored = archive_entry_pathname(entry)) {
-    name = text_.FromAnsi(stored);
+    return has_code_page ? std::vector{std::string(unicode)} : PossibleNames(unicode, text_);
   }
-  std::replace(name.begin(), name.end(), '/', '\\');
-  return name;
+  const char* stored = archive_entry_pathname(entry);
+  return {stored != nullptr ? text_.FromAnsi(stored) : std::string()};
 }
 
 ArchiveContent EntryWalk::Content(const ArchiveEntry& entry) {
@@ -167,7 +211,7 @@ ArchiveContent EntryWalk::Content(const ArchiveEntry& entry) {
   for (;;) {
     const la_ssize_t count = archive_read_data(reader_, buffer.data(), buffer.size());
     if (count == 0) return {std::move(content)};
-    if (count < 0) return {std::nullopt, ArchiveFault::Damaged};
+    if (count < 0) return {std::nullopt, FaultOf(reader_)};
     unpacked_ += static_cast<std::uint64_t>(count);
     content.append(buffer.data(), static_cast<std::size_t>(count));
     if (unpacked_ > limit_ || content.size() > kLargestFile) {
@@ -183,7 +227,7 @@ ArchiveFault LibarchiveReader::Read(std::string_view path, const OnArchiveEntry&
   ArchiveFile file(native_path_(path));
   if (!file.IsOpen()) return ArchiveFault::Unreadable;
   const Reader reader = NewReader();
-  if (!Open(reader.get(), file)) return ArchiveFault::Damaged;
+  if (!Open(reader.get(), file)) return FaultOf(reader.get());
   return EntryWalk(reader.get(), static_cast<std::uint64_t>(file.size), text_).Run(visit);
 }
 
@@ -192,7 +236,7 @@ ArchiveFault LibarchiveReader::ReadBytes(std::string_view bytes,
   const auto utf8 = ConvertNamesToUtf8();
   const Reader reader = NewReader();
   if (archive_read_open_memory(reader.get(), bytes.data(), bytes.size()) != ARCHIVE_OK) {
-    return ArchiveFault::Damaged;
+    return FaultOf(reader.get());
   }
   return EntryWalk(reader.get(), bytes.size(), text_).Run(visit);
 }

@@ -10,8 +10,9 @@
 
 namespace panelkit {
 
-/// Reads zip, 7z, rar, tar (compressed too) and cabinet files. Names that are not in Unicode are
-/// decoded as the ANSI code page. What it leaves to a system is UnpackedFile.
+/// Reads zip, 7z, rar, tar (compressed too), lzh, iso and cabinet files, and what is behind a
+/// program that unpacks itself. Names that are not in Unicode are decoded as the ANSI code page, in
+/// zip and lzh files as PossibleNames has them. What it leaves to a system is UnpackedFile.
 class LibarchiveReader : public ArchiveReader {
  public:
   /// The native path of a Windows path; empty if it names nothing.
