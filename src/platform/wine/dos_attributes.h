@@ -13,20 +13,6 @@ namespace panelkit {
 /// and Samba's text form, "0x22": 2 is hidden, 4 is system), or by a name that begins with a dot.
 bool IsHiddenOrSystem(const std::string& native_path);
 
-/// IsHiddenOrSystem for the entries of one folder: where the kernel can, it does not walk the whole
-/// path for each of them. For any number of threads at once.
-class FolderAttributes {
- public:
-  explicit FolderAttributes(std::string folder);
-
-  /// `name` is an entry of the folder.
-  bool IsHiddenOrSystem(const std::string& name) const;
-
- private:
-  std::string folder_;
-  OpenFile opened_;
-};
-
 /// Whether the file is read-only to Windows: nobody may write to it.
 bool IsReadOnly(const struct stat& status);
 

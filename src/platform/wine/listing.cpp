@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <future>
 #include <thread>
+#include <tuple>
 #include <utility>
 
 #include "platform/wine/dos_attributes.h"
@@ -28,24 +29,14 @@ unsigned char TypeOf(const DirectoryEntry& entry, const std::string& folder) {
 
 /// Orders entries by their upper-cased names.
 void Sort(std::vector<DirectoryEntry>& entries) {
-  struct Keyed {
-    std::string upper;
-    DirectoryEntry* entry;
-  };
-  std::vector<Keyed> keyed;
+  std::vector<std::pair<std::string, DirectoryEntry>> keyed;
   keyed.reserve(entries.size());
-  for (DirectoryEntry& entry : entries) keyed.push_back({Uppered(entry.name), &entry});
-  std::vector<const Keyed*> order;  // Addresses are cheaper to move than texts.
-  order.reserve(keyed.size());
-  for (const Keyed& key : keyed) order.push_back(&key);
-  std::sort(order.begin(), order.end(), [](const Keyed* a, const Keyed* b) {
-    const int upper = a->upper.compare(b->upper);
-    return upper != 0 ? upper < 0 : a->entry->name < b->entry->name;
+  for (DirectoryEntry& entry : entries) keyed.emplace_back(Uppered(entry.name), std::move(entry));
+  std::sort(keyed.begin(), keyed.end(), [](const auto& a, const auto& b) {
+    return std::tie(a.first, a.second.name) < std::tie(b.first, b.second.name);
   });
-  std::vector<DirectoryEntry> sorted;
-  sorted.reserve(entries.size());
-  for (const Keyed* key : order) sorted.push_back(std::move(*key->entry));
-  entries = std::move(sorted);
+  std::transform(keyed.begin(), keyed.end(), entries.begin(),
+                 [](auto& pair) { return std::move(pair.second); });
 }
 
 }  // namespace
@@ -106,10 +97,9 @@ bool Listing::Refresh(const std::string& folder) {
 /// Threads share the work: it is most of a listing's time, the more so on a slow disk.
 void Listing::LookForHidden(const std::vector<Entry*>& entries) const {
   constexpr std::size_t kLeastShare = 256;  // Worth a thread.
-  const FolderAttributes attributes(folder_);
-  const auto look_at = [&attributes, &entries](std::size_t begin, std::size_t end) {
+  const auto look_at = [this, &entries](std::size_t begin, std::size_t end) {
     for (std::size_t i = begin; i < end; ++i) {
-      const bool hidden = attributes.IsHiddenOrSystem(entries[i]->entry.name);
+      const bool hidden = IsHiddenOrSystem(folder_ + '/' + entries[i]->entry.name);
       entries[i]->hidden = hidden ? Hidden::Yes : Hidden::No;
     }
   };

@@ -1,8 +1,7 @@
 #include "platform/wine/utf8.h"
 
+#include <algorithm>
 #include <array>
-#include <cstdint>
-#include <cstring>
 
 namespace panelkit::utf8 {
 
@@ -12,15 +11,6 @@ constexpr char32_t kReplacement = 0xFFFD;
 
 bool IsSurrogate(char32_t c) {
   return c >= 0xD800 && c <= 0xDFFF;
-}
-
-template <std::size_t size>
-bool IsAsciiBlock(const char* block) {
-  std::array<std::uint64_t, size / sizeof(std::uint64_t)> words{};
-  std::memcpy(words.data(), block, size);
-  std::uint64_t all = 0;
-  for (const std::uint64_t word : words) all |= word;
-  return (all & 0x8080808080808080) == 0;
 }
 
 }  // namespace
@@ -72,13 +62,8 @@ bool IsValid(std::string_view text) {
 }
 
 std::size_t AsciiLength(std::string_view text) {
-  // Whole panels come here, and tens of thousands of names: the bytes of a block are looked at
-  // together.
-  std::size_t length = 0;
-  while (length + 64 <= text.size() && IsAsciiBlock<64>(text.data() + length)) length += 64;
-  while (length + 8 <= text.size() && IsAsciiBlock<8>(text.data() + length)) length += 8;
-  while (length < text.size() && static_cast<unsigned char>(text[length]) < 0x80) ++length;
-  return length;
+  const auto is_beyond = [](char c) { return static_cast<unsigned char>(c) >= 0x80; };
+  return static_cast<std::size_t>(std::find_if(text.begin(), text.end(), is_beyond) - text.begin());
 }
 
 std::string FromUtf16(std::u16string_view units) {
