@@ -66,7 +66,8 @@ void AddFindCommand(CLI::App& app, CommandLine& line) {
   CLI::App* find =
       AddCommand(app, "find", "Look for missing gauges in folders and in the archives there", line,
                  ConsoleCommand::Find);
-  find->add_option("FOLDER", line.folders, "Where to look: downloads, backups, other simulators; or a file")
+  find->add_option("FOLDER", line.folders,
+                   "Where to look: downloads, backups, other simulators; or a file")
       ->required();
   auto* install =
       find->add_flag("--install", line.install, "Copy the best of what is found to Gauges");
