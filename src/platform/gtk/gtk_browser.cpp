@@ -1,5 +1,6 @@
 #include "platform/gtk/gtk_browser.h"
 
+#include "pane/failure_page.h"
 #include "platform/gtk/gtk_event_loop.h"
 #include "platform/gtk/pane_keys.h"
 #include "platform/gtk/pane_menu.h"
@@ -52,13 +53,18 @@ const char* AddressOf(WebKitNavigationAction* action) {
 
 /// "Open Link", Back and Forward come without WebKit's mark of a user's action. They count as one:
 /// a page cannot imitate them without scripts, which page files may not run.
-Cause CauseOf(WebKitNavigationAction* action) {
+bool IsByUser(WebKitNavigationAction* action) {
   const WebKitNavigationType type = webkit_navigation_action_get_navigation_type(action);
-  const bool by_user = webkit_navigation_action_is_user_gesture(action) ||
-                       webkit_navigation_action_is_redirect(action) ||
-                       type == WEBKIT_NAVIGATION_TYPE_LINK_CLICKED ||
-                       type == WEBKIT_NAVIGATION_TYPE_BACK_FORWARD;
-  return by_user ? Cause::User : Cause::Page;
+  return webkit_navigation_action_is_user_gesture(action) ||
+         webkit_navigation_action_is_redirect(action) ||
+         type == WEBKIT_NAVIGATION_TYPE_LINK_CLICKED || type == WEBKIT_NAVIGATION_TYPE_BACK_FORWARD;
+}
+
+/// Whether `address` brings its own content.
+bool IsInline(const std::string& address) {
+  const TextPtr scheme(g_uri_parse_scheme(address.c_str()));
+  const std::string_view name(scheme != nullptr ? scheme.get() : "");
+  return name == "about" || name == "blob" || name == "data";
 }
 
 /// Whether a load failed, rather than being refused by the policy or replaced by another load.
@@ -92,21 +98,12 @@ WebKitWebView* NewWebView(WebKitWebContext* context, const LocalMachine& machine
                                       nullptr));
 }
 
-void Decide(WebKitPolicyDecision* decision, bool allowed) {
-  if (allowed) {
-    webkit_policy_decision_use(decision);
-  } else {
-    webkit_policy_decision_ignore(decision);
-  }
-}
-
 }  // namespace
 
 GtkBrowser::GtkBrowser(const LocalMachine& machine)
     : machine_(machine),
       context_(PaneContext()),
       pages_(context_.get(), machine.Charset(), machine.NativePath(machine.PictureFolder())),
-      policy_(pages_),
       view_(KeepObject(NewWebView(context_.get(), machine))),
       find_bar_(view_.get()),
       pane_(KeepObject(gtk_box_new(GTK_ORIENTATION_VERTICAL, 0))) {
@@ -136,7 +133,7 @@ void GtkBrowser::ShowFromMemory(const std::string& page) {
 
 void GtkBrowser::Load(const std::string& address) {
   const ObjectPtr<WebKitURIRequest> request(webkit_uri_request_new(address.c_str()));
-  policy_.Expect(webkit_uri_request_get_uri(request.get()));
+  policy_.Expect(address);
   webkit_web_view_load_request(view_.get(), request.get());
 }
 
@@ -159,30 +156,34 @@ void GtkBrowser::OpenInUsersBrowser(const char* address) {
 
 gboolean GtkBrowser::DecidePolicy(WebKitWebView*, WebKitPolicyDecision* decision,
                                   WebKitPolicyDecisionType type, GtkBrowser* self) {
-  switch (type) {
-    case WEBKIT_POLICY_DECISION_TYPE_NAVIGATION_ACTION:
-      self->DecideNavigation(WEBKIT_NAVIGATION_POLICY_DECISION(decision));
-      break;
-    case WEBKIT_POLICY_DECISION_TYPE_NEW_WINDOW_ACTION:
-      Decide(decision, webkit_navigation_action_is_user_gesture(
-                           webkit_navigation_policy_decision_get_navigation_action(
-                               WEBKIT_NAVIGATION_POLICY_DECISION(decision))));
-      break;
-    case WEBKIT_POLICY_DECISION_TYPE_RESPONSE:
-      Decide(decision, webkit_response_policy_decision_is_mime_type_supported(
-                           WEBKIT_RESPONSE_POLICY_DECISION(decision)));
-      break;
+  bool allowed = false;
+  if (type == WEBKIT_POLICY_DECISION_TYPE_RESPONSE) {
+    allowed = webkit_response_policy_decision_is_mime_type_supported(
+                  WEBKIT_RESPONSE_POLICY_DECISION(decision)) != FALSE;
+  } else {
+    const bool in_pane = type == WEBKIT_POLICY_DECISION_TYPE_NAVIGATION_ACTION;
+    WebKitNavigationAction* action = webkit_navigation_policy_decision_get_navigation_action(
+        WEBKIT_NAVIGATION_POLICY_DECISION(decision));
+    allowed = self->Decide(action, in_pane ? Place::MainFrame : Place::NewWindow) != Answer::Refuse;
   }
+  (allowed ? webkit_policy_decision_use : webkit_policy_decision_ignore)(decision);
   return TRUE;
 }
 
-void GtkBrowser::DecideNavigation(WebKitNavigationPolicyDecision* decision) {
-  WebKitNavigationAction* action =
-      webkit_navigation_policy_decision_get_navigation_action(decision);
-  Decide(WEBKIT_POLICY_DECISION(decision), policy_.Allows(AddressOf(action), CauseOf(action)));
+Target GtkBrowser::TargetOf(const std::string& address) const {
+  if (pages_.Has(address)) return Target::OwnPage;
+  if (IsWebAddress(address)) return Target::Web;
+  return IsInline(address) ? Target::Inline : Target::Other;
 }
 
-// Links and scripts that open a window, and "Open Link" on such a link, get here.
+/// WebKit does not tell a frame's load from the pane's. Only web pages have frames here, and may
+/// lead both to the same addresses.
+Answer GtkBrowser::Decide(WebKitNavigationAction* action, Place place) {
+  const std::string address = AddressOf(action);
+  return policy_.Decide({address, TargetOf(address), place, IsByUser(action)});
+}
+
+// "Open Link" on a link that asks for a window comes straight here.
 GtkWidget* GtkBrowser::NewWindow(WebKitWebView*, WebKitNavigationAction* action, GtkBrowser* self) {
   const char* address = AddressOf(action);
   if (IsWebAddress(address)) self->OpenInUsersBrowser(address);
@@ -190,11 +191,14 @@ GtkWidget* GtkBrowser::NewWindow(WebKitWebView*, WebKitNavigationAction* action,
 }
 
 void GtkBrowser::LoadChanged(WebKitWebView* view, WebKitLoadEvent event, GtkBrowser* self) {
-  if (event == WEBKIT_LOAD_COMMITTED) self->policy_.Shown(webkit_web_view_get_uri(view));
+  if (event != WEBKIT_LOAD_COMMITTED) return;
+  const bool failed = std::exchange(self->failure_comes_, false);
+  self->policy_.HasCome(failed ? Target::ErrorPage : self->TargetOf(webkit_web_view_get_uri(view)));
 }
 
 gboolean GtkBrowser::LoadFailed(WebKitWebView*, WebKitLoadEvent, const char* address, GError* error,
                                 GtkBrowser* self) {
+  self->policy_.HasFailed();
   if (IsFailure(error)) self->ShowFailure(address, error->message);
   return TRUE;
 }
@@ -205,17 +209,9 @@ void GtkBrowser::ProcessEnded(WebKitWebView* view, WebKitWebProcessTerminationRe
 }
 
 void GtkBrowser::ShowFailure(const char* address, const char* reason) {
-  const auto escaped = [](const char* text) {
-    const TextPtr markup(g_markup_escape_text(text != nullptr ? text : "", -1));
-    return std::string(markup.get());
-  };
-  const std::string back = escaped(pages_.Last().c_str());
-  const std::string page =
-      "<body style='font: 13px tahoma, sans-serif; margin: 3em'>"
-      "<p><b>This page could not be shown</b><p>" +
-      escaped(address) + "<p>" + escaped(reason) + "<p><a href='" + back +
-      "'>Back to Panelkit's own page</a>";
-  webkit_web_view_load_alternate_html(view_.get(), page.c_str(), address, back.c_str());
+  failure_comes_ = true;
+  const std::string page = FailurePage(address != nullptr ? address : "", reason, pages_.Last());
+  webkit_web_view_load_alternate_html(view_.get(), page.c_str(), address, pages_.Last().c_str());
 }
 
 }  // namespace panelkit

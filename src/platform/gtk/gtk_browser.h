@@ -8,10 +8,10 @@
 #include <string>
 #include <utility>
 
+#include "pane/pane_policy.h"
 #include "platform/browser.h"
 #include "platform/gtk/find_bar.h"
 #include "platform/gtk/gtk_pointers.h"
-#include "platform/gtk/navigation_policy.h"
 #include "platform/gtk/page_files.h"
 #include "platform/local_machine.h"
 
@@ -36,7 +36,8 @@ class GtkBrowser final : public WebBrowser {
  private:
   void Load(const std::string& address);
   void OpenInUsersBrowser(const char* address);
-  void DecideNavigation(WebKitNavigationPolicyDecision* decision);
+  Target TargetOf(const std::string& address) const;
+  Answer Decide(WebKitNavigationAction* action, Place place);
   void ShowFailure(const char* address, const char* reason);
 
   static gboolean DecidePolicy(WebKitWebView* view, WebKitPolicyDecision* decision,
@@ -52,10 +53,11 @@ class GtkBrowser final : public WebBrowser {
   const LocalMachine& machine_;
   ObjectPtr<WebKitWebContext> context_;
   PageFiles pages_;
-  NavigationPolicy policy_;
+  PanePolicy policy_;
   ObjectPtr<WebKitWebView> view_;
   FindBar find_bar_;
-  ObjectPtr<GtkWidget> pane_;  ///< Holds the view and the find bar.
+  ObjectPtr<GtkWidget> pane_;   ///< Holds the view and the find bar.
+  bool failure_comes_ = false;  ///< The page that comes tells of a failure.
   std::function<void()> link_not_opened_;
 
   /// Expires with the pane, so that a browser's start that fails later reports to nobody.

@@ -25,7 +25,12 @@ constexpr std::array kKept{
     WEBKIT_CONTEXT_MENU_ACTION_SELECT_ALL,
 };
 
-void ArrangeItem(WebKitContextMenu* menu, guint position, NavigationPolicy* policy) {
+struct Pane {
+  WebKitWebView* view;
+  PanePolicy& policy;
+};
+
+void ArrangeItem(WebKitContextMenu* menu, guint position, Pane* pane) {
   WebKitContextMenuItem* item = webkit_context_menu_get_item_at_position(menu, position);
   const auto action = webkit_context_menu_item_get_stock_action(item);
   if (std::find(kKept.begin(), kKept.end(), action) == kKept.end()) {
@@ -33,14 +38,15 @@ void ArrangeItem(WebKitContextMenu* menu, guint position, NavigationPolicy* poli
   } else if (action == WEBKIT_CONTEXT_MENU_ACTION_RELOAD) {
     g_signal_connect_swapped(
         webkit_context_menu_item_get_gaction(item), "activate",
-        G_CALLBACK(+[](NavigationPolicy* reloading) { reloading->ExpectReload(); }), policy);
+        G_CALLBACK(+[](Pane* self) { self->policy.Expect(webkit_web_view_get_uri(self->view)); }),
+        pane);
   }
 }
 
 gboolean Arrange(WebKitWebView* view, WebKitContextMenu* menu, GdkEvent*, WebKitHitTestResult*,
-                 gpointer policy) {
+                 gpointer pane) {
   for (guint i = webkit_context_menu_get_n_items(menu); i-- > 0;) {
-    ArrangeItem(menu, i, static_cast<NavigationPolicy*>(policy));
+    ArrangeItem(menu, i, static_cast<Pane*>(pane));
   }
   const ObjectPtr<GSimpleAction> print(g_simple_action_new("print", nullptr));
   g_signal_connect_swapped(print.get(), "activate", G_CALLBACK(PrintPage), view);
@@ -66,8 +72,10 @@ void Answered(GtkDialog* widget, gint response, gpointer data) {
 
 }  // namespace
 
-void AttachPaneMenu(WebKitWebView* view, NavigationPolicy& policy) {
-  g_signal_connect(view, "context-menu", G_CALLBACK(Arrange), &policy);
+void AttachPaneMenu(WebKitWebView* view, PanePolicy& policy) {
+  g_signal_connect_data(
+      view, "context-menu", G_CALLBACK(Arrange), new Pane{view, policy},
+      [](gpointer data, GClosure*) { delete static_cast<Pane*>(data); }, GConnectFlags{});
 }
 
 void PrintPage(WebKitWebView* view) {

@@ -12,8 +12,12 @@ using Microsoft::WRL::ComPtr;
 constexpr UINT kBeforeNavigateFrame = 6;
 constexpr UINT kBeforeNavigateUrl = 5;
 constexpr UINT kBeforeNavigateCancel = 0;
-constexpr UINT kDocumentCompleteFrame = 1;
-constexpr UINT kDocumentCompleteUrl = 0;
+constexpr UINT kCompleteFrame = 1;  // NavigateComplete2 and DocumentComplete.
+constexpr UINT kCompleteUrl = 0;
+constexpr UINT kErrorFrame = 4;
+constexpr UINT kErrorUrl = 3;
+constexpr UINT kErrorStatus = 1;
+constexpr UINT kErrorCancel = 0;
 constexpr UINT kNewWindow2Cancel = 0;
 constexpr UINT kNewWindow3Cancel = 3;
 constexpr UINT kNewWindow3Flags = 2;
@@ -30,8 +34,9 @@ std::wstring TextOf(const DISPPARAMS& arguments, UINT index) {
 
 LONG NumberOf(const DISPPARAMS& arguments, UINT index) {
   if (index >= arguments.cArgs) return 0;
-  const VARIANT& value = arguments.rgvarg[index];
-  return V_VT(&value) == VT_I4 || V_VT(&value) == VT_UI4 ? V_I4(&value) : 0;
+  const VARIANT* value = &arguments.rgvarg[index];
+  if (V_VT(value) == (VT_BYREF | VT_VARIANT)) value = V_VARIANTREF(value);
+  return V_VT(value) == VT_I4 || V_VT(value) == VT_UI4 ? V_I4(value) : 0;
 }
 
 void Cancel(const DISPPARAMS& arguments, UINT index) {
@@ -91,16 +96,39 @@ HRESULT BrowserEvents::Invoke(DISPID event, REFIID, LCID, WORD, DISPPARAMS* argu
                               EXCEPINFO*, UINT*) {
   if (decisions_.may_go == nullptr) return DISP_E_MEMBERNOTFOUND;
   switch (event) {
-    case DISPID_BEFORENAVIGATE2:
-      if (!decisions_.may_go(TextOf(*arguments, kBeforeNavigateUrl),
-                             IsMainFrame(*arguments, kBeforeNavigateFrame))) {
+    case DISPID_BEFORENAVIGATE2: {
+      const bool is_main_frame = IsMainFrame(*arguments, kBeforeNavigateFrame);
+      if (!decisions_.may_go(TextOf(*arguments, kBeforeNavigateUrl), is_main_frame)) {
         Cancel(*arguments, kBeforeNavigateCancel);
+      } else if (is_main_frame) {
+        downloads_ = false;
+      }
+      return S_OK;
+    }
+    case DISPID_NAVIGATECOMPLETE2:
+      if (IsMainFrame(*arguments, kCompleteFrame)) {
+        decisions_.has_come(TextOf(*arguments, kCompleteUrl));
       }
       return S_OK;
     case DISPID_DOCUMENTCOMPLETE:
-      if (IsMainFrame(*arguments, kDocumentCompleteFrame)) {
-        decisions_.loaded(TextOf(*arguments, kDocumentCompleteUrl));
+      if (IsMainFrame(*arguments, kCompleteFrame)) {
+        decisions_.loaded(TextOf(*arguments, kCompleteUrl));
       }
+      return S_OK;
+    case DISPID_NAVIGATEERROR:
+      // A server's own error page, whose status is positive, is shown.
+      // An aborted load has given way to another.
+      if (const LONG status = NumberOf(*arguments, kErrorStatus);
+          IsMainFrame(*arguments, kErrorFrame) && status < 0 && status != E_ABORT &&
+          decisions_.has_failed(TextOf(*arguments, kErrorUrl))) {
+        Cancel(*arguments, kErrorCancel);
+      }
+      return S_OK;
+    case DISPID_DOWNLOADBEGIN:
+      downloads_ = true;
+      return S_OK;
+    case DISPID_DOWNLOADCOMPLETE:
+      if (downloads_) decisions_.download_ended();
       return S_OK;
     case DISPID_NEWWINDOW3: {
       Cancel(*arguments, kNewWindow3Cancel);

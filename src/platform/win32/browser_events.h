@@ -21,8 +21,15 @@ struct BrowserDecisions {
   /// click led to it; none is opened. The address is empty if the control does not report it
   /// (before Windows XP Service Pack 2).
   std::function<void(const std::wstring& address, bool user_acted)> new_window_wanted;
-  /// Called when the document at `address` has been loaded into the pane itself.
+  /// The pane itself shows a new page, that at `address`.
+  std::function<void(const std::wstring& address)> has_come;
+  /// The document at `address` has been loaded into the pane itself.
   std::function<void(const std::wstring& address)> loaded;
+  /// The page at `address` could not be fetched; true if the pane shows what is to be said of it in
+  /// place of the control.
+  std::function<bool(const std::wstring& address)> has_failed;
+  /// A download has come to an end: of the page under way, where the control is not busy any more.
+  std::function<void()> download_ended;
 };
 
 /// The receiver of the control's events (DWebBrowserEvents2). Counted by references, as the control
@@ -54,6 +61,7 @@ class BrowserEvents final : public IDispatch {
   Microsoft::WRL::ComPtr<IConnectionPoint> source_;  ///< Null while nothing is listened to.
   Microsoft::WRL::ComPtr<IUnknown> main_frame_;
   DWORD cookie_ = 0;
+  bool downloads_ = false;  ///< Something has begun since the pane itself was sent to a page.
   std::atomic<ULONG> references_{0};
 };
 

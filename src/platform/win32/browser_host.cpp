@@ -13,7 +13,7 @@ using Microsoft::WRL::ComPtr;
 constexpr LONG kForPageFiles = DLCTL_DLIMAGES | DLCTL_NO_SCRIPTS | DLCTL_NO_JAVA |
                                DLCTL_NO_RUNACTIVEXCTLS | DLCTL_NO_DLACTIVEXCTLS |
                                DLCTL_NO_FRAMEDOWNLOAD | DLCTL_NO_BEHAVIORS | DLCTL_NO_CLIENTPULL |
-                               DLCTL_FORCEOFFLINE | DLCTL_SILENT;
+                               DLCTL_FORCEOFFLINE;
 
 /// What a web page may do; controls only those of the user's that are there.
 constexpr LONG kForTheWeb =
@@ -43,8 +43,10 @@ void BrowserHost::Activate() {
   }
 }
 
-void BrowserHost::DownloadControlChanged() {
+void BrowserHost::RulesChanged() {
   ComPtr<IOleControl> control;
+  if (control_ == nullptr) return;
+  control_->put_Silent(questions_.may_run_scripts() ? VARIANT_TRUE : VARIANT_FALSE);
   if (SUCCEEDED(control_.As(&control))) control->OnAmbientPropertyChange(DISPID_AMBIENT_DLCONTROL);
 }
 
@@ -147,9 +149,9 @@ HRESULT BrowserHost::GetTypeInfoCount(UINT* count) {
 HRESULT BrowserHost::Invoke(DISPID property, REFIID, LCID, WORD, DISPPARAMS*, VARIANT* value,
                             EXCEPINFO*, UINT*) {
   if (property != DISPID_AMBIENT_DLCONTROL || value == nullptr) return DISP_E_MEMBERNOTFOUND;
-  const bool is_page_file = !questions_.shows_page_file || questions_.shows_page_file();
+  const bool may_run = questions_.may_run_scripts && questions_.may_run_scripts();
   V_VT(value) = VT_I4;
-  V_I4(value) = is_page_file ? kForPageFiles : kForTheWeb;
+  V_I4(value) = may_run ? kForTheWeb : kForPageFiles;
   return S_OK;
 }
 

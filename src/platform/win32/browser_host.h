@@ -22,7 +22,7 @@ class BrowserHost final : public IOleClientSite,
  public:
   /// What the host asks about the pages.
   struct Questions {
-    std::function<bool()> shows_page_file;  ///< Whether the main frame shows, or goes to, one.
+    std::function<bool()> may_run_scripts;  ///< Whether the page is of the web, not the program's.
     std::function<void()> menu_opening;     ///< Called when the page's context menu opens.
   };
 
@@ -35,8 +35,9 @@ class BrowserHost final : public IOleClientSite,
   /// Gives the keyboard to the page.
   void Activate();
 
-  /// Makes the control ask again what it may download and run.
-  void DownloadControlChanged();
+  /// Makes the control ask again what it may download and run. Dialogs of its own, such as the one
+  /// that prints, are for pages without scripts, which would open others.
+  void RulesChanged();
 
   /// Stops and deactivates the control, and releases it.
   void Close();

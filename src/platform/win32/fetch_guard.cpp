@@ -13,7 +13,9 @@ using Microsoft::WRL::ComPtr;
 using MayFetch = std::function<bool(const std::wstring& address)>;
 
 constexpr const wchar_t* kFile = L"file";
-constexpr std::array kSchemes{kFile, L"http", L"https", L"ftp"};
+constexpr const wchar_t* kResource = L"res";
+constexpr std::array kSchemes{kFile,  kResource, L"http", L"https",
+                              L"ftp", L"mk",     L"its",  L"ms-its"};
 
 /// Of this handler, made up for it.
 constexpr CLSID kGuardClass = {
@@ -131,15 +133,18 @@ void FetchGuard::TurnOn(const std::wstring& page) {
       L"urlmon.dll", "CoInternetGetSession");
   const auto open = SystemCall<HRESULT WINAPI(IUnknown*, LPCWSTR, IStream**, DWORD, void*)>(
       L"urlmon.dll", "URLOpenBlockingStreamW");
-  if (session_ == nullptr) {
-    if (get_session == nullptr || open == nullptr || FAILED(get_session(0, &session_, 0))) return;
-    for (const wchar_t* scheme : kSchemes) {
-      session_->RegisterNameSpace(handlers_.Get(), kGuardClass, scheme, 0, nullptr, 0);
-    }
+  if (session_ != nullptr || get_session == nullptr || open == nullptr ||
+      FAILED(get_session(0, &session_, 0))) {
+    return;
+  }
+  for (const wchar_t* scheme : kSchemes) {
+    session_->RegisterNameSpace(handlers_.Get(), kGuardClass, scheme, 0, nullptr, 0);
   }
   ComPtr<IStream> opened;
   if (open(nullptr, page.c_str(), &opened, 0, nullptr) == INET_E_USE_DEFAULT_PROTOCOLHANDLER) {
-    session_->UnregisterNameSpace(handlers_.Get(), kFile);
+    for (const wchar_t* scheme : {kFile, kResource}) {
+      session_->UnregisterNameSpace(handlers_.Get(), scheme);
+    }
   }
 }
 

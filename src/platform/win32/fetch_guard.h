@@ -12,9 +12,10 @@
 
 namespace panelkit::windows {
 
-/// While it is on, `may_fetch` decides on every file, http, https or ftp address that this process
-/// asks urlmon.dll for (by a temporary namespace handler, IInternetSession): what it refuses is
-/// answered as a resource that is not there, before any file or connection is opened.
+/// While it is on, `may_fetch` decides on every address of a file, a library's resource, a help
+/// archive, http, https or ftp that this process asks urlmon.dll for (by temporary namespace
+/// handlers, IInternetSession): what it refuses is answered as a resource that is not there, before
+/// any file or connection is opened.
 class FetchGuard {
  public:
   explicit FetchGuard(std::function<bool(const std::wstring& address)> may_fetch);
@@ -23,7 +24,7 @@ class FetchGuard {
   FetchGuard& operator=(const FetchGuard&) = delete;
 
   /// Off at first. `page` is an address that may be fetched: where urlmon.dll cannot go on from
-  /// here to the system's own handler for it, file addresses are left alone. Does nothing on a
+  /// here to the system's own handler for it, files and resources are left alone. Does nothing on a
   /// system without urlmon.dll's sessions.
   void TurnOn(const std::wstring& page);
   void TurnOff();

@@ -3,6 +3,7 @@
 #include <shellapi.h>
 #include <urlmon.h>
 
+#include "pane/failure_page.h"
 #include "platform/win32/browser_document.h"
 #include "platform/windows/system_library.h"
 #include "platform/windows/wide.h"
@@ -65,8 +66,10 @@ ATOM Win32Browser::RegisterPaneClass() {
 
 Win32Browser::Win32Browser(HWND form, const ControlDescription& control, const ScreenScale& scale,
                            UINT id, Win32EventLoop& loop)
-    : loop_(loop),
-      guard_([policy = policy_](const std::wstring& url) { return policy->MayFetch(url); }) {
+    : loop_(loop), guard_([rules = rules_](const std::wstring& url) {
+        return !rules->policy.IsStrict() || rules->pages.MayLoad(url) ||
+               rules->policy.Awaits(Utf8(url));
+      }) {
   static const ATOM pane_class = RegisterPaneClass();
   const int left = scale.PixelsX(control.left);
   const int top = scale.PixelsY(control.top);
@@ -93,19 +96,24 @@ void Win32Browser::Connect() {
                                [this](const std::wstring& address, bool user_acted) {
                                  NewWindowWanted(address, user_acted);
                                },
-                               [this](const std::wstring& address) { Loaded(address); }});
-  host_ = new BrowserHost(pane_, {[policy = policy_] { return policy->ShowsPageFile(); },
+                               [this](const std::wstring& address) { HasCome(address); },
+                               [this](const std::wstring& address) { Loaded(address); },
+                               [this](const std::wstring& address) { return HasFailed(address); },
+                               [this] { DownloadEnded(); }});
+  host_ = new BrowserHost(pane_, {[rules = rules_] { return rules->policy.MayRunScripts(); },
                                   [this] { menu_was_open_ = true; }});
   host_->Release();  // The reference that it was made with.
   if (host_->Control() == nullptr) return;
-  host_->Control()->put_Silent(VARIANT_TRUE);
   host_->Control()->put_RegisterAsDropTarget(VARIANT_FALSE);
   events_->ListenTo(*host_->Control());
 }
 
 void Win32Browser::Navigate(const std::string& address) {
   page_.reset();
-  policy_->Admit(Wide(address));
+  if (!IsWebAddress(address)) {
+    page_file_ = Wide(address);
+    rules_->pages.Add(page_file_);
+  }
   Go(Wide(address));
 }
 
@@ -118,6 +126,7 @@ void Win32Browser::ShowFromMemory(const std::string& page) {
 
 void Win32Browser::Go(const std::wstring& address) {
   if (host_->Control() == nullptr) return;
+  rules_->policy.Expect(rules_->pages.Load(address, Place::MainFrame, false).address);
   VARIANT none;
   VariantInit(&none);
   host_->Control()->Navigate(OleText(address).Get(), &none, &none, &none, &none);
@@ -136,32 +145,59 @@ bool Win32Browser::UserActed() const {
 }
 
 bool Win32Browser::MayGo(const std::wstring& address, bool is_main_frame) {
-  if (!is_main_frame) return policy_->MayShowInFrame(address);
-  if (!policy_->MayShow(address, UserActed())) return false;
+  const Place place = is_main_frame ? Place::MainFrame : Place::Frame;
+  const auto load = rules_->pages.Load(address, place, UserActed());
+  const bool may_go = rules_->policy.Decide(load) == Answer::Show;
+  if (!may_go || !is_main_frame) return may_go;
   has_acted_ = menu_was_open_ = false;
   if (address != kEmptyDocument) page_.reset();
-  policy_->Going(address);
-  if (policy_->ShowsPageFile()) {
-    guard_.TurnOn(address);
-  } else {
-    guard_.TurnOff();
-  }
-  host_->DownloadControlChanged();
+  FollowRules();
   return true;
 }
 
-void Win32Browser::NewWindowWanted(const std::wstring& address, bool user_acted) {
-  if (!address.empty()) {
-    if (user_acted) OpenOutside(address);
-  } else if (UserActed()) {
-    OpenOutside(ActiveLink(*host_->Control()));
+void Win32Browser::FollowRules() {
+  if (rules_->policy.IsStrict()) {
+    guard_.TurnOn(page_file_);
+  } else {
+    guard_.TurnOff();
   }
+  host_->RulesChanged();
+}
+
+void Win32Browser::HasCome(const std::wstring& address) {
+  rules_->policy.HasCome(rules_->pages.Load(address, Place::MainFrame, false).target);
+  FollowRules();
+}
+
+bool Win32Browser::HasFailed(const std::wstring& address) {
+  rules_->policy.HasFailed();
+  FollowRules();
+  if (!IsWebAddress(Utf8(address))) return false;
+  const std::string page =
+      FailurePage(Utf8(address), "No answer came, or none that this pane understands.", {});
+  loop_.Post(alive_, [this, page] { ShowFromMemory(page); });
+  return true;
+}
+
+void Win32Browser::DownloadEnded() {
+  VARIANT_BOOL is_busy = VARIANT_FALSE;
+  host_->Control()->get_Busy(&is_busy);
+  if (is_busy != VARIANT_FALSE) return;
+  rules_->policy.HasFailed();
+  FollowRules();
+}
+
+/// Older browsers name neither the address nor who acted.
+void Win32Browser::NewWindowWanted(const std::wstring& address, bool user_acted) {
+  const std::wstring link = address.empty() ? ActiveLink(*host_->Control()) : address;
+  const bool by_user = address.empty() ? UserActed() : user_acted;
+  const auto load = rules_->pages.Load(link, Place::NewWindow, by_user);
+  if (rules_->policy.Decide(load) == Answer::OpenInUsersBrowser) OpenOutside(link);
 }
 
 /// From the event loop: inside the control's event, the shell's own messages would reach the
 /// control while it waits for the answer.
 void Win32Browser::OpenOutside(const std::wstring& address) {
-  if (!IsWebAddress(address)) return;
   loop_.Post(alive_, [this, address] {
     constexpr INT_PTR kLastError = 32;
     const auto result = reinterpret_cast<INT_PTR>(

@@ -12,11 +12,12 @@
 #include <string>
 #include <utility>
 
+#include "pane/pane_policy.h"
 #include "platform/browser.h"
 #include "platform/win32/browser_events.h"
 #include "platform/win32/browser_host.h"
 #include "platform/win32/fetch_guard.h"
-#include "platform/win32/navigation_policy.h"
+#include "platform/win32/page_addresses.h"
 #include "platform/win32/screen_scale.h"
 #include "platform/win32/win32_event_loop.h"
 
@@ -60,6 +61,10 @@ class Win32Browser final : public WebBrowser {
  private:
   void Connect();
   void Go(const std::wstring& address);
+  void FollowRules();
+  void HasCome(const std::wstring& address);
+  bool HasFailed(const std::wstring& address);
+  void DownloadEnded();
   void Loaded(const std::wstring& address);
   bool MayGo(const std::wstring& address, bool is_main_frame);
   void NewWindowWanted(const std::wstring& address, bool user_acted);
@@ -70,12 +75,18 @@ class Win32Browser final : public WebBrowser {
 
   Win32EventLoop& loop_;
   HWND pane_ = nullptr;
-  std::shared_ptr<NavigationPolicy> policy_ = std::make_shared<NavigationPolicy>();
+  /// Shared with the guard, which other threads may still ask when the pane has gone.
+  struct Rules {
+    PanePolicy policy;
+    PageAddresses pages;
+  };
+  std::shared_ptr<Rules> rules_ = std::make_shared<Rules>();
   FetchGuard guard_;
   Microsoft::WRL::ComPtr<BrowserHost> host_;
   Microsoft::WRL::ComPtr<BrowserEvents> events_;
   std::function<void()> link_not_opened_;
   std::optional<std::string> page_;  ///< To be loaded once the pane is empty.
+  std::wstring page_file_;           ///< The one shown last.
   DWORD acted_at_ = 0;               ///< GetTickCount of the user's last click or key in the pane.
   bool has_acted_ = false;           ///< Whether there was one since the last navigation.
   bool menu_was_open_ = false;       ///< Whether the page's menu was opened since then.

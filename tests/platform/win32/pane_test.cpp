@@ -126,13 +126,19 @@ VARIANT Frame(IDispatch* frame) {
   return value;
 }
 
+bool IsSilent(IWebBrowser2& control) {
+  VARIANT_BOOL silent = VARIANT_FALSE;
+  control.get_Silent(&silent);
+  return silent != VARIANT_FALSE;
+}
+
 }  // namespace
 
 TEST_CASE("The control may run and load by what the main frame shows, and ends with its window") {
   const Ole ole;
   const Window window;
-  bool page_file = true;
-  auto* host = new windows::BrowserHost(window.handle, {[&] { return page_file; }, [] {}});
+  bool web = false;
+  auto* host = new windows::BrowserHost(window.handle, {[&] { return web; }, [] {}});
   REQUIRE(host->Control() != nullptr);
   const auto allowed = [host] {
     ComPtr<IDispatch> ambient;
@@ -147,7 +153,10 @@ TEST_CASE("The control may run and load by what the main frame shows, and ends w
                             DLCTL_FORCEOFFLINE;
   CHECK((allowed() & kKeptOut) == kKeptOut);
   CHECK((allowed() & (DLCTL_DLIMAGES | DLCTL_VIDEOS | DLCTL_BGSOUNDS)) == DLCTL_DLIMAGES);
-  page_file = false;
+  CHECK_FALSE(IsSilent(*host->Control()));  // Printing asks by a dialog.
+  web = true;
+  host->RulesChanged();
+  CHECK(IsSilent(*host->Control()));  // A script may not.
   CHECK((allowed() & (kKeptOut & ~DLCTL_NO_DLACTIVEXCTLS)) == 0);
   host->Close();
   CHECK(GetWindow(window.handle, GW_CHILD) == nullptr);
@@ -172,9 +181,15 @@ TEST_CASE("While the guard is on, nothing refused is opened or connected to") {
   guard.TurnOn(L"file:///" + (folder / "absent").wstring());
   CHECK(Fetch(other) == "refused");
   CHECK(Fetch(listener.url) == "refused");
-  CHECK(Fetch(L"file://server/share/x.gif") == "refused");
+  for (const wchar_t* address :
+       {L"file://server/share/x.gif", L"res://shell32.dll/2/1", L"mk:@MSITStore:C:\\x.chm::/x.gif",
+        L"its:C:\\x.chm::/x.gif", L"ms-its:C:\\x.chm::/x.gif"}) {
+    CAPTURE(address);
+    const std::size_t before = asked.size();
+    CHECK(Fetch(address) == "refused");
+    CHECK(asked.size() == before + 1);
+  }
   CHECK_FALSE(listener.SawConnection());
-  CHECK(asked.size() == 4);
   guard.TurnOff();
   CHECK(Fetch(other) == "other");
   // Wine does not go on to the system's own handler: there the pages' files must load all the same.
@@ -194,7 +209,10 @@ TEST_CASE("A page gets a new window only by the user's click, and frames are tol
        [&log](const std::wstring& address, bool user_acted) {
          log += L"new " + address + (user_acted ? L" by user|" : L"|");
        },
-       [&log](const std::wstring& address) { log += address + L" loaded|"; }}));
+       [&log](const std::wstring& address) { log += address + L" has come|"; },
+       [&log](const std::wstring& address) { log += address + L" loaded|"; },
+       [&log](const std::wstring& address) { return !(log += address + L" has failed|").empty(); },
+       [&log] { log += L"ended|"; }}));
   const auto new_window = [&](LONG flags) {
     return IsCancelled(*events.Get(), DISPID_NEWWINDOW3,
                        {Text(L"http://a.example"), Text(L""), Number(flags), {}, {}}, 3);
@@ -221,9 +239,24 @@ TEST_CASE("A page gets a new window only by the user's click, and frames are tol
   CHECK(navigates(pane.Get(), L"http://a.example"));
   CHECK_FALSE(navigates(frame.Get(), L"http://no.example"));
   for (const auto& where : {frame, pane}) {
+    Send(*events.Get(), DISPID_DOWNLOADCOMPLETE, {});  // Of the page before.
+    Send(*events.Get(), DISPID_NAVIGATECOMPLETE2, {Text(L"about:blank"), Frame(where.Get())});
     Send(*events.Get(), DISPID_DOCUMENTCOMPLETE, {Text(L"about:blank"), Frame(where.Get())});
   }
-  CHECK(windows::Utf8(log) == "http://a.example main|http://no.example frame|about:blank loaded|");
+  const auto fails = [&](IWebBrowser2* where, HRESULT status) {
+    return IsCancelled(*events.Get(), DISPID_NAVIGATEERROR,
+                       {{}, Number(status), {}, Text(L"http://a.example"), Frame(where)}, 0);
+  };
+  CHECK(fails(pane.Get(), INET_E_RESOURCE_NOT_FOUND));
+  CHECK_FALSE(fails(pane.Get(), E_ABORT));
+  CHECK_FALSE(fails(pane.Get(), 404));
+  CHECK_FALSE(fails(frame.Get(), INET_E_RESOURCE_NOT_FOUND));
+  for (const DISPID event : {DISPID_DOWNLOADBEGIN, DISPID_DOWNLOADCOMPLETE}) {
+    Send(*events.Get(), event, {});
+  }
+  CHECK(windows::Utf8(log) ==
+        "http://a.example main|http://no.example frame|about:blank has come|about:blank loaded|"
+        "http://a.example has failed|ended|");
   events->StopListening();
   ComPtr<IConnectionPointContainer> sources;
   ComPtr<IConnectionPoint> source;
