@@ -96,6 +96,11 @@ class frmGauges {
   /// Aircraft whose panel was there but could not be read in the last scan.
   const std::vector<std::string>& Unreadable() const { return unreadable_; }
 
+  /// Of these files in Gauges, those that a panel names in a way which the last scan's report does
+  /// not read, each with its first mention.
+  std::vector<std::pair<std::string, Mention>> NamedOtherwise(
+      const std::vector<std::string>& files) const;
+
   /// What became of the files that the last Clean Gauges was to move.
   const MoveOutcome& Moved() const { return moved_; }
 
@@ -106,9 +111,11 @@ class frmGauges {
   NameList MissingGauges;      ///< File parts: missing ones or, collecting only, required ones.
   bool ListAllGauges = false;  ///< List gauges that are present, too.
   bool CollectRequiredOnly = false;  ///< Write no lines, collect every entry.
-  bool Careful = false;              ///< Clean moves nothing if a panel could not be read.
-  StopRequest Stop;                  ///< Ends Clean's moving of files early, without a report.
-  std::shared_ptr<CABFile> cab;      ///< The last cabinet listed.
+  /// Clean moves nothing if a panel could not be read, and no file that a panel names in a way
+  /// which the reports do not read.
+  bool Careful = false;
+  StopRequest Stop;              ///< Ends Clean's moving of files early, without a report.
+  std::shared_ptr<CABFile> cab;  ///< The last cabinet listed.
 
  private:
   using Handler = void (frmGauges::*)();
@@ -145,6 +152,7 @@ class frmGauges {
   StatusLine status_;            // lblStatus.
   std::optional<GaugeReport> report_;
   std::vector<std::string> unreadable_;
+  std::vector<std::string> unreadable_variants_;  // Panels beside the aircraft's `Panel`.
   std::vector<std::string> not_named_;  // Cabinets whose names the cabinet service does not take.
   MoveOutcome moved_;
   BrakeOutcome brakes_;

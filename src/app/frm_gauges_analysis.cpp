@@ -3,6 +3,7 @@
 #include "cabinet/mod_gauges.h"
 #include "gauges/aircraft_walk.h"
 #include "gauges/gauge_file.h"
+#include "gauges/mention_finder.h"
 #include "gauges/panel_reader.h"
 #include "gauges/panel_report.h"
 #include "pages/report_page.h"
@@ -29,8 +30,9 @@ ReportKind ReportKindOf(bool list_all_gauges, bool collect_required_only) {
 }  // namespace
 
 void frmGauges::EnumerateGauges() {
-  PanelReader panels(machine_.files, machine_.text, loop_);
   const std::string FSPath = GetFSPath();
+  MentionFinder mentions(machine_.files, machine_.text, FSPath);
+  PanelReader panels(machine_.files, machine_.text, loop_, mentions);
   GaugeReport& report = report_.emplace();
   report.kind = ReportKindOf(ListAllGauges, CollectRequiredOnly);
   unreadable_.clear();
@@ -53,6 +55,9 @@ void frmGauges::EnumerateGauges() {
     ReportHtml += PanelLines(std::span(report.panels).subspan(listed), machine_.text);
   };
   aircraft_listed_ = WalkAircraft(machine_.files, loop_, FSPath, on_progress, on_aircraft);
+  report.otherwise_named =
+      OtherwiseNamedFiles(mentions.Mentions(), report.named, machine_.text, ask.exists);
+  unreadable_variants_ = mentions.Unreadable();
 }
 
 void frmGauges::CreateGaugeArray(const std::string& FSPath) {

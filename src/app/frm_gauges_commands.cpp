@@ -1,6 +1,7 @@
 // frmGauges: the three report commands.
 #include "app/frm_gauges.h"
 #include "cabinet/mod_gauges.h"
+#include "gauges/gauge_file.h"
 #include "pages/page_text.h"
 #include "pages/report_page.h"
 #include "pages/status_text.h"
@@ -92,15 +93,33 @@ std::optional<SpareSelection> frmGauges::FindSpare() {
     return std::nullopt;
   }
   if (!not_named_.empty()) status_.Warn(CabinetsNotNamedText(not_named_));
-  return SelectSpare(modGauges::InstalledGauges, MissingGauges.Names(), machine_.text);
+  std::vector<std::string> required = MissingGauges.Names();
+  if (Careful) {
+    for (const OtherwiseNamedFile& file : report_->otherwise_named) required.push_back(file.name);
+  }
+  return SelectSpare(modGauges::InstalledGauges, required, machine_.text);
+}
+
+std::vector<std::pair<std::string, Mention>> frmGauges::NamedOtherwise(
+    const std::vector<std::string>& files) const {
+  std::vector<std::pair<std::string, Mention>> named;
+  if (!report_) return named;
+  for (const std::string& file : files) {
+    const std::string name = machine_.text.Lower(LessExtension(file));
+    for (const OtherwiseNamedFile& other : report_->otherwise_named) {
+      if (machine_.text.Lower(other.name) == name) named.emplace_back(file, other.mentions[0]);
+    }
+  }
+  return named;
 }
 
 // With an incomplete list of required gauges, Clean would move needed ones.
 std::string frmGauges::WhyNothingMoves() const {
   if (!aircraft_listed_) return NoAircraftText(machine_.files, GetFSPath());
   if (TablesAreFull()) return "there are more than 32,767 gauges";
-  if (!Careful || unreadable_.empty()) return {};
-  return "panels that could not be read: " + std::to_string(unreadable_.size());
+  const std::size_t unreadable = unreadable_.size() + unreadable_variants_.size();
+  if (!Careful || unreadable == 0) return {};
+  return "panels that could not be read: " + std::to_string(unreadable);
 }
 
 bool frmGauges::TablesAreFull() const {
@@ -115,10 +134,11 @@ void frmGauges::ArchiveSpare(const SpareSelection& spare) {
   report_->names = Sorted(spare.keys);
   ReportHtml += SummaryLines(*report_);
   TellOf(ShowPage(PageFile()));
-  const std::string done = CleanDoneText(moved_.stayed.size(), unreadable_.size());
+  const std::size_t named_otherwise = NamedOtherwise(moved_.moved).size();
+  const std::string done = CleanDoneText(moved_.stayed.size(), unreadable_.size(), named_otherwise);
   if (!moved_.stayed.empty()) {
     status_.Complain(done);
-  } else if (!unreadable_.empty()) {
+  } else if (unreadable_.size() + named_otherwise > 0) {
     status_.Warn(done);
   }
 }

@@ -53,6 +53,21 @@ using NamedEntries =
     tsl::robin_map<std::string_view, NamedEntry, std::hash<std::string_view>, std::equal_to<>,
                    std::allocator<std::pair<std::string_view, NamedEntry>>, true>;
 
+/// A line of a panel that names a gauge in a way which the reports do not read.
+struct Mention {
+  std::string entry;     ///< Without blanks around it.
+  std::string aircraft;  ///< The folder's name as listed.
+  std::string panel;     ///< The panel.cfg, by its path below the simulator's folder.
+  int line = 0;          ///< From 1.
+};
+
+/// A file that only such lines name.
+struct OtherwiseNamedFile {
+  std::string name;               ///< The file part as it is spelt first.
+  bool is_there = true;           ///< Every entry that names it is installed.
+  std::vector<Mention> mentions;  ///< The first one of each panel.
+};
+
 /// The whole report. Texts are UTF-8, as they stand in the files.
 struct GaugeReport {
   // Fuller than by default: half as large, it stays in the processor's cache.
@@ -68,6 +83,10 @@ struct GaugeReport {
 
   /// The number of aircraft that were scanned.
   int aircraft = 0;
+
+  /// The files that panels name in a way which the report does not read; none of them is listed in
+  /// what follows.
+  std::vector<OtherwiseNamedFile> otherwise_named;
 
   /// Sorted as the page shows them: the files that are missing or, of Clean, the removed gauges.
   std::vector<std::string> names;

@@ -43,7 +43,10 @@ std::string_view AliasValue(std::string_view line) {
 FileFault PanelReader::Read(const std::string& FSPath, const std::string& aircraft,
                             PanelReport& report) {
   try {
-    return Follow(FSPath, aircraft + R"(\Panel)", report);
+    mentions_.Begin(aircraft);
+    const FileFault fault = Follow(FSPath, aircraft + R"(\Panel)", report);
+    mentions_.LookFurther();
+    return fault;
   } catch (const std::bad_alloc&) {
     // A panel that is too large for the memory at hand costs its own lines, not the whole run.
     return FileFault::TooLarge;
@@ -60,7 +63,10 @@ FileFault PanelReader::Follow(const std::string& FSPath, const std::string& pane
     const FileContent file = files_.Read(path);
     if (!file.bytes) return file.fault == FileFault::Absent ? FileFault::None : file.fault;
     report.OnFile();
-    const std::optional<std::string> alias = Scan(text_.FromAnsi(*file.bytes), report);
+    const std::string content = text_.FromAnsi(*file.bytes);
+    entries_.clear();
+    const std::optional<std::string> alias = Scan(content, report);
+    mentions_.Look(path, content, entries_);
     if (!alias) break;
     path = FSPath + R"(\Aircraft\)" + *alias + R"(\panel.cfg)";
   }
@@ -100,7 +106,10 @@ void PanelReader::ReadWindows(LineReader& lines, PanelReport& report) {
       const std::string_view line = lines.Next();
       if (lines.LineHasBracket() && IsWindowHeader(line)) break;
       if (!IsGaugeLine(line)) continue;
-      if (const auto entry = EntryOf(line)) report.OnEntry(*entry);
+      const auto entry = EntryOf(line);
+      if (!entry) continue;
+      entries_.push_back(*entry);
+      report.OnEntry(*entry);
     }
   }
 }

@@ -6,7 +6,9 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
+#include "gauges/mention_finder.h"
 #include "gauges/panel_report.h"
 #include "platform/event_loop.h"
 #include "platform/files.h"
@@ -19,8 +21,9 @@ namespace panelkit {
 /// gives the n-th window of the file the n-th title.
 class PanelReader {
  public:
-  PanelReader(const Files& files, const Text& text, EventLoop& loop)
-      : files_(files), text_(text), loop_(loop) {}
+  /// What is read is handed on to `mentions`.
+  PanelReader(const Files& files, const Text& text, EventLoop& loop, MentionFinder& mentions)
+      : files_(files), text_(text), loop_(loop), mentions_(mentions) {}
 
   /// Reads the panel of `aircraft`, a folder in `FSPath`\Aircraft, following alias lines (at most
   /// 100, and never to a file read before). Gives why the panel, or the one that an alias leads to,
@@ -37,6 +40,8 @@ class PanelReader {
   const Files& files_;
   const Text& text_;
   EventLoop& loop_;
+  MentionFinder& mentions_;
+  std::vector<std::string_view> entries_;  // Of the panel at hand, as reported.
   std::array<std::string, 100> WindowTitles;
   std::int16_t TitleCount = 0;
 };

@@ -68,10 +68,14 @@ std::string UnfinishedText(const std::string& reason) {
   return "The command could not be finished: " + reason + ".";
 }
 
-std::string CleanDoneText(std::size_t stayed, std::size_t unreadable) {
+std::string CleanDoneText(std::size_t stayed, std::size_t unreadable, std::size_t named_otherwise) {
   std::string text = "Done";
   if (stayed > 0) text += " - files that stayed in Gauges: " + std::to_string(stayed);
   if (unreadable > 0) text += " - panels that could not be read: " + std::to_string(unreadable);
+  if (named_otherwise > 0) {
+    text += " - " + std::to_string(named_otherwise) +
+            " of the moved files are named by panels in another way";
+  }
   return text;
 }
 

@@ -29,9 +29,10 @@ std::string PageUnwrittenText(const std::string& path, FileFault fault);
 /// C:\FS is not there".
 std::string NoAircraftText(const Files& files, const std::string& FSPath);
 
-/// The end of a Clean Gauges run: "Done", with the number of files that stayed in Gauges and of
-/// panels that could not be read, as far as there are any.
-std::string CleanDoneText(std::size_t stayed, std::size_t unreadable);
+/// The end of a Clean Gauges run: "Done", with the number of files that stayed in Gauges, of panels
+/// that could not be read and of moved files that panels name in a way which the reports do not
+/// read, as far as there are any.
+std::string CleanDoneText(std::size_t stayed, std::size_t unreadable, std::size_t named_otherwise);
 
 /// These cabinets (names of files in Gauges) were not looked into, since the machine's cabinet
 /// service takes no such names: what to do about it.

@@ -25,7 +25,8 @@ void panelkit::fuzz::Try(std::string_view input) {
         [](const std::string&) { return false; },
         [&collected](const std::string& entry) { collected.Add(FilePart(entry)); }};
     PanelReport panel("a", ask, report);
-    PanelReader(prefix.machine.Services().files, text, loop).Read("C:", "a", panel);
+    MentionFinder mentions(prefix.machine.Services().files, text, "C:");
+    PanelReader(prefix.machine.Services().files, text, loop, mentions).Read("C:", "a", panel);
     return report;
   };
   NameList required;

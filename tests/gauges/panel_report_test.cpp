@@ -91,7 +91,9 @@ TEST_CASE_FIXTURE(Program, "a panel that is there but cannot be read is told fro
     GaugeReport report;
     const EntryQuestions ask;
     PanelReport panel(name, ask, report);
-    return PanelReader(machine.files, machine.text, loop).Read(simulator.FSPath(), name, panel);
+    MentionFinder mentions(machine.files, machine.text, simulator.FSPath());
+    return PanelReader(machine.files, machine.text, loop, mentions)
+        .Read(simulator.FSPath(), name, panel);
   };
   for (const char* name : {"Bare", "Lost", "None"}) CHECK(fault(name) == FileFault::None);
   for (const char* name : {"Folder", "Alias"}) CHECK(fault(name) != FileFault::None);

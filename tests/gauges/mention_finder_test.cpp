@@ -1,0 +1,127 @@
+// What only the second reading of the panels sees, and what Clean makes of it.
+#include "gauges/mention_finder.h"
+
+#include <doctest/doctest.h>
+
+#include <random>
+
+#include "support/cabinet_writer.h"
+#include "support/simulator.h"
+
+namespace panelkit::test {
+namespace {
+
+struct OddPanels : Program {
+  // A line for each file and place: "name there|gone: entry @ panel:line".
+  std::string Found() {
+    form.EnumerateGauges();
+    std::string found;
+    for (const OtherwiseNamedFile& file : form.Report()->otherwise_named) {
+      found += file.name + (file.is_there ? " there:" : " gone:");
+      for (const Mention& mention : file.mentions) {
+        found += " " + mention.entry + " @ " + mention.panel + ":" + std::to_string(mention.line);
+      }
+      found += "\n";
+    }
+    return found;
+  }
+  void AddPanel(const std::string& path, const std::string& panel) {
+    Put(simulator.Fs() / "Aircraft" / path / "panel.cfg", Replaced(panel, "\n", "\r\n"));
+  }
+};
+
+TEST_CASE_FIXTURE(OddPanels, "gauges that panels name in other ways are found with their places") {
+  simulator.AddAircraft("Blank", "[Window Titles]\n\nWindow00=W\n[Window00]\ngauge00=blank,1\n");
+  simulator.AddAircraft("Indent",
+                        "[Window Titles]\nWindow00=W\n\n[Window00]\n  Gauge00 = Indent!A , 1\n"
+                        "\tgauge01=seen,1\n// gauge02=comment,1\n;gauge03=comment,1\n"
+                        "gauge04=//comment\ngauge05=seen,1\ngauge=nodigits,1\nGAUGE06=bare // x\n"
+                        "gauge07 = indent!b,1\n");
+  simulator.AddAircraft("Last", "[Window00]\ngauge00=last,1\n[Window Titles]\nWindow00=W\n");
+  simulator.AddAircraft("Untitled", "[Window00]\nGauge00=untitled!x,1\n");
+  simulator.AddAircraft("Variant", "[Window Titles]\nWindow00=W\n\n[Window00]\ngauge00=seen,1\n");
+  AddPanel("Variant/Panel.vfr",
+           "[Window Titles]\nWindow00=W\n\n[Window00]\ngauge00=SEEN,1\n"
+           "gauge01=vfr,1\nalias=Shared\\panel\n");
+  AddPanel("Variant/panel.ifr", "alias = Shared\\panel\n");
+  AddPanel("Variant/Panels", "gauge00=other,1\n");
+  AddPanel("Shared/panel", "alias=shared\\Panel\ngauge00=shared,1\ngauge01=vfr,1\n");
+  simulator.AddGauge("Indent.gau");
+  simulator.AddGauge("xlast.gau");
+  const std::string shared = R"(Aircraft\Shared\panel\panel.cfg)";
+  const std::string found = "shared gone: shared @ Aircraft\\Shared\\Panel\\panel.cfg:2 shared @ " +
+                            shared +
+                            ":2\n"
+                            "vfr gone: vfr @ Aircraft\\Shared\\Panel\\panel.cfg:3 vfr @ "
+                            "Aircraft\\Variant\\Panel.vfr\\panel.cfg:6 vfr @ " +
+                            shared +
+                            ":3\nuntitled gone: untitled!x @ "
+                            "Aircraft\\Untitled\\Panel\\panel.cfg:2\n";
+  CHECK(Found() ==
+        "blank gone: blank @ Aircraft\\Blank\\Panel\\panel.cfg:5\n"
+        "Indent there: Indent!A @ Aircraft\\Indent\\Panel\\panel.cfg:5\n"
+        "bare gone: bare @ Aircraft\\Indent\\Panel\\panel.cfg:12\n"
+        "last there: last @ Aircraft\\Last\\Panel\\panel.cfg:2\n" +
+            found);
+}
+
+TEST_CASE_FIXTURE(OddPanels, "Clean tells which of the moved files panels name in another way") {
+  simulator.AddAircraft("Alpha", "[Window00]\ngauge00=used!x,1\ngauge01=pack!y,1\n");
+  for (const char* file : {"Used.gau", "idle.gau"}) simulator.AddGauge(file);
+  Put(simulator.Fs() / "Gauges" / "Pack.cab", MakeCabinet({{"y.xml"}}));
+  form.Careful = true;
+  Click("menRemove");
+  CHECK(Status() == "Done");
+  CHECK(Tree(simulator.Fs() / "Gauges") == "Pack.cab\nUsed.gau\n");
+  form.Careful = false;
+  Click("menRemove");
+  CHECK(Status() == "Done - 2 of the moved files are named by panels in another way");
+  const auto named = form.NamedOtherwise(form.Moved().moved);
+  REQUIRE(named.size() == 2);
+  CHECK(named[0].first == "Used.gau");
+  CHECK(named[1].second.line == 3);
+}
+
+TEST_CASE_FIXTURE(OddPanels, "a careful Clean moves nothing that either reading names") {
+  std::mt19937 random(2002);
+  const auto pick = [&random](auto... texts) {
+    const std::vector<std::string> list{texts...};
+    return list[random() % list.size()];
+  };
+  for (int round = 0; round < 15; ++round) {
+    for (const char* folder : {"Aircraft", "Gauges"}) {
+      std::filesystem::remove_all(simulator.Fs() / folder);
+    }
+    std::vector<std::string> used;
+    for (const char* panel : {"a/Panel", "a/Panel.x", "b/Panel", "b/shared"}) {
+      std::string text;
+      for (auto lines = random() % 12; lines > 0; --lines) {
+        const std::string name = "g" + std::to_string(random() % 12);
+        text += pick("[Window Titles]\n", "Window00=W\n", "\n", "[Window00]\n", "[Window01]\n",
+                     "alias=b\\shared\n", "gauge0=" + name + ",1\n", " gauge1 = " + name + "!x,1\n",
+                     "Gauge2=" + name + " , 1\n");
+      }
+      AddPanel(panel, text);
+      for (std::size_t at = 0; (at = text.find("=", at)) != std::string::npos; ++at) {
+        const auto name = text.find('g', at);
+        const bool is_name = name <= at + 2 && isdigit(text[name + 1]) != 0;
+        if (is_name) used.push_back(text.substr(name, text.find_first_of(" ,!", name) - name));
+      }
+    }
+    for (int i = 0; i < 12; ++i) simulator.AddGauge("G" + std::to_string(i) + ".gau");
+    form.Careful = true;
+    Click("menRemove");
+    // The panel of b that only an alias line leads to is read if one is there.
+    for (const std::string& name : used) {
+      const bool only_shared =
+          Get(simulator.Fs() / "Aircraft/b/shared/panel.cfg").find(name) != std::string::npos;
+      CAPTURE(name);
+      const bool stayed =
+          std::filesystem::exists(simulator.Fs() / "Gauges" / ("G" + name.substr(1) + ".gau"));
+      CHECK((stayed || only_shared));
+    }
+  }
+}
+
+}  // namespace
+}  // namespace panelkit::test
