@@ -3,93 +3,123 @@
 
 #include "cabinet/cab_file.h"
 #include "console/console_commands.h"
-#include "platform/terminal.h"
+#include "console/json.h"
 
 namespace panelkit {
 namespace {
 
-int NoEntry(const std::string& name) {
-  return Complain("The cabinet has no entry " + name + ".");
+struct ListedCabinetEntry {
+  std::string name;  // With its folders.
+  std::uint32_t size;
+  std::string date;
+};
+
+std::string NoEntryText(const std::string& name) {
+  return "The cabinet has no entry " + name + ".";
 }
 
-int Print(const std::string& text) {
-  return terminal::WriteOut(text) ? kExitDone : Complain("The output could not be written.");
-}
-
-int Count(CABFile& cabinet) {
-  return Print(std::to_string(cabinet.FileCount()) + "\n");
-}
-
-std::string EntryLine(const std::string& size, const std::string& date, const std::string& name) {
+std::string TextOf(const std::vector<ListedCabinetEntry>& entries) {
   constexpr std::size_t kSizeWidth = 10;
-  const std::string blanks(kSizeWidth - std::min(kSizeWidth, size.size()), ' ');
-  return blanks + size + "  " + date + "  " + name + "\n";
+  Lines lines;
+  for (const ListedCabinetEntry& entry : entries) {
+    const std::string size = std::to_string(entry.size);
+    const std::string blanks(kSizeWidth - std::min(kSizeWidth, size.size()), ' ');
+    lines.Add(blanks + size + "  " + entry.date + "  " + entry.name);
+  }
+  return lines.Take();
 }
 
-int List(CABFile& cabinet, const DateStamps& dates, const std::string& entry) {
-  std::string lines;
+Json JsonOf(const std::vector<ListedCabinetEntry>& entries) {
+  Json json = Json::array();
+  for (const ListedCabinetEntry& entry : entries) {
+    json.push_back({{"name", entry.name}, {"size", entry.size}, {"date", entry.date}});
+  }
+  return json;
+}
+
+std::string WordsOf(const CabError& error, const CommandLine& line) {
+  return line.cabinet + ": " + error.Description + " (error " + std::to_string(error.Number) + ")";
+}
+
+Outcome List(CABFile& cabinet, const LocalMachine& machine, const DateStamps& dates,
+             const CommandLine& line) {
+  Outcome outcome;
+  std::vector<ListedCabinetEntry> entries;
   cabinet.FileFound = [&](const std::string& file, double date, std::int32_t size,
                           const std::string& folder) {
-    const std::string bytes = std::to_string(static_cast<std::uint32_t>(size));
-    lines += EntryLine(bytes, dates.DateText(date), folder + file);
+    entries.push_back({folder + file, static_cast<std::uint32_t>(size), dates.DateText(date)});
   };
   try {
-    cabinet.ListEntries(entry);
-  } catch (const CabError&) {
-    Print(lines);  // The entries before the damage.
-    throw;
+    cabinet.ListEntries(line.entry);
+    if (!line.entry.empty() && entries.empty()) return Failure(NoEntryText(line.entry));
+  } catch (const CabError& error) {
+    outcome.Fail(WordsOf(error, line));  // The entries before the damage are there.
   }
-  return !entry.empty() && lines.empty() ? NoEntry(entry) : Print(lines);
+  outcome.output = line.format == Format::Json
+                       ? JsonText(line, {{"cabinet", JsonOfPath(machine, cabinet.CabName)},
+                                         {"entries", JsonOf(entries)}})
+                       : TextOf(entries);
+  return outcome;
 }
 
-int Xml(CABFile& cabinet, const std::string& entry) {
-  return Print(cabinet.GetXML(entry) + "\n");
+Outcome Xml(CABFile& cabinet, const std::string& entry) {
+  Lines lines;
+  lines.AddText(cabinet.GetXML(entry) + "\n");
+  return {lines.Take()};
 }
 
-int Extract(CABFile& cabinet, const LocalMachine& machine, const CommandLine& line) {
+Outcome Extract(CABFile& cabinet, const LocalMachine& machine, const CommandLine& line) {
   if (line.entry.empty() && !line.output_file.empty()) {
     const std::int32_t entries = cabinet.FileCount();
     if (entries > 1) {
-      return Complain("--output-file names one file, but the cabinet has " +
-                      std::to_string(entries) + " entries: name the one to extract.");
+      return Failure("--output-file names one file, but the cabinet has " +
+                     std::to_string(entries) + " entries: name the one to extract.");
     }
   }
+  Outcome outcome;
+  Lines lines;
   std::size_t selected = 0;
   std::size_t written = 0;
   cabinet.BeforeExtract = [&](const std::string& /*name*/, bool& /*cancel*/) { ++selected; };
   cabinet.AfterExtract = [&](const std::string& path) {
     ++written;
-    terminal::WriteOut(machine.NativePath(path) + "\n");
+    lines.Add(machine.NativePath(path));
   };
   const std::string folder =
       line.output_path.empty() ? std::string() : machine.WindowsPath(line.output_path);
-  cabinet.Extract(line.entry, folder, line.output_file);
-  if (selected == 0 && !line.entry.empty()) return NoEntry(line.entry);
-  if (written == selected) return kExitDone;
-  return Complain(
-      "Entries passed over, since their folder cannot be made or their name leaves it: " +
-      std::to_string(selected - written) + ".");
+  try {
+    cabinet.Extract(line.entry, folder, line.output_file);
+    if (selected == 0 && !line.entry.empty()) outcome.Fail(NoEntryText(line.entry));
+    if (written < selected) {
+      outcome.Fail(
+          "Entries passed over, since their folder cannot be made or their name leaves it: " +
+          std::to_string(selected - written) + ".");
+    }
+  } catch (const CabError& error) {
+    outcome.Fail(WordsOf(error, line));
+  }
+  outcome.output = lines.Take();
+  return outcome;
 }
 
 }  // namespace
 
-int CabinetCommand(LocalMachine& machine, const CommandLine& line) {
+Outcome CabinetCommand(LocalMachine& machine, const CommandLine& line) {
   const auto cabinet = CABFile::Create(machine.Services());
   cabinet->CabName = machine.WindowsPath(line.cabinet);
   try {
     switch (line.command) {
       case ConsoleCommand::CabCount:
-        return Count(*cabinet);
+        return {std::to_string(cabinet->FileCount()) + "\n"};
       case ConsoleCommand::CabList:
-        return List(*cabinet, machine.Services().dates, line.entry);
+        return List(*cabinet, machine, machine.Services().dates, line);
       case ConsoleCommand::CabXml:
         return Xml(*cabinet, line.entry);
       default:
         return Extract(*cabinet, machine, line);
     }
   } catch (const CabError& error) {
-    return Complain(line.cabinet + ": " + error.Description + " (error " +
-                    std::to_string(error.Number) + ")");
+    return Failure(WordsOf(error, line));
   }
 }
 

@@ -1,84 +1,84 @@
 // clean, clean --dry-run.
-#include "console/command_results.h"
 #include "console/console_commands.h"
 #include "console/console_program.h"
+#include "console/json.h"
 #include "pages/report_text.h"
 #include "platform/terminal.h"
 
 namespace panelkit {
 namespace {
 
-void RunDry(ConsoleProgram& program, const Files& files, CleanResult& result) {
+// The files that would move.
+std::vector<std::string> RunDry(ConsoleProgram& program, const Files& files,
+                                const std::string& gauges) {
+  std::vector<std::string> names;
   const auto spare = program.FindSpare();
   for (std::size_t i = 0; spare && i < spare->SpareFiles.size(); ++i) {
-    const std::string name = SpareFileName(files, result.gauges.windows, spare->SpareFiles[i]);
-    if (!name.empty()) result.files.moved.push_back(name);
+    std::string name = SpareFileName(files, gauges, spare->SpareFiles[i]);
+    if (!name.empty()) names.push_back(std::move(name));
   }
+  return names;
 }
 
-// What standard output is to have.
-std::string PrintedText(const CleanResult& result, const CommandLine& line) {
-  const std::string archive = BothNames(result.spare);
-  if (line.dry_run) {
-    return result.notes.failed ? std::string()
-                               : NameLines("Would move to " + archive + ":", result.files.moved);
-  }
-  if (!result.files.left.empty()) return NameLines("Moved to " + archive + ":", result.files.moved);
-  if (result.report.empty() || result.spare.native == result.spare.windows) return result.report;
-  return result.report + "The archive on disk: " + result.spare.native + "\n";
+std::string TextOf(const GaugeReport& report, const LocalMachine& machine, const Text& text) {
+  Lines lines;
+  TellReport(report, text, [&](std::string_view line) { lines.Add(line); });
+  const std::string native = machine.NativePath(report.folders.spare);
+  if (native != report.folders.spare) lines.Add("The archive on disk: " + native);
+  return lines.Take();
 }
 
-bool PrintResult(const CleanResult& result, const CommandLine& line) {
-  if (line.html && !line.dry_run && result.files.left.empty()) {
-    return terminal::WriteOutBytes(result.report);
-  }
-  return terminal::WriteOut(PrintedText(result, line));
+std::string NamesMoved(const std::string& heading, const std::vector<std::string>& names) {
+  Lines lines;
+  lines.AddNames(heading, names);
+  return lines.Take();
 }
 
 }  // namespace
 
-CleanResult Clean(LocalMachine& machine, const CommandLine& line, const std::string& simulator) {
+Outcome CleanCommand(LocalMachine& machine, const CommandLine& line, const std::string& simulator) {
   const Machine services = machine.Services();
   const GaugeFolders folders = FoldersOf(simulator, services.files.AppFolder());
-  CleanResult result;
-  result.gauges = NamesOf(machine, folders.gauges);
-  result.spare = NamesOf(machine, folders.spare);
+  const std::string archive = BothNames(machine, folders.spare) + ":";
+  const terminal::InterruptGuard guard;
   ConsoleProgram program(services, simulator);
   frmGauges& form = program.Form();
   form.Careful = line.careful;
   form.Stop = terminal::Interrupted;
+  MoveOutcome files;
   if (line.dry_run) {
-    RunDry(program, services.files, result);
+    files.moved = RunDry(program, services.files, folders.gauges);
   } else {
     program.Click("menRemove");
-    result.files = form.Moved();
+    files = form.Moved();
   }
-  result.unreadable = form.Unreadable();
-  if (form.Report() != nullptr) {
-    result.report = line.html ? services.text.ToAnsi(form.ReportHtml) + "\r\n"
-                              : ReportText(*form.Report(), services.text);
+  Outcome outcome;
+  for (const std::string& aircraft : form.Unreadable()) {
+    outcome.complaints.push_back("The panel of " + aircraft + " could not be read.");
   }
-  AddNotes(form.Status(), result.notes);
-  return result;
-}
-
-int CleanCommand(LocalMachine& machine, const CommandLine& line) {
-  const std::string simulator = SimulatorFor(machine, line);
-  const std::string complaint = ReportComplaint(machine, line, simulator);
-  if (!complaint.empty()) return Complain(complaint);
-  const terminal::InterruptGuard guard;
-  const CleanResult result = Clean(machine, line, simulator);
-  const bool printed = PrintResult(result, line);
-  for (const std::string& aircraft : result.unreadable) {
-    Complain("The panel of " + aircraft + " could not be read.");
+  program.TellInto(outcome);
+  const bool is_done = form.Report() != nullptr && outcome.status == kExitDone;
+  if (!files.left.empty()) {
+    outcome.Interrupt("Unneeded files left in Gauges: " + std::to_string(files.left.size()) + ".");
   }
-  const bool done = Tell(result.notes);
-  if (!printed) Complain("The report could not be written to standard output.");
-  if (!result.files.left.empty()) {
-    return ComplainOfInterrupt(
-        "Unneeded files left in Gauges: " + std::to_string(result.files.left.size()) + ".");
+  if (line.format == Format::Json) {
+    outcome.output = JsonText(line, {{"dry_run", line.dry_run},
+                                     {"gauges", JsonOfPath(machine, folders.gauges)},
+                                     {"spare_gauges", JsonOfPath(machine, folders.spare)},
+                                     {"moved", files.moved},
+                                     {"stayed", files.stayed},
+                                     {"left", files.left},
+                                     {"unreadable_aircraft", form.Unreadable()}});
+  } else if (line.dry_run) {
+    if (is_done) outcome.output = NamesMoved("Would move to " + archive, files.moved);
+  } else if (!files.left.empty()) {
+    outcome.output = NamesMoved("Moved to " + archive, files.moved);
+  } else if (form.Report() != nullptr && line.format == Format::Html) {
+    program.PrintPageInto(outcome);
+  } else if (form.Report() != nullptr) {
+    outcome.output = TextOf(*form.Report(), machine, services.text);
   }
-  return done && printed ? kExitDone : kExitError;
+  return outcome;
 }
 
 }  // namespace panelkit

@@ -2,13 +2,17 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <map>
 #include <sstream>
 
-#include "console/console_commands.h"
+#include "console/outcome.h"
 #include "search/near_name.h"
 
 namespace panelkit {
 namespace {
+
+const std::map<std::string, Format> kFormats{
+    {"text", Format::Text}, {"html", Format::Html}, {"json", Format::Json}};
 
 // The options of the program itself, which each command takes, and shows in its help, too.
 void AddCommonOptions(CLI::App& app, CommandLine& line) {
@@ -19,23 +23,20 @@ void AddCommonOptions(CLI::App& app, CommandLine& line) {
       ->type_name("DIR")
       ->group("Common options");
   app.add_option_function<std::string>(
-         "--format",
-         [&line](const std::string& format) {
-           line.html = format == "html";
-           line.json = format == "json";
-         },
+         "--format", [&line](const std::string& format) { line.format = kFormats.at(format); },
          "How the result is printed: text, html (a report's page) or json")
       ->check(CLI::IsMember({"text", "html", "json"}))
       ->group("Common options");
 }
 
-// Adds a command whose name is all that has to be noted.
-CLI::App* AddCommand(CLI::App& app, const std::string& name, const std::string& description,
-                     CommandLine& line, ConsoleCommand command) {
-  CLI::App* added = app.add_subcommand(name, description);
-  added->callback([&line, command, name] {
+// Adds a command to the menu of the program or, named by `group` with a blank, of a group of
+// commands.
+CLI::App* AddCommand(CLI::App& menu, const std::string& name, const std::string& description,
+                     CommandLine& line, ConsoleCommand command, const std::string& group = {}) {
+  CLI::App* added = menu.add_subcommand(name, description);
+  added->callback([&line, command, whole_name = group + name] {
     line.command = command;
-    line.command_name = name;
+    line.command_name = whole_name;
   });
   AddCommonOptions(*added, line);
   return added;
@@ -45,7 +46,7 @@ void AddCabinetCommands(CLI::App& app, CommandLine& line) {
   CLI::App* cab = app.add_subcommand("cab", "Look into a cabinet file");
   cab->require_subcommand(1);
   const auto add = [&](const char* name, const char* description, ConsoleCommand command) {
-    CLI::App* added = AddCommand(*cab, name, description, line, command);
+    CLI::App* added = AddCommand(*cab, name, description, line, command, "cab ");
     added->add_option("CABINET", line.cabinet, "The cabinet file")->required();
     return added;
   };
@@ -105,7 +106,7 @@ void AddCommands(CLI::App& app, CommandLine& line) {
 // is at most two letters away.
 std::string NearestCommand(const CLI::App& app, const std::string& typed) {
   std::string nearest;
-  std::size_t limit = 2;
+  std::size_t limit = std::min<std::size_t>(2, typed.size() - 1);
   for (const CLI::App* command : app.get_subcommands({})) {
     const auto distance = EditDistance(typed, command->get_name(), limit);
     if (!distance || (!nearest.empty() && *distance == limit)) continue;
@@ -115,38 +116,81 @@ std::string NearestCommand(const CLI::App& app, const std::string& typed) {
   return nearest;
 }
 
-// A hint for a command line that was refused, at the first word that is nearly a command's name.
-std::string Suggestion(const CLI::App& app, const std::vector<std::string>& arguments) {
+// What is wrong with a command line whose command there is not; empty if that is not what is wrong.
+std::string CommandComplaint(const CLI::App& app, const std::vector<std::string>& arguments) {
   const CLI::App* menu = &app;
-  for (std::size_t i = 1; i < arguments.size(); ++i) {
-    const auto commands = menu->get_subcommands({});
-    const auto named = std::find_if(commands.begin(), commands.end(), [&](const CLI::App* command) {
-      return command->get_name() == arguments[i];
-    });
-    if (named != commands.end()) {
-      menu = *named;
+  std::string path;
+  for (std::size_t i = 1; i < arguments.size() && !menu->get_subcommands({}).empty(); ++i) {
+    const std::string& word = arguments[i];
+    if (word.starts_with('-')) {
+      const CLI::Option* option = app.get_option_no_throw(word);
+      if (option != nullptr && option->get_items_expected_max() > 0) ++i;
       continue;
     }
-    const std::string nearest = NearestCommand(*menu, arguments[i]);
-    if (!nearest.empty()) return "Did you mean " + nearest + "?\n";
+    const auto commands = menu->get_subcommands({});
+    const auto named = std::find_if(commands.begin(), commands.end(), [&](const CLI::App* command) {
+      return command->get_name() == word;
+    });
+    path += (path.empty() ? "" : " ") + word;
+    if (named == commands.end()) {
+      const std::string nearest = NearestCommand(*menu, word);
+      return "There is no command " + path + "." +
+             (nearest.empty() ? "" : " Did you mean " + nearest + "?");
+    }
+    menu = *named;
   }
   return {};
 }
 
-// Of a command line that cannot be parsed.
-bool AsksForJson(const std::vector<std::string>& arguments) {
+// What is wrong with an argument that is empty, as a script's variable may be that is not set: it
+// would count as left out. Empty if there is none.
+std::string EmptyArgumentComplaint(const std::vector<std::string>& arguments) {
+  for (std::size_t i = 1; i < arguments.size(); ++i) {
+    const std::string& word = arguments[i];
+    if (word.starts_with("--") && word.ends_with('=')) {
+      return word.substr(0, word.size() - 1) + " has an empty value.";
+    }
+    if (!word.empty()) continue;
+    const std::string& before = arguments[i - 1];
+    return before.starts_with("--") ? before + " has an empty value." : "An argument is empty.";
+  }
+  return {};
+}
+
+// Why the format that was asked for is none of the command's; empty if it is one.
+std::string FormatComplaint(const CommandLine& line) {
+  const ConsoleCommand command = line.command;
+  const bool makes_page = command == ConsoleCommand::Probe || command == ConsoleCommand::Show ||
+                          command == ConsoleCommand::Clean;
+  if (line.format == Format::Html && (!makes_page || line.dry_run || line.hints)) {
+    const char* with = line.dry_run ? " --dry-run" : line.hints ? " --hints" : "";
+    return line.command_name + with + " has no result as html.";
+  }
+  const bool is_plain = command == ConsoleCommand::CabCount || command == ConsoleCommand::CabXml ||
+                        command == ConsoleCommand::CabExtract;
+  if (line.format != Format::Json || !is_plain) return {};
+  return line.command_name + " has no result as json.";
+}
+
+// The format of complaints about a command line that is not parsed yet, or cannot be.
+Format FormatOf(const std::vector<std::string>& arguments) {
   for (std::size_t i = 0; i < arguments.size(); ++i) {
     const bool is_next = arguments[i] == "json" && i > 0 && arguments[i - 1] == "--format";
-    if (is_next || arguments[i] == "--format=json") return true;
+    if (is_next || arguments[i] == "--format=json") return Format::Json;
   }
-  return false;
+  return Format::Text;
+}
+
+Outcome Refusal(const std::string& sentence) {
+  Outcome refusal = Failure(sentence);
+  refusal.complaints.emplace_back("Run with --help for more information.");
+  return refusal;
 }
 
 }  // namespace
 
-std::variant<CommandLine, CommandLineAnswer> ParseCommandLine(
-    const std::vector<std::string>& arguments) {
-  CommandLine line;
+std::optional<Outcome> ParseCommandLine(const std::vector<std::string>& arguments,
+                                        CommandLine& line) {
   CLI::App app("Compares the gauges that FS2002 panels name with those that are installed.",
                "panelkit-console");
   app.set_version_flag("--version", "panelkit-console " PANELKIT_VERSION);
@@ -154,20 +198,22 @@ std::variant<CommandLine, CommandLineAnswer> ParseCommandLine(
   app.require_subcommand(1);
   app.footer("Exit status: 0 nothing is missing, or done; 1 gauges are missing; 2 an error.");
   AddCommands(app, line);
+  line.format = FormatOf(arguments);
+  const std::string empty = EmptyArgumentComplaint(arguments);
+  if (!empty.empty()) return Refusal(empty);
   try {
     std::vector<std::string> reversed(arguments.rbegin(), arguments.rend());
     if (!reversed.empty()) reversed.pop_back();
     app.parse(std::move(reversed));
   } catch (const CLI::ParseError& error) {
     std::ostringstream output;
-    std::ostringstream complaint;
-    const int code = app.exit(error, output, complaint);
-    if (code == 0) return CommandLineAnswer{output.str(), complaint.str(), kExitDone};
-    const std::string sentences = complaint.str() + Suggestion(app, arguments);
-    return CommandLineAnswer{output.str(),
-                             AsksForJson(arguments) ? JsonError(sentences) : sentences, kExitError};
+    if (app.exit(error, output, output) == 0) return Outcome{output.str()};
+    const std::string complaint = CommandComplaint(app, arguments);
+    return Refusal(complaint.empty() ? error.what() : complaint);
   }
-  return line;
+  const std::string complaint = FormatComplaint(line);
+  if (!complaint.empty()) return Refusal(complaint);
+  return std::nullopt;
 }
 
 }  // namespace panelkit

@@ -1,11 +1,13 @@
 // The command line of the console companion.
 #pragma once
 
+#include <optional>
 #include <string>
-#include <variant>
 #include <vector>
 
 namespace panelkit {
+
+struct Outcome;
 
 enum class ConsoleCommand {
   Where,
@@ -21,15 +23,17 @@ enum class ConsoleCommand {
   CabExtract,
 };
 
+/// How a result is printed.
+enum class Format { Text, Html, Json };
+
 /// What the user asked for. Texts are UTF-8, as typed; empty if left out.
 struct CommandLine {
   ConsoleCommand command = ConsoleCommand::Where;
+  std::string command_name;  ///< "probe", "cab list", ...
   std::string simulator;
-  std::string command_name;  ///< "probe", "list", ...
-  std::string prefix;        ///< Native folder of a Wine prefix.
-  bool all = false;          ///< Where.
-  bool html = false;
-  bool json = false;
+  std::string prefix;  ///< Native folder of a Wine prefix.
+  Format format = Format::Text;
+  bool all = false;                  ///< Where.
   bool dry_run = false;              ///< Clean and Find.
   bool careful = false;              ///< Clean.
   bool hints = false;                ///< Probe.
@@ -43,16 +47,10 @@ struct CommandLine {
   std::string output_file;
 };
 
-/// What to print, and the exit status, if there is no command to run: help was asked for, or the
-/// command line is wrong.
-struct CommandLineAnswer {
-  std::string output;
-  std::string complaint;
-  int exit_status = 0;
-};
-
-/// Parses the command line; `arguments` starts with the program's name.
-std::variant<CommandLine, CommandLineAnswer> ParseCommandLine(
-    const std::vector<std::string>& arguments);
+/// Reads the command line into `line`; `arguments` starts with the program's name. Where there is
+/// no command to run, since help was asked for or the command line is wrong, gives what to print
+/// instead, and `line` has the format to print complaints in.
+std::optional<Outcome> ParseCommandLine(const std::vector<std::string>& arguments,
+                                        CommandLine& line);
 
 }  // namespace panelkit

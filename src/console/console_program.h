@@ -1,24 +1,25 @@
 // The program as the console companion runs it.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "app/frm_gauges.h"
+#include "console/outcome.h"
 #include "console/progress_line.h"
 #include "platform/headless/headless_toolkit.h"
 
 namespace panelkit {
 
-/// Under a terminal::InterruptGuard, Ctrl-C ends the process at the next call, with the progress
-/// line wiped and the exit status of an interrupt.
+/// Thrown where Ctrl-C ends a scan. No std::exception, so that the form does not take it for a
+/// failure: whoever catches it is done with the form.
+struct Interruption {};
+
+/// Ends a scan by an Interruption after Ctrl-C under a terminal::InterruptGuard.
 class ConsoleLoop : public QuietLoop {
  public:
-  explicit ConsoleLoop(ProgressLine& progress) : progress_(progress) {}
   void ProcessPending() override;
-
- private:
-  ProgressLine& progress_;
 };
 
 /// The program without a window, on one simulator, with the progress of its scans on the terminal.
@@ -34,11 +35,19 @@ class ConsoleProgram {
   /// Scans for the gauges that Clean would move, and moves nothing.
   std::optional<SpareSelection> FindSpare();
 
+  /// Adds what the last command has to tell to its outcome.
+  void TellInto(Outcome& outcome) const;
+
+  /// Puts the page of the last command into its outcome: as its file has it or, for a terminal, as
+  /// text.
+  void PrintPageInto(Outcome& outcome) const;
+
   frmGauges& Form() { return form_; }
 
  private:
+  const Text& text_;
   ProgressLine progress_;
-  ConsoleLoop loop_{progress_};
+  ConsoleLoop loop_;
   HeadlessToolkit toolkit_;
   frmGauges form_;
 };

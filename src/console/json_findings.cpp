@@ -3,12 +3,9 @@
 #include <array>
 #include <chrono>
 #include <cstdio>
-#include <nlohmann/json.hpp>
 
 namespace panelkit {
 namespace {
-
-using Json = nlohmann::ordered_json;
 
 Json JsonOf(const std::vector<ReportedPanel>& panels) {
   Json array = Json::array();
@@ -91,34 +88,64 @@ Json JsonOf(const LocalMachine& machine, const Candidate& candidate) {
   return json;
 }
 
-Json RequiredJson(const LocalMachine& machine, const std::vector<RequiredFile>& required) {
-  Json array = Json::array();
-  for (const RequiredFile& file : required) array.push_back(JsonOf(machine, file, nullptr));
-  return array;
+Json JsonOf(const LocalMachine& machine, const Offer& offer) {
+  Json json = JsonOf(machine, *offer.candidate);
+  json["exact_name"] = offer.has_exact_name;
+  json["satisfies"] = offer.entries;
+  return json;
 }
 
-Json OffersJson(LocalMachine& machine, const FindResult& result) {
-  Json array = Json::array();
-  for (const RequiredFile& file : result.required) {
-    Json offers = Json::array();
-    for (const Offer& offer : OffersFor(file, result.pool, machine.Services().text)) {
-      Json json = JsonOf(machine, *offer.candidate);
-      json["exact_name"] = offer.has_exact_name;
-      json["satisfies"] = offer.entries;
-      offers.push_back(std::move(json));
+// The candidates for each required file.
+using Offers = std::vector<std::vector<Offer>>;
+
+// One of them with all that it satisfies, of whichever file.
+Json JsonOfChosen(const LocalMachine& machine, const Candidate& candidate, const Offers& offers) {
+  Offer whole;
+  whole.candidate = &candidate;
+  for (const std::vector<Offer>& of_file : offers) {
+    for (const Offer& offer : of_file) {
+      if (offer.candidate != &candidate) continue;
+      whole.has_exact_name |= offer.has_exact_name;
+      whole.entries.insert(whole.entries.end(), offer.entries.begin(), offer.entries.end());
     }
-    Json required = JsonOf(machine, file, nullptr);
-    required["candidates"] = std::move(offers);
+  }
+  return JsonOf(machine, whole);
+}
+
+Json FoundJson(const LocalMachine& machine, const FindResult& result, const Offers& offers) {
+  Json array = Json::array();
+  for (std::size_t i = 0; i < offers.size(); ++i) {
+    Json required = JsonOf(machine, result.required[i], nullptr);
+    required["candidates"] = Json::array();
+    for (const Offer& offer : offers[i]) required["candidates"].push_back(JsonOf(machine, offer));
     array.push_back(std::move(required));
   }
   return array;
 }
 
-}  // namespace
-
-Json JsonOfPath(const LocalMachine& machine, const std::string& windows_path) {
-  return {{"path", windows_path}, {"native_path", machine.NativePath(windows_path)}};
+Json PassedOverJson(const LocalMachine& machine, const std::vector<PassedOver>& passed_over) {
+  Json array = Json::array();
+  for (const PassedOver& what : passed_over) {
+    Json passed = JsonOfPath(machine, what.path);
+    passed["inside"] = what.inside;
+    passed["reason"] = what.reason;
+    passed["others"] = what.others;
+    array.push_back(std::move(passed));
+  }
+  return array;
 }
+
+// What is missing at the end; null where an installation was not followed by a probe.
+Json MissingJson(const LocalMachine& machine, const CommandLine& line, const FindResult& result) {
+  if (!result.still_required && !line.dry_run && !result.installed.empty()) return nullptr;
+  Json array = Json::array();
+  for (const RequiredFile& file : result.still_required.value_or(result.required)) {
+    array.push_back(JsonOf(machine, file, nullptr));
+  }
+  return array;
+}
+
+}  // namespace
 
 Json JsonOf(const LocalMachine& machine, const GaugeReport& report, const HintFinder* hints) {
   Json missing = Json::array();
@@ -128,29 +155,26 @@ Json JsonOf(const LocalMachine& machine, const GaugeReport& report, const HintFi
   return {{"panels", JsonOf(report.panels)}, {"missing", std::move(missing)}};
 }
 
-Json JsonOf(LocalMachine& machine, const FindResult& result) {
-  Json json{{"found", OffersJson(machine, result)}};
-  json["passed_over"] = Json::array();
-  for (const PassedOver& what : result.passed_over) {
-    Json passed = JsonOfPath(machine, what.path);
-    passed["inside"] = what.inside;
-    passed["reason"] = what.reason;
-    passed["others"] = what.others;
-    json["passed_over"].push_back(std::move(passed));
+Json JsonOf(LocalMachine& machine, const CommandLine& line, const FindResult& result) {
+  Offers offers;
+  for (const RequiredFile& file : result.required) {
+    offers.push_back(OffersFor(file, result.pool, machine.Services().text));
   }
-  json["installed"] = Json::array();
+  Json installed = Json::array();
   for (const Candidate* candidate : result.installed) {
-    json["installed"].push_back(JsonOf(machine, *candidate));
+    installed.push_back(JsonOfChosen(machine, *candidate, offers));
   }
-  json["not_installed"] = Json::array();
-  for (const FindResult::Failure& failure : result.failed) {
-    Json failed = JsonOf(machine, *failure.candidate);
-    failed["reason"] = WordsOf(failure.fault);
-    json["not_installed"].push_back(std::move(failed));
+  Json not_installed = Json::array();
+  for (const auto& [candidate, fault] : result.failed) {
+    not_installed.push_back(JsonOfChosen(machine, *candidate, offers));
+    not_installed.back()["reason"] = FaultText(fault);
   }
-  json["missing"] =
-      RequiredJson(machine, result.still_required ? *result.still_required : result.required);
-  return json;
+  return {{"found", FoundJson(machine, result, offers)},
+          {"passed_over", PassedOverJson(machine, result.passed_over)},
+          {"dry_run", line.dry_run},
+          {"installed", std::move(installed)},
+          {"not_installed", std::move(not_installed)},
+          {"missing", MissingJson(machine, line, result)}};
 }
 
 }  // namespace panelkit

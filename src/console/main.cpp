@@ -5,6 +5,8 @@
 #include <utility>
 
 #include "console/console_commands.h"
+#include "console/console_program.h"
+#include "pages/status_text.h"
 #include "platform/terminal.h"
 #include "simulator/simulator_location.h"
 
@@ -20,26 +22,27 @@ std::unique_ptr<LocalMachine> MachineFor(const CommandLine& line) {
       [](const Machine& candidate) { return HasSimulator(candidate.registry, candidate.text); });
 }
 
+Outcome Run(const std::vector<std::string>& arguments, CommandLine& line) {
+  try {
+    if (auto answer = ParseCommandLine(arguments, line)) return std::move(*answer);
+    const auto machine = MachineFor(line);
+    if (!machine) return Failure("There is no Wine prefix at " + line.prefix + ".");
+    return RunConsoleCommand(*machine, line);
+  } catch (const Interruption&) {
+    Outcome outcome;
+    outcome.Interrupt({});
+    return outcome;
+  } catch (const std::exception& failure) {
+    return Failure(UnfinishedText(failure.what()));
+  }
+}
+
 }  // namespace
 }  // namespace panelkit
 
 int main(int argc, char** argv) {
   using namespace panelkit;
-  try {
-    const auto parsed = ParseCommandLine(terminal::Arguments(argc, argv));
-    if (const auto* answer = std::get_if<CommandLineAnswer>(&parsed)) {
-      terminal::WriteOut(answer->output);
-      terminal::WriteError(answer->complaint);
-      return answer->exit_status;
-    }
-    const auto& line = std::get<CommandLine>(parsed);
-    const auto machine = MachineFor(line);
-    if (machine) return RunConsoleCommand(*machine, line);
-    const std::string complaint = "There is no Wine prefix at " + line.prefix + ".";
-    if (!line.json) return Complain(complaint);
-    terminal::WriteError(JsonError(complaint));
-    return kExitError;
-  } catch (const std::exception& failure) {
-    return Complain(std::string("The command could not be finished: ") + failure.what());
-  }
+  CommandLine line;
+  const Outcome outcome = Run(terminal::Arguments(argc, argv), line);
+  return Print(outcome, line.format);
 }

@@ -6,7 +6,8 @@
 
 namespace panelkit {
 
-/// Draws a bar on standard error where that is a terminal, and wipes it at its end.
+/// Draws a bar on standard error where that is a terminal, no wider than that, and wipes it at its
+/// end.
 class ProgressLine {
  public:
   ProgressLine();
@@ -23,7 +24,9 @@ class ProgressLine {
   void Wipe();
 
  private:
-  bool on_terminal_;
+  void Put(std::string text);
+
+  std::size_t width_;  // 0 where standard error is no terminal.
   bool is_empty_ = true;
   int percent_ = -1;
   std::chrono::steady_clock::time_point last_ = {};

@@ -1,54 +1,58 @@
 // probe and show.
-#include "console/command_results.h"
 #include "console/console_commands.h"
 #include "console/console_program.h"
+#include "console/json_findings.h"
 #include "pages/report_text.h"
 #include "platform/terminal.h"
-#include "search/hints.h"
 
 namespace panelkit {
 namespace {
 
-std::string TextWithHints(const GaugeReport& report, const Machine& services,
-                          const std::string& simulator) {
-  const auto required = RequiredFilesOf(report);
-  const HintFinder finder(services, simulator, FoldersOf(simulator, services.files.AppFolder()));
-  return ReportText(report, services.text, [&](std::size_t position) {
-    std::string lines;
-    for (const Hint& hint : finder.HintsFor(required[position])) {
-      lines += "        " + finder.LineOf(hint) + "\n";
+std::string TextOf(const GaugeReport& report, const Text& text, const HintFinder* hints) {
+  Lines lines;
+  const auto required = hints != nullptr ? RequiredFilesOf(report) : std::vector<RequiredFile>();
+  const auto add = [&](std::string_view line) { lines.Add(line); };
+  const auto add_hints = [&](std::size_t position) {
+    for (const Hint& hint : hints->HintsFor(required[position])) {
+      lines.Add("        " + hints->LineOf(hint));
     }
-    return lines;
-  });
-}
-
-bool PrintReport(const frmGauges& form, const Machine& services, const std::string& simulator,
-                 const CommandLine& line) {
-  if (line.html) return terminal::WriteOutBytes(services.text.ToAnsi(form.ReportHtml) + "\r\n");
-  const GaugeReport* report = form.Report();
-  if (report == nullptr) return true;
-  return terminal::WriteOut(line.hints ? TextWithHints(*report, services, simulator)
-                                       : ReportText(*report, services.text));
+  };
+  if (hints != nullptr) {
+    TellReport(report, text, add, add_hints);
+  } else {
+    TellReport(report, text, add);
+  }
+  return lines.Take();
 }
 
 }  // namespace
 
-int ReportCommand(LocalMachine& machine, const CommandLine& line) {
-  const std::string simulator = SimulatorFor(machine, line);
-  const std::string complaint = ReportComplaint(machine, line, simulator);
-  if (!complaint.empty()) return Complain(complaint);
+Outcome ReportCommand(LocalMachine& machine, const CommandLine& line,
+                      const std::string& simulator) {
   const Machine services = machine.Services();
   const terminal::InterruptGuard guard;
   ConsoleProgram program(services, simulator);
   program.Click(line.command == ConsoleCommand::Show ? "menShow" : "menProbe");
-  const frmGauges& form = program.Form();
-  if (!PrintReport(form, services, simulator, line)) {
-    return Complain("The report could not be written to standard output.");
+  Outcome outcome;
+  const GaugeReport* report = program.Form().Report();
+  if (report != nullptr && !report->names.empty()) outcome.status = kExitGaugesMissing;
+  program.TellInto(outcome);
+  if (report == nullptr) return outcome;
+  std::optional<HintFinder> finder;
+  if (line.hints) {
+    finder.emplace(services, simulator, FoldersOf(simulator, services.files.AppFolder()));
   }
-  Notes notes;
-  AddNotes(form.Status(), notes);
-  if (!Tell(notes)) return kExitError;
-  return form.MissingGauges.UpperBound() > 0 ? kExitGaugesMissing : kExitDone;
+  const HintFinder* hints = finder ? &*finder : nullptr;
+  if (line.format == Format::Html) {
+    program.PrintPageInto(outcome);
+  } else if (line.format == Format::Json) {
+    Json json = JsonOf(machine, *report, hints);
+    json["unreadable_aircraft"] = program.Form().Unreadable();
+    outcome.output = JsonText(line, json);
+  } else {
+    outcome.output = TextOf(*report, services.text, hints);
+  }
+  return outcome;
 }
 
 }  // namespace panelkit

@@ -1,46 +1,58 @@
 #include "pages/report_text.h"
 
+#include <string>
+
 #include "pages/report_page.h"
 
 namespace panelkit {
 namespace {
 
-std::string Removal(const GaugeReport& report) {
-  return std::to_string(report.removed_files) + " FILES, CONTAINING " +
-         std::to_string(report.names.size()) + " GAUGES WERE REMOVED FROM FOLDER:\n    " +
-         report.folders.gauges + "\\\nAND ARCHIVED IN FOLDER:\n    " + report.folders.spare +
-         "\\\nRemoved Files:\n";
+using OnLine = std::function<void(std::string_view line)>;
+
+void TellRemoval(const GaugeReport& report, const OnLine& on_line) {
+  on_line(std::to_string(report.removed_files) + " FILES, CONTAINING " +
+          std::to_string(report.names.size()) + " GAUGES WERE REMOVED FROM FOLDER:");
+  on_line("    " + report.folders.gauges + "\\");
+  on_line("AND ARCHIVED IN FOLDER:");
+  on_line("    " + report.folders.spare + "\\");
+  on_line("Removed Files:");
 }
 
-void AppendPanel(const ReportedPanel& panel, const Text& text, std::string& lines) {
-  lines.append("\nAIRCRAFT: ").append(text.Upper(panel.aircraft)).append("\n");
+void TellPanel(const ReportedPanel& panel, const Text& text, const OnLine& on_line) {
+  std::string line;  // One for all, since there are many.
+  on_line("");
+  on_line("AIRCRAFT: " + text.Upper(panel.aircraft));
   for (const ReportedWindow& window : panel.windows) {
-    lines.append("    ").append(window.title).append("\n");
+    on_line(line.assign("    ").append(window.title));
     for (const ReportedGauge& gauge : window.gauges) {
-      lines.append("        ").append(gauge.entry);
-      lines += gauge.is_missing ? " *** MISSING ***\n" : "\n";
+      line.assign("        ").append(gauge.entry);
+      if (gauge.is_missing) line.append(" *** MISSING ***");
+      on_line(line);
     }
   }
 }
 
-std::string Panels(const GaugeReport& report, const Text& text) {
-  std::string lines = std::string(ReportTitle(report.kind)) + "\n";
-  for (const ReportedPanel& panel : report.panels) AppendPanel(panel, text, lines);
-  lines.append("\n").append(SummaryTitle(report.kind)).append("\nThere are ");
-  lines.append(std::to_string(report.names.size())).append(" Required Files:\n");
-  return lines;
+void TellPanels(const GaugeReport& report, const Text& text, const OnLine& on_line) {
+  on_line(ReportTitle(report.kind));
+  for (const ReportedPanel& panel : report.panels) TellPanel(panel, text, on_line);
+  on_line("");
+  on_line(SummaryTitle(report.kind));
+  on_line("There are " + std::to_string(report.names.size()) + " Required Files:");
 }
 
 }  // namespace
 
-std::string ReportText(const GaugeReport& report, const Text& text,
-                       const std::function<std::string(std::size_t position)>& below) {
-  std::string lines = report.kind == ReportKind::Clean ? Removal(report) : Panels(report, text);
-  for (std::size_t i = 0; i < report.names.size(); ++i) {
-    lines.append("    ").append(report.names[i]).append("\n");
-    if (below) lines += below(i);
+void TellReport(const GaugeReport& report, const Text& text, const OnLine& on_line,
+                const std::function<void(std::size_t position)>& below) {
+  if (report.kind == ReportKind::Clean) {
+    TellRemoval(report, on_line);
+  } else {
+    TellPanels(report, text, on_line);
   }
-  return lines;
+  for (std::size_t i = 0; i < report.names.size(); ++i) {
+    on_line("    " + report.names[i]);
+    below(i);
+  }
 }
 
 }  // namespace panelkit

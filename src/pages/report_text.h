@@ -3,17 +3,19 @@
 
 #include <cstddef>
 #include <functional>
-#include <string>
+#include <string_view>
 
 #include "gauges/gauge_report.h"
 #include "platform/text.h"
 
 namespace panelkit {
 
-/// The whole report, indented by levels, without closing words; lines end in "\n". Texts stand as
-/// in the files: a "<" in a gauge's name stays. `below` gives lines to put below the name at a
+/// Tells `on_line` the whole report line by line, indented by levels, without closing words. Texts
+/// stand as in the files: a "<" in a gauge's name stays. `below` is called behind the name at each
 /// position of report.names.
-std::string ReportText(const GaugeReport& report, const Text& text,
-                       const std::function<std::string(std::size_t position)>& below = {});
+void TellReport(
+    const GaugeReport& report, const Text& text,
+    const std::function<void(std::string_view line)>& on_line,
+    const std::function<void(std::size_t position)>& below = [](std::size_t) {});
 
 }  // namespace panelkit

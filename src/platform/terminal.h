@@ -14,19 +14,20 @@ std::vector<std::string> Arguments(int argc, char** argv);
 /// Writes UTF-8 text to standard output in the terminal's encoding, '?' for what that lacks (as
 /// UTF-8 if the environment names no locale). False if it cannot be written (a full disk). A reader
 /// that has closed the pipe has read enough: true, and what is left is dropped.
-bool WriteOut(std::string_view text);
+[[nodiscard]] bool WriteOut(std::string_view text);
 
 /// Writes bytes to standard output as they are, without any translation of line ends; true and
 /// false as for WriteOut.
-bool WriteOutBytes(std::string_view bytes);
+[[nodiscard]] bool WriteOutBytes(std::string_view bytes);
 
 /// Writes UTF-8 text to standard error in the terminal's encoding.
 void WriteError(std::string_view text);
 
-/// Whether standard error is a terminal, where a progress bar makes sense.
-bool ErrorIsTerminal();
+/// The width in columns of the terminal that standard error is, where a progress bar makes sense; 0
+/// if it is none.
+int ErrorColumns();
 
-/// Whether standard output is a terminal, where colours make sense.
+/// Whether standard output is a terminal, which obeys control characters.
 bool OutIsTerminal();
 
 /// The exit status of a command that Ctrl-C ended before it was done.

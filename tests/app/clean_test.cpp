@@ -16,6 +16,13 @@ void PutReadOnly(const fs::path& file, std::string_view bytes) {
   fs::permissions(file, fs::perms::owner_read);
 }
 
+std::string ReportTextOf(Program& program) {
+  std::string text;
+  TellReport(*program.form.Report(), program.simulator.Services().text,
+             [&](std::string_view line) { text.append(line).append("\n"); });
+  return text;
+}
+
 TEST_CASE_FIXTURE(
     Program,
     "unneeded gauges move to the archive, needed ones stay, and two runs finish the work") {
@@ -82,7 +89,7 @@ TEST_CASE_FIXTURE(Program,
   CHECK(Tree(simulator.Fs()) == "Gauges/B.gau\n");
   CHECK(Get(simulator.Fs() / "Gauges" / "B.gau") == "the gauge B.gau");
   CHECK(Tree(simulator.App() / "SpareGauges") == "a.gau\n");
-  CHECK(ReportText(*form.Report(), simulator.Services().text) ==
+  CHECK(ReportTextOf(*this) ==
         "2 FILES, CONTAINING 2 GAUGES WERE REMOVED FROM FOLDER:\n    " + simulator.FSPath() +
             "\\Gauges\\\nAND ARCHIVED IN FOLDER:\n    " + simulator.AppFolder() +
             "\\SpareGauges\\\nRemoved Files:\n    a\n    B\n");
@@ -103,8 +110,7 @@ TEST_CASE_FIXTURE(Program, "a file that is gone by then counts, and a stop leave
   simulator.AddGauge("a.gau");
   Click("menRemove");
   CHECK(Status() == "Done");
-  CHECK(
-      ReportText(*form.Report(), simulator.Services().text).starts_with("2 FILES, CONTAINING 2 "));
+  CHECK(ReportTextOf(*this).starts_with("2 FILES, CONTAINING 2 "));
   CHECK(Tree(simulator.App() / "SpareGauges") == "b.gau\nc.gau\n");
 }
 

@@ -116,7 +116,56 @@ expect 0 cab list Gauges/Packed.cab 計器.xml
 expect 0 cab extract Gauges/Packed.cab --output-path "$work/計"
 holds "$work/計" Höhe.xml 計器.xml
 
-# What a user would do wrong.
+# Each result says so where it cannot be written, also help; a reader that has read enough is no fault.
+for arguments in where 'where --all' probe show 'clean --dry-run' restore brake 'find .' "cab list $cab" \
+  "cab xml $cab" --help --version '--format html probe' '--format json where' '--format json find .'; do
+  "$app/panelkit-console" $arguments >/dev/full 2>"$work/err"
+  [ $? = 2 ] && grep -q 'The output could not be written.' "$work/err" || fail "full: $arguments"
+done
+"$app/panelkit-console" show 2>"$work/err" | head -1 >"$work/out"
+[ ! -s "$work/err" ] || fail "a closed pipe: $(cat "$work/err")"
+
+# on_terminal COLUMNS ARGUMENTS: what the console prints on a terminal of that width.
+on_terminal() { script -qec "stty cols $1; '$app/panelkit-console' $2" /dev/null </dev/null; }
+
+# Names cannot control a terminal or forge a line there, nor on standard error; a file has them as they are.
+aircraft=$'Forged\nThere are 0\e[2J'
+mkdir -p "$fs/Aircraft/$aircraft/Panel" "$work/forged"
+printf '[Window Titles]\r\nWindow00=\e]0;title\a\r\n\r\n[Window00]\r\ngauge00=Bell\x81\x7f,0,0\r\n' \
+  >"$fs/Aircraft/$aircraft/Panel/panel.cfg"
+python3 -c 'import sys, zipfile; zipfile.ZipFile(sys.argv[1], "w").writestr("a\nb\x1b/Bell\x81\x7f.gau", "x")' \
+  "$work/forged/a.zip"
+for arguments in show '--format html show' "find $work/forged" probe; do
+  on_terminal 80 "$arguments 2>/dev/null" | tr -d '\r' >"$work/shown"
+  ! grep -qP '[\x00-\x1f\x7f]|\xc2[\x80-\x9f]' "$work/shown" || fail "$arguments controls a terminal"
+  case $arguments in
+    find*) words='a\x0ab\x1b\Bell\x81\x7f.gau' ;;
+    *html*) words='Window00=\x1b]0;title\x07' ;;
+    *) words='FORGED\x0aTHERE ARE 0\x1b[2J' ;;
+  esac
+  grep -qF -- "$words" "$work/shown" || fail "no word of $words in $arguments"
+done
+expect 1 show
+grep -qF $'Window00=\e]0;title\a' "$work/out" || fail 'a file has escapes'
+expect 2 probe --simulator $'/\e[2J\nnowhere'
+complains '\x1b[2J\x0anowhere is not there.'
+
+# Progress keeps within the terminal.
+on_terminal 20 'probe >/dev/null' | tr '\r' '\n' >"$work/shown"
+grep -q '^\[#*\] 100%' "$work/shown" && ! grep -qE '.{20}' "$work/shown" || fail "progress: $(cat "$work/shown")"
+
+# What a user would do wrong. A variable that is not set must not let another simulator be cleaned.
+sums "$fs" >"$work/before"
+for empty in --simulator --simulator= --prefix --prefix=; do
+  case $empty in *=) expect 2 clean $empty ;; *) expect 2 clean $empty '' ;; esac
+  complains "${empty%=} has an empty value."
+done
+expect 2 restore ''
+sums "$fs" | diff "$work/before" - || fail 'a simulator that was not meant was cleaned'
+for wrong in 'where --format html' 'clean --dry-run --format html' 'cab xml x --format json'; do
+  expect 2 $wrong
+  complains 'has no result as'
+done
 expect 2 probe --simulator "$work/nowhere"
 complains 'is not there'
 WINEPREFIX=$work/none expect 2 probe
@@ -126,10 +175,13 @@ complains 'has no Aircraft folder.'
 expect 2 --simulator "$fs" porbe
 complains 'Did you mean probe?'
 expect 2 cab lsit "$cab"
-complains 'Did you mean list?'
+complains 'There is no command cab lsit. Did you mean list?'
+expect 2 cab frob x
+complains 'There is no command cab frob.'
+! grep -q 'Did you mean' "$work/err" || fail "$(cat "$work/err")"
+expect 2 foo
+complains 'There is no command foo.'
 expect 0 clean --help
 grep -q -- '--simulator' "$work/out" || fail 'clean --help does not show the common options'
 expect 0 --version
-"$app/panelkit-console" show 2>"$work/err" | head -1 >"$work/out"
-[ ! -s "$work/err" ] || fail "a closed pipe: $(cat "$work/err")"
 finish

@@ -57,18 +57,39 @@ query 1 '[.missing[].hints[].kind] | unique == ["damaged-cabinet", "elsewhere", 
 query 1 '[.panels[].windows[].gauges[]] | length > 22' show
 query 1 '.found[0].candidates[0] | .inside == ["corvane\\Corvane_TCAS.cab"] and .exact_name and
   .modified == "2002-11-05T18:30:00Z" and (.satisfies | length) == 2' find "$downloads"
-query 1 '(.installed | length) == 9 and (.missing | length) == 3' find "$downloads" --install
+query 1 '(.installed | length) == 9 and (.missing | length) == 3 and
+  ([.installed[], .not_installed[]] | all(.exact_name and (.satisfies | length) > 0)) and
+  .not_installed[0].reason == "it cannot be read whole"' find "$downloads" --install
+! grep -qP '[^
+ -~]' "$work/out" || fail 'JSON beyond ASCII'
 query 0 '.messages_shown' brake
 query 0 '(.moved | length) > 0 and .dry_run' clean --dry-run
 query 0 '.moved == [] or (.moved | length) > 0' clean
 query 0 '(.restored | length) > 0 and .failed == []' restore
 query 2 '.failed == ["None"]' restore None
-query 0 '.entries[0].name == "Comm1.xml" and (.entries | length) == 5' cab list "$gauges/NorthStar_Radios.cab"
+query 0 '.command == "cab list" and .entries[0].name == "Comm1.xml" and (.entries | length) == 5' cab list "$gauges/NorthStar_Radios.cab"
 query 2 '(.entries | length) == 2' cab list "$gauges/Jarrowby_Overhead.cab"
 for wrong in 'probe --simulator /nowhere' 'probe --prefix /nowhere' 'find' 'cab count x.cab'; do
   expect 2 --format json $wrong
   [ ! -s "$work/out" ] && jq -e '.error | length > 0' "$work/err" >/dev/null || fail "error of '$wrong'"
 done
+
+# interrupted OPEN ARGUMENT...: Ctrl-C where a panel is opened for the OPEN-th time ends the command, which says so.
+interrupted() {
+  fresh
+  ASAN_OPTIONS=$ASAN_OPTIONS:detect_leaks=0 strace -qq -o /dev/null -P "$fs/Aircraft/Marlowe Dart/Panel/panel.cfg" \
+    -e inject=open,openat:signal=INT:when="$1" "$app/panelkit-console" "${@:2}" >"$work/out" 2>"$work/err"
+  [ $? = 130 ] || fail "Ctrl-C in '${*:2}': $(cat "$work/err")"
+  complains 'Interrupted.'
+}
+if strace -o /dev/null true; then  # A leak checker cannot work beside it.
+  interrupted 1 probe --format json
+  [ ! -s "$work/out" ] && jq -e .error "$work/err" >/dev/null || fail 'JSON of an interrupted probe'
+  interrupted 2 find "$downloads" --install
+  sed '1,/^Installed/d' "$work/out" | diff - "$work/plan" || fail 'installed, and not told'
+  interrupted 2 find "$downloads" --install --format json
+  jq -e '(.installed | length) == 7 and .missing == null' "$work/out" >/dev/null || fail "JSON: $(cat "$work/out")"
+fi
 
 # Hostile archives: each would bring Étoile_Dépression or something else, none may.
 fresh

@@ -118,8 +118,10 @@ void WriteError(std::string_view text) {
   WriteText(GetStdHandle(STD_ERROR_HANDLE), text);
 }
 
-bool ErrorIsTerminal() {
-  return IsConsole(GetStdHandle(STD_ERROR_HANDLE));
+int ErrorColumns() {
+  CONSOLE_SCREEN_BUFFER_INFO console = {};
+  if (!GetConsoleScreenBufferInfo(GetStdHandle(STD_ERROR_HANDLE), &console)) return 0;
+  return console.dwSize.X;
 }
 
 bool OutIsTerminal() {

@@ -1,6 +1,7 @@
 #include "platform/terminal.h"
 
 #include <langinfo.h>
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 #include <array>
@@ -101,8 +102,12 @@ void WriteError(std::string_view text) {
   WriteText(STDERR_FILENO, text);
 }
 
-bool ErrorIsTerminal() {
-  return isatty(STDERR_FILENO) == 1;
+int ErrorColumns() {
+  constexpr int kUsual = 80;  // Of a terminal that does not say, as a serial line.
+  if (isatty(STDERR_FILENO) != 1) return 0;
+  winsize size = {};
+  const bool is_told = ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
+  return is_told ? size.ws_col : kUsual;
 }
 
 bool OutIsTerminal() {

@@ -1,0 +1,17 @@
+// find: its result as text.
+#pragma once
+
+#include <string>
+
+#include "console/command_line.h"
+#include "platform/local_machine.h"
+#include "search/find_result.h"
+
+namespace panelkit {
+
+/// The required files with the candidates for each, the best first; the names of those that have
+/// none; what was passed over; what was, or would be, installed in `gauges`; what is missing then.
+std::string TextOf(LocalMachine& machine, const CommandLine& line, const std::string& gauges,
+                   const FindResult& result);
+
+}  // namespace panelkit
