@@ -17,7 +17,7 @@ own and brings them back, and switches the simulator's red brake messages.
 panelkit has a window; panelkit-console is for scripts and terminals.")
 
 set(documents ${CMAKE_INSTALL_DATADIR}/doc/panelkit)
-install(FILES packaging/Linux/copyright DESTINATION ${documents})
+install(FILES packaging/Linux/copyright docs/json.md DESTINATION ${documents})
 execute_process(
   COMMAND ${CMAKE_SOURCE_DIR}/packaging/Linux/debian_changelog ${CMAKE_SOURCE_DIR}/CHANGELOG.md
           ${CPACK_DEBIAN_PACKAGE_MAINTAINER}

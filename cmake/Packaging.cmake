@@ -21,7 +21,7 @@ set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
 if(PANELKIT_ARCHIVE)
   install(FILES ${pictures} DESTINATION .)
   set(documents packaging/${CMAKE_SYSTEM_NAME}/README.txt LICENSE NOTICE.md CHANGELOG.md
-      packaging/GPL-3.txt)
+      docs/json.md packaging/GPL-3.txt)
   foreach(document IN LISTS documents)
     cmake_path(GET document FILENAME name)
     if(WIN32)

@@ -3,6 +3,12 @@ _panelkit_console() {
   local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]} command='' other
   local options='--simulator --prefix --format --help --version'
   COMPREPLY=()
+  # Bash takes the "=" of --format=json for a word.
+  if [ "$word" = = ]; then
+    word=
+  elif [ "$before" = = ]; then
+    before=${COMP_WORDS[COMP_CWORD - 2]}
+  fi
   case $before in
     --format)
       mapfile -t COMPREPLY < <(compgen -W 'text html json' -- "$word")
@@ -34,6 +40,13 @@ _panelkit_console() {
   esac
   mapfile -t COMPREPLY < <(compgen -W "$options" -- "$word")
   case $command in
+    restore)
+      compopt -o filenames
+      local folder
+      for folder in "$(dirname "$(readlink -f "$(command -v "${COMP_WORDS[0]}")")")" "${XDG_DATA_HOME:-$HOME/.local/share}/panelkit"; do
+        mapfile -t -O ${#COMPREPLY[@]} COMPREPLY < <(cd "$folder/SpareGauges" 2>/dev/null && compgen -f -- "$word")
+      done
+      ;;
     find)
       compopt -o filenames
       mapfile -t -O ${#COMPREPLY[@]} COMPREPLY < <(compgen -d -- "$word")

@@ -24,6 +24,13 @@ complete -c panelkit-console -n '__fish_seen_subcommand_from find' -l dry-run -d
 complete -c panelkit-console -n '__fish_seen_subcommand_from find' -xa '(__fish_complete_directories)'
 complete -c panelkit-console -n '__fish_seen_subcommand_from clean' -l dry-run -d 'Move nothing'
 complete -c panelkit-console -n '__fish_seen_subcommand_from clean' -l careful -d 'Move nothing if a panel could not be read'
+function __panelkit_console_spare
+    set -l data $XDG_DATA_HOME ~/.local/share
+    for folder in (path dirname (realpath (command -v panelkit-console))) $data[1]/panelkit
+        path basename $folder/SpareGauges/*
+    end
+end
+complete -c panelkit-console -n '__fish_seen_subcommand_from restore' -xa '(__panelkit_console_spare)'
 complete -c panelkit-console -n '__fish_seen_subcommand_from brake' -a 'on off'
 
 set -l cab '__fish_seen_subcommand_from cab'

@@ -2,9 +2,9 @@
 # Completion of panelkit-console for zsh.
 local -a common
 common=(
-  '--simulator[the simulator'"'"'s folder]:folder:_files -/'
-  '--prefix[the Wine prefix to use]:folder:_files -/'
-  '--format[how a report is printed]:format:(text html json)'
+  '--simulator=[the simulator'"'"'s folder]:folder:_files -/'
+  '--prefix=[the Wine prefix to use]:folder:_files -/'
+  '--format=[how a report is printed]:format:(text html json)'
   '(- *)'{-h,--help}'[print a help]'
   '(- *)--version[print the version]'
 )
@@ -36,8 +36,8 @@ _panelkit_console_cab() {
   case $state:$words[1] in
     arguments:extract)
       _arguments $common '1:cabinet:_files' '2:entry' \
-        '--output-path[folder to extract to]:folder:_files -/' \
-        '--output-file[name to give]:name'
+        '--output-path=[folder to extract to]:folder:_files -/' \
+        '--output-file=[name to give]:name'
       ;;
     arguments:*) _arguments $common '1:cabinet:_files' '2:entry' ;;
   esac
@@ -56,7 +56,12 @@ case $words[1] in
   find)
     _arguments $common '--install[copy the best to Gauges]' '--dry-run[copy nothing]' '*:folder:_files -/'
     ;;
-  restore) _arguments $common '*:gauge' ;;
+  restore)
+    local -a spare
+    spare=(${commands[panelkit-console]:A:h}/SpareGauges/*(N:t)
+      ${XDG_DATA_HOME:-$HOME/.local/share}/panelkit/SpareGauges/*(N:t))
+    _arguments $common "*:gauge:($spare)"
+    ;;
   brake) _arguments $common '1:state:(on off)' ;;
   cab) _panelkit_console_cab ;;
   *) _arguments $common ;;

@@ -52,6 +52,13 @@ done < <(
   commands cab | sed 's/^/cab /'
 )
 
+offered json panelkit-console probe --format =
+export XDG_DATA_HOME=$(mktemp -d)
+mkdir -p "$XDG_DATA_HOME/panelkit/SpareGauges"
+touch "$XDG_DATA_HOME/panelkit/SpareGauges/Old gauge.gau"
+offered 'Old gauge.gau' panelkit-console restore
+rm -r "$XDG_DATA_HOME"
+
 plain "$documents/panelkit-console.1" | grep -oE -- '--[a-z-]+' | sort -u |
   comm -23 - <(printf '%s\n' "${all[@]}" | sort -u) | { ! grep .; } || fail 'named in the manual page alone'
 [ $failures = 0 ]
