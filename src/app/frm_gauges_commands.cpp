@@ -128,7 +128,7 @@ bool frmGauges::TablesAreFull() const {
 
 void frmGauges::ArchiveSpare(const SpareSelection& spare) {
   report_->folders = FoldersOf(GetFSPath(), machine_.files.AppFolder());
-  moved_ = ArchiveGauges(machine_.files, report_->folders, spare.SpareFiles, Stop);
+  moved_ = ArchiveGauges(machine_.files, machine_.text, report_->folders, spare.SpareFiles, Stop);
   if (!moved_.left.empty()) return;
   report_->removed_files = static_cast<int>(spare.SpareFiles.size());
   report_->names = Sorted(spare.keys);

@@ -1,24 +1,34 @@
 #include "gauges/gauge_mover.h"
 
 #include <algorithm>
-#include <array>
+#include <random>
 
+#include "gauges/gauge_file.h"
+#include "gauges/older_spares.h"
+#include "gauges/spare_ledger.h"
 #include "text/matching.h"
 
 namespace panelkit {
 namespace {
 
-constexpr std::array kGaugeEndings{".gau", ".cab"};
-
-// The name of a file in its new folder until the copy is complete.
+// The beginning of a file's name in its new folder until the copy is complete.
 constexpr const char* kHalfMoved = "\\panelkit.moving";
+
+// Of this process alone: another one must not give this one's half copy its name.
+std::string HalfMoved(const std::string& folder) {
+  static const std::string name = kHalfMoved + std::to_string(std::random_device()());
+  return folder + name;
+}
 
 // Behind the name of an archived file that waits until the newer one has taken its place for good.
 constexpr std::string_view kOlder = ".panelkit-older";
 
-// Ends a move, or what a killed run left of one: the older file goes once the newer one is in the
-// archive alone, and comes back where that one stays in Gauges.
-void Settle(Files& files, const std::string& source, const std::string& target) {
+// Ends a move of `source` to the file `name` in `folder`, or what a killed run left of one: the
+// older file is put away once the newer one is in the archive alone, and comes back where that one
+// stays in Gauges.
+void Settle(Files& files, const std::string& source, const std::string& folder,
+            const std::string& name) {
+  const std::string target = folder + "\\" + name;
   const std::string older = target + std::string(kOlder);
   if (files.Exists(target)) {
     const FileContent left = files.Read(source);
@@ -26,10 +36,11 @@ void Settle(Files& files, const std::string& source, const std::string& target) 
     if (!stayed) {
       // Other bytes show on a Windows that gives users their own copies of protected files: the
       // user's was deleted and is in the archive alone now.
-      if (left.bytes || left.fault == FileFault::Absent) files.Delete(older);
+      const bool has_left = left.bytes || left.fault == FileFault::Absent;
+      if (has_left && files.Exists(older)) KeepOlder(files, folder, older, name);
       return;
     }
-    files.Delete(target);  // What stays is not to be found in the other folder too.
+    files.Delete(target);  // If the source could not be deleted, remove the copy.
   }
   files.Rename(older, target);
 }
@@ -39,29 +50,38 @@ void Settle(Files& files, const std::string& source, const std::string& target) 
 bool MoveFile(Files& files, const std::string& source, const std::string& folder,
               const std::string& name) {
   const std::string target = folder + "\\" + name;
+  const std::string older = target + std::string(kOlder);
   const bool replaces = files.Exists(target);
-  if (replaces && !files.Rename(target, target + std::string(kOlder))) return false;
+  // An older one that could not be put away before must not give way to this one.
+  if (replaces && (files.Exists(older) || !files.Rename(target, older))) return false;
   const bool moved = CopyGauge(files, source, folder, name) && files.Delete(source);
-  if (replaces || !moved) Settle(files, source, target);
+  if (replaces || !moved) Settle(files, source, folder, name);
   return moved;
+}
+
+std::vector<std::string> FilesOf(const Files& files, const std::string& pattern) {
+  const auto listed = files.List(pattern, ListedEntries::PlainFiles);
+  std::vector<std::string> names;
+  for (std::size_t i = 0; listed && i < listed->size(); ++i) names.push_back((*listed)[i].name);
+  return names;
 }
 
 // Clean and restore may both have been killed half-way.
 void TidyUp(Files& files, const GaugeFolders& folders) {
-  files.Delete(folders.gauges + kHalfMoved);
-  files.Delete(folders.spare + kHalfMoved);
-  const auto older =
-      files.List(folders.spare + "\\*" + std::string(kOlder), ListedEntries::PlainFiles);
-  for (std::size_t i = 0; older && i < older->size(); ++i) {
-    const std::string name = (*older)[i].name.substr(0, (*older)[i].name.size() - kOlder.size());
-    Settle(files, folders.gauges + "\\" + name, folders.spare + "\\" + name);
+  for (const std::string& folder : {folders.gauges, folders.spare, folders.spare + "\\Older"}) {
+    for (const std::string& name : FilesOf(files, folder + kHalfMoved + "*")) {
+      files.Delete(folder + "\\" + name);
+    }
+  }
+  for (const std::string& older : FilesOf(files, folders.spare + "\\*" + std::string(kOlder))) {
+    const std::string name = older.substr(0, older.size() - kOlder.size());
+    Settle(files, folders.gauges + "\\" + name, folders.spare, name);
   }
 }
 
-bool HasGaugeEnding(std::string_view name) {
-  name.remove_prefix(name.size() - std::min<std::size_t>(name.size(), 4));
-  return std::any_of(kGaugeEndings.begin(), kGaugeEndings.end(),
-                     [&](const char* ending) { return EqualsIgnoringCase(name, ending); });
+bool HasGaugesExtension(std::string_view name) {
+  return std::any_of(kGaugesExtensions.begin(), kGaugesExtensions.end(),
+                     [name](auto extension) { return EndsWithIgnoringCase(name, extension); });
 }
 
 bool IsAmong(const std::vector<std::string>& names, const std::string& name) {
@@ -72,30 +92,44 @@ bool IsAmong(const std::vector<std::string>& names, const std::string& name) {
 // gets either.
 std::vector<std::string> ArchivedNames(const Files& files, const std::string& spare,
                                        const std::string& typed) {
+  if (typed.find_first_of("\\/:") != std::string::npos) return {};
+  if (HasGaugesExtension(typed)) return FilesOf(files, spare + "\\" + typed);
   std::vector<std::string> names;
-  if (typed.find_first_of("\\/:") != std::string::npos) return names;
-  const auto add = [&](const std::string& pattern) {
-    const auto listed = files.List(spare + "\\" + pattern, ListedEntries::PlainFiles);
-    for (std::size_t i = 0; listed && i < listed->size(); ++i) names.push_back((*listed)[i].name);
-  };
-  if (HasGaugeEnding(typed)) {
-    add(typed);
-  } else {
-    for (const char* ending : kGaugeEndings) add(typed + ending);
+  for (const std::string_view extension : kGaugesExtensions) {
+    const auto found = FilesOf(files, spare + "\\" + typed + std::string(extension));
+    names.insert(names.end(), found.begin(), found.end());
   }
   return names;
 }
 
-void Restore(Files& files, const GaugeFolders& folders, const std::string& name,
-             RestoreOutcome& outcome) {
+// Moves the file `archived` of `folder` to Gauges under `name`.
+void Restore(Files& files, const std::string& folder, const std::string& archived,
+             const std::string& gauges, const std::string& name, RestoreOutcome& outcome) {
   if (IsAmong(outcome.restored, name)) return;  // From an archive that is preferred.
-  if (files.Exists(folders.gauges + "\\" + name)) {
+  if (files.Exists(gauges + "\\" + name)) {
     outcome.already_there.push_back(name);
-  } else if (MoveFile(files, folders.spare + "\\" + name, folders.gauges, name)) {
+  } else if (MoveFile(files, folder + "\\" + archived, gauges, name)) {
     outcome.restored.push_back(name);
   } else {
     outcome.failed.push_back(name);
   }
+}
+
+// The names to restore from one archive. Of a pattern, what came from another simulator stays.
+std::vector<std::string> WantedNames(const Files& files, const Text& text,
+                                     const SpareLedger& ledger, const GaugeFolders& folders,
+                                     const std::string& typed, RestoreChoice choice,
+                                     RestoreOutcome& outcome) {
+  std::vector<std::string> wanted;
+  const bool is_pattern = typed.find_first_of("*?") != std::string::npos;
+  for (const std::string& name : ArchivedNames(files, folders.spare, typed)) {
+    const SpareRecord* record = ledger.Find(name);
+    const bool is_elsewheres =
+        record != nullptr && text.Lower(record->folder) != text.Lower(folders.gauges);
+    const bool stays = is_elsewheres && is_pattern && choice == RestoreChoice::Own;
+    (stays ? outcome.from_elsewhere : wanted).push_back(name);
+  }
+  return wanted;
 }
 
 }  // namespace
@@ -106,27 +140,28 @@ GaugeFolders FoldersOf(const std::string& FSPath, const std::string& AppFolder) 
 
 bool CopyGauge(Files& files, const std::string& source, const std::string& folder,
                const std::string& name) {
-  const std::string half_moved = folder + kHalfMoved;
-  files.Delete(half_moved);
+  const std::string half_moved = HalfMoved(folder);
   if (files.Copy(source, half_moved) && files.Rename(half_moved, folder + "\\" + name)) return true;
   files.Delete(half_moved);
   return false;
 }
 
 std::string SpareFileName(const Files& files, const std::string& gauges, const std::string& entry) {
-  for (const char* ending : kGaugeEndings) {
-    if (files.IsPlainFile(gauges + "\\" + entry + ending)) return entry + ending;
+  for (const std::string_view extension : kGaugesExtensions) {
+    std::string name = entry + std::string(extension);
+    if (files.IsPlainFile(gauges + "\\" + name)) return name;
   }
   return {};
 }
 
-MoveOutcome ArchiveGauges(Files& files, const GaugeFolders& folders,
+MoveOutcome ArchiveGauges(Files& files, const Text& text, const GaugeFolders& folders,
                           const std::vector<std::string>& SpareFiles, const StopRequest& stop) {
   if (!files.Exists(folders.spare)) files.MakeFolder(folders.spare);
   // If the archive is a link to the Gauges folder, each file would be copied onto itself and then
   // deleted.
   const bool is_apart = !files.IsSame(folders.gauges, folders.spare);
   if (is_apart) TidyUp(files, folders);
+  SpareLedger ledger(files, text, folders.spare);
   MoveOutcome outcome;
   for (const std::string& entry : SpareFiles) {
     const std::string name = SpareFileName(files, folders.gauges, entry);
@@ -135,26 +170,50 @@ MoveOutcome ArchiveGauges(Files& files, const GaugeFolders& folders,
       outcome.left.push_back(name);
       continue;
     }
-    const bool moved =
-        is_apart && MoveFile(files, folders.gauges + "\\" + name, folders.spare, name);
+    const std::string source = folders.gauges + "\\" + name;
+    if (is_apart) {
+      const auto as_spelt = FilesOf(files, source);
+      ledger.Add(folders.gauges, as_spelt.empty() ? name : as_spelt.front());
+    }
+    const bool moved = is_apart && MoveFile(files, source, folders.spare, name);
     (moved ? outcome.moved : outcome.stayed).push_back(name);
   }
+  // What another Clean has moved meanwhile did not stay.
+  std::erase_if(outcome.stayed, [&](const std::string& name) {
+    return !files.Exists(folders.gauges + "\\" + name);
+  });
   return outcome;
 }
 
-RestoreOutcome RestoreGauges(Files& files, const std::vector<GaugeFolders>& folders,
-                             const std::vector<std::string>& names, const StopRequest& stop) {
+RestoreOutcome RestoreGauges(Files& files, const Text& text,
+                             const std::vector<GaugeFolders>& folders,
+                             const std::vector<std::string>& names, RestoreChoice choice,
+                             const StopRequest& stop) {
   RestoreOutcome outcome;
   for (const std::string& typed : names) {
     bool is_archived = false;
     for (const GaugeFolders& pair : folders) {
       if (files.IsSame(pair.gauges, pair.spare)) continue;
       TidyUp(files, pair);
-      for (const std::string& name : ArchivedNames(files, pair.spare, typed)) {
+      const SpareLedger ledger(files, text, pair.spare);
+      if (choice == RestoreChoice::Older) {
+        const std::string older = OlderFileName(files, pair.spare, typed);
+        if (older.empty() || is_archived) continue;
+        is_archived = true;
+        Restore(files, pair.spare + "\\Older", older, pair.gauges, GaugeNameOfOlder(older),
+                outcome);
+        continue;
+      }
+      const std::size_t others = outcome.from_elsewhere.size();
+      for (const std::string& name :
+           WantedNames(files, text, ledger, pair, typed, choice, outcome)) {
         is_archived = true;
         outcome.stopped = outcome.stopped || (stop && stop());
-        if (!outcome.stopped) Restore(files, pair, name, outcome);
+        const SpareRecord* record = ledger.Find(name);
+        const std::string& as_spelt = record == nullptr ? name : record->name;
+        if (!outcome.stopped) Restore(files, pair.spare, name, pair.gauges, as_spelt, outcome);
       }
+      is_archived = is_archived || outcome.from_elsewhere.size() > others;
     }
     if (!is_archived && typed != kEveryGauge) outcome.failed.push_back(typed);
   }

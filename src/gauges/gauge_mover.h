@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/files.h"
+#include "platform/text.h"
 
 namespace panelkit {
 
@@ -36,8 +37,10 @@ std::string SpareFileName(const Files& files, const std::string& gauges, const s
 
 /// Moves the files of SpareFiles into the archive, which is created if it is missing. A file of the
 /// same name there gives way as soon as the newer one has left Gauges, and stays where that one
-/// does. Finishes, or undoes, what a killed run left half done.
-MoveOutcome ArchiveGauges(Files& files, const GaugeFolders& folders,
+/// does; if its bytes are others, it is kept in the archive's folder `Older`. Each move is noted in
+/// the archive's ledger before it begins. Finishes, or undoes, what a killed run left half done.
+/// Files that another program moves meanwhile are left out of the outcome.
+MoveOutcome ArchiveGauges(Files& files, const Text& text, const GaugeFolders& folders,
                           const std::vector<std::string>& SpareFiles, const StopRequest& stop);
 
 /// Copies a gauge file or cabinet into `folder` under `name`, its time stamp kept. A kill at any
@@ -51,7 +54,16 @@ struct RestoreOutcome {
   std::vector<std::string> restored;
   std::vector<std::string> already_there;  ///< Gauges has a file of that name.
   std::vector<std::string> failed;         ///< In no archive, or it could not be moved.
-  bool stopped = false;                    ///< Files were left after a stop.
+  /// Left in the archive, since they came from another simulator.
+  std::vector<std::string> from_elsewhere;
+  bool stopped = false;  ///< Files were left after a stop.
+};
+
+/// What RestoreGauges brings back.
+enum class RestoreChoice {
+  Own,  ///< What came from this simulator, what has no record, and what is named without "*", "?".
+  All,  ///< What came from other simulators, too.
+  Older,  ///< Gauges that newer ones of their names have replaced in the archive.
 };
 
 /// Restores every archived gauge when given to RestoreGauges.
@@ -59,8 +71,12 @@ inline constexpr const char* kEveryGauge = "*";
 
 /// Moves archived files back into Gauges, except those whose name is taken there. `folders` holds
 /// one pair for each archive, the one to prefer first. A name that does not end in ".gau" or ".cab"
-/// stands for the gauge file and the cabinet of that name; "*" and "?" are wildcards.
-RestoreOutcome RestoreGauges(Files& files, const std::vector<GaugeFolders>& folders,
-                             const std::vector<std::string>& names, const StopRequest& stop);
+/// stands for the gauge file and the cabinet of that name; "*" and "?" are wildcards. A file whose
+/// move was noted is spelt as it was. Of the older ones, a name stands for the newest, and for the
+/// one of that whole name in `Older`.
+RestoreOutcome RestoreGauges(Files& files, const Text& text,
+                             const std::vector<GaugeFolders>& folders,
+                             const std::vector<std::string>& names, RestoreChoice choice,
+                             const StopRequest& stop);
 
 }  // namespace panelkit

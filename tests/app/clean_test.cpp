@@ -58,7 +58,8 @@ TEST_CASE_FIXTURE(
   Put(simulator.Fs() / "older" / "SpareGauges" / "Old.gauge_pack.cab", "only here");
   Put(simulator.Fs() / "older" / "SpareGauges" / "xabcy.gau", "the oldest copy");
   const std::vector<std::string> names{"XABCY", "twin.gau", "none", "..\\x", "Old.gauge_pack"};
-  const auto outcome = RestoreGauges(files, {folders, older}, names, {});
+  const auto outcome = RestoreGauges(files, simulator.Services().text, {folders, older}, names,
+                                     RestoreChoice::Own, {});
   CHECK(outcome.restored == std::vector<std::string>{"xabcy.gau", "Old.gauge_pack.cab"});
   CHECK(outcome.already_there == std::vector<std::string>{"twin.gau"});
   CHECK(outcome.failed == std::vector<std::string>{"none", "..\\x"});

@@ -1,0 +1,57 @@
+#include "gauges/older_spares.h"
+
+#include <algorithm>
+
+#include "gauges/gauge_mover.h"
+#include "gauges/spare_ledger.h"
+
+namespace panelkit {
+namespace {
+
+constexpr const char* kOlderFolder = "\\Older";
+constexpr std::size_t kTimeLength = 20;  // ".2026-11-25 20.11.05".
+
+// The files whose names the pattern stands for, the newest last.
+std::vector<std::string> KeptFiles(const Files& files, const std::string& spare,
+                                   const std::string& pattern) {
+  const auto listed = files.List(spare + kOlderFolder + "\\" + pattern, ListedEntries::PlainFiles);
+  std::vector<std::string> names;
+  for (std::size_t i = 0; listed && i < listed->size(); ++i) names.push_back((*listed)[i].name);
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
+bool HasBytes(const Files& files, const std::string& path, const FileContent& content) {
+  return content.bytes && content.bytes == files.Read(path).bytes;
+}
+
+}  // namespace
+
+void KeepOlder(Files& files, const std::string& spare, const std::string& file,
+               const std::string& name) {
+  const FileContent content = files.Read(file);
+  const auto kept = KeptFiles(files, spare, name + ".*");
+  const bool is_kept = std::any_of(kept.begin(), kept.end(), [&](const std::string& other) {
+    return HasBytes(files, spare + kOlderFolder + "\\" + other, content);
+  });
+  if (!is_kept && !HasBytes(files, spare + "\\" + name, content)) {
+    const std::string folder = spare + kOlderFolder;
+    const std::string as = name + "." + TimeOfNow('.');
+    if (!files.Exists(folder)) files.MakeFolder(folder);
+    if (files.Exists(folder + "\\" + as) || !CopyGauge(files, file, folder, as)) return;
+  }
+  files.Delete(file);
+}
+
+std::string OlderFileName(const Files& files, const std::string& spare, const std::string& typed) {
+  if (typed.find_first_of("\\/:*?") != std::string::npos) return {};
+  auto found = KeptFiles(files, spare, typed);
+  if (found.empty()) found = KeptFiles(files, spare, typed + ".*");
+  return found.empty() ? std::string() : found.back();
+}
+
+std::string GaugeNameOfOlder(const std::string& older) {
+  return older.substr(0, older.size() - std::min(older.size(), kTimeLength));
+}
+
+}  // namespace panelkit
