@@ -1,7 +1,7 @@
 // clean, clean --dry-run.
 #include "console/console_commands.h"
 #include "console/console_program.h"
-#include "console/json.h"
+#include "console/json_findings.h"
 #include "pages/report_text.h"
 #include "platform/terminal.h"
 
@@ -34,6 +34,35 @@ std::string NamesMoved(const std::string& heading, const std::vector<std::string
   return lines.Take();
 }
 
+std::string Quoted(const std::string& argument) {
+  return argument.find(' ') == std::string::npos ? argument : '"' + argument + '"';
+}
+
+// The command that brings an archived file back to this simulator.
+std::string RestoreText(const CommandLine& line, const std::string& file) {
+  std::string text = "panelkit-console restore " + Quoted(file);
+  if (!line.simulator.empty()) text += " --simulator " + Quoted(line.simulator);
+  if (!line.prefix.empty()) text += " --prefix " + Quoted(line.prefix);
+  return text;
+}
+
+// Which of the moved files panels name in a way that the reports do not read.
+Json TellOfNamed(const CommandLine& line, const frmGauges& form,
+                 const std::vector<std::string>& moved, Outcome& outcome) {
+  Json array = Json::array();
+  for (const auto& [file, mention] : form.NamedOtherwise(moved)) {
+    const std::string help = line.dry_run ? "clean --careful leaves it in Gauges"
+                                          : RestoreText(line, file) + " brings it back";
+    outcome.complaints.push_back(file + " is named for " + mention.aircraft + " in " +
+                                 PlaceOf(mention) + ": " + help + ".");
+    Json named{{"file", file}};
+    named.update(JsonOf(mention));
+    if (!line.dry_run) named["restore"] = RestoreText(line, file);
+    array.push_back(std::move(named));
+  }
+  return array;
+}
+
 }  // namespace
 
 Outcome CleanCommand(LocalMachine& machine, const CommandLine& line, const std::string& simulator) {
@@ -57,6 +86,7 @@ Outcome CleanCommand(LocalMachine& machine, const CommandLine& line, const std::
     outcome.complaints.push_back("The panel of " + aircraft + " could not be read.");
   }
   program.TellInto(outcome);
+  const Json named = TellOfNamed(line, form, files.moved, outcome);
   const bool is_done = form.Report() != nullptr && outcome.status == kExitDone;
   if (!files.left.empty()) {
     outcome.Interrupt("Unneeded files left in Gauges: " + std::to_string(files.left.size()) + ".");
@@ -68,6 +98,7 @@ Outcome CleanCommand(LocalMachine& machine, const CommandLine& line, const std::
                                      {"moved", files.moved},
                                      {"stayed", files.stayed},
                                      {"left", files.left},
+                                     {"moved_but_named", named},
                                      {"unreadable_aircraft", form.Unreadable()}});
   } else if (line.dry_run) {
     if (is_done) outcome.output = NamesMoved("Would move to " + archive, files.moved);

@@ -63,6 +63,28 @@ void AddCabinetCommands(CLI::App& app, CommandLine& line) {
   extract->add_option("--output-file", line.output_file, "Name to give to what is extracted");
 }
 
+void AddCareful(CLI::App& command, CommandLine& line) {
+  command.add_flag("--careful", line.careful,
+                   "Tell also of files that panels name in a way which reports do not read");
+}
+
+void AddRestoreCommand(CLI::App& app, CommandLine& line) {
+  CLI::App* restore = AddCommand(app, "restore", "Bring gauges back from SpareGauges", line,
+                                 ConsoleCommand::Restore);
+  auto* names =
+      restore->add_option("NAME", line.gauges, "Only these gauges; * and ? may stand in a name");
+  auto* all = restore->add_flag("--all", line.all, "Those that came from other simulators, too");
+  auto* older = restore
+                    ->add_flag("--older", line.older,
+                               "Gauges that newer ones of their names have replaced there")
+                    ->needs(names)
+                    ->excludes(all);
+  restore->add_flag("--list", line.list, "Say what is there, from where and since when")
+      ->excludes(names)
+      ->excludes(all)
+      ->excludes(older);
+}
+
 void AddFindCommand(CLI::App& app, CommandLine& line) {
   CLI::App* find =
       AddCommand(app, "find", "Look for missing gauges in folders and in the archives there", line,
@@ -74,26 +96,29 @@ void AddFindCommand(CLI::App& app, CommandLine& line) {
       find->add_flag("--install", line.install, "Copy the best of what is found to Gauges");
   find->add_flag("--dry-run", line.dry_run, "Say what would be copied, and copy nothing")
       ->needs(install);
+  AddCareful(*find, line);
 }
 
 void AddCommands(CLI::App& app, CommandLine& line) {
   AddCommand(app, "where", "Tell which simulator would be used, and how it was found", line,
              ConsoleCommand::Where)
       ->add_flag("--all", line.all, "Tell of every simulator that is registered in any prefix");
-  AddCommand(app, "probe",
-             "Probe For Missing Gauges: report gauges that panels name and are not there", line,
-             ConsoleCommand::Probe)
-      ->add_flag("--hints", line.hints,
-                 "Say for each missing file what this machine has that comes close");
-  AddCommand(app, "show", "Show All Gauges: report every gauge of every panel", line,
-             ConsoleCommand::Show);
+  CLI::App* probe = AddCommand(
+      app, "probe", "Probe For Missing Gauges: report gauges that panels name and are not there",
+      line, ConsoleCommand::Probe);
+  probe->add_flag("--hints", line.hints,
+                  "Say for each missing file what this machine has that comes close");
+  AddCareful(*probe, line);
+  AddCareful(*AddCommand(app, "show", "Show All Gauges: report every gauge of every panel", line,
+                         ConsoleCommand::Show),
+             line);
   CLI::App* clean =
       AddCommand(app, "clean", "Clean Gauges: move gauges that no panel names to SpareGauges", line,
                  ConsoleCommand::Clean);
   clean->add_flag("--dry-run", line.dry_run, "Say what would move, and move nothing");
-  clean->add_flag("--careful", line.careful, "Move nothing if a panel could not be read");
-  AddCommand(app, "restore", "Bring gauges back from SpareGauges", line, ConsoleCommand::Restore)
-      ->add_option("NAME", line.gauges, "Only these gauges; * and ? may stand in a name");
+  clean->add_flag("--careful", line.careful,
+                  "Leave what a panel names in whatever way; move nothing if one cannot be read");
+  AddRestoreCommand(app, line);
   AddFindCommand(app, line);
   AddCommand(app, "brake", "Say whether the red brake messages are shown, or switch them", line,
              ConsoleCommand::Brake)

@@ -33,13 +33,15 @@ struct CommandLine {
   std::string simulator;
   std::string prefix;  ///< Native folder of a Wine prefix.
   Format format = Format::Text;
-  bool all = false;                  ///< Where.
+  bool all = false;                  ///< Where and Restore.
   bool dry_run = false;              ///< Clean and Find.
-  bool careful = false;              ///< Clean.
+  bool careful = false;              ///< Probe, Show, Clean and Find.
   bool hints = false;                ///< Probe.
   bool install = false;              ///< Find.
   std::vector<std::string> folders;  ///< Find.
   std::vector<std::string> gauges;   ///< Restore.
+  bool older = false;                ///< Restore.
+  bool list = false;                 ///< Restore.
   std::string brake;                 ///< Brake: "on", "off" or empty.
   std::string cabinet;               ///< The cab commands.
   std::string entry;

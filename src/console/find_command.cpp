@@ -3,6 +3,8 @@
 #include "console/console_program.h"
 #include "console/find_text.h"
 #include "console/json_findings.h"
+#include "pages/report_text.h"
+#include "pages/status_text.h"
 #include "platform/terminal.h"
 
 namespace panelkit {
@@ -10,12 +12,15 @@ namespace {
 
 // What is missing; nullopt if that cannot be told.
 std::optional<std::vector<RequiredFile>> Probe(const Machine& services,
-                                               const std::string& simulator, Outcome& outcome) {
+                                               const std::string& simulator,
+                                               std::vector<OtherwiseNamedFile>& otherwise_named,
+                                               Outcome& outcome) {
   ConsoleProgram program(services, simulator);
   program.Click("menProbe");
   program.TellInto(outcome);
   const GaugeReport* report = program.Form().Report();
   if (report == nullptr) return std::nullopt;
+  otherwise_named = report->otherwise_named;
   return RequiredFilesOf(*report);
 }
 
@@ -58,7 +63,8 @@ Outcome FindCommand(LocalMachine& machine, const CommandLine& line, const std::s
   Outcome outcome;
   outcome.complains_first = true;
   FindResult result(services.text);
-  auto required = Probe(services, simulator, outcome);
+  std::vector<OtherwiseNamedFile> otherwise_named;
+  auto required = Probe(services, simulator, otherwise_named, outcome);
   if (!required) return outcome;
   result.required = std::move(*required);
   Search(machine, line.folders, result, outcome);
@@ -69,7 +75,7 @@ Outcome FindCommand(LocalMachine& machine, const CommandLine& line, const std::s
   if (line.install) InstallBest(services, gauges, line.dry_run, terminal::Interrupted, result);
   if (line.install && !line.dry_run && !terminal::Interrupted()) {
     try {
-      result.still_required = Probe(services, simulator, outcome);
+      result.still_required = Probe(services, simulator, otherwise_named, outcome);
     } catch (const Interruption&) {
       // What was installed is to be told all the same.
     }
@@ -78,8 +84,21 @@ Outcome FindCommand(LocalMachine& machine, const CommandLine& line, const std::s
   const auto& missing = result.still_required ? *result.still_required : result.required;
   if (outcome.status == kExitDone && !missing.empty()) outcome.status = kExitGaugesMissing;
   if (terminal::Interrupted()) outcome.Interrupt("Nothing was begun after that.");
-  outcome.output = line.format == Format::Json ? JsonText(line, JsonOf(machine, line, result))
-                                               : TextOf(machine, line, gauges, result);
+  if (line.format == Format::Json) {
+    Json json = JsonOf(machine, line, result);
+    if (line.careful) json["otherwise_named"] = JsonOf(otherwise_named);
+    outcome.output = JsonText(line, json);
+  } else {
+    outcome.output = TextOf(machine, line, gauges, result);
+    if (line.careful) {
+      Lines lines;
+      TellOtherwiseNamed(otherwise_named, [&](std::string_view text) { lines.Add(text); });
+      outcome.output += lines.Take();
+    }
+  }
+  if (!line.careful && !otherwise_named.empty()) {
+    outcome.complaints.push_back(OtherwiseNamedText(otherwise_named.size()));
+  }
   return outcome;
 }
 

@@ -147,6 +147,24 @@ Json MissingJson(const LocalMachine& machine, const CommandLine& line, const Fin
 
 }  // namespace
 
+Json JsonOf(const Mention& mention) {
+  return {{"entry", mention.entry},
+          {"aircraft", mention.aircraft},
+          {"panel", mention.panel},
+          {"line", mention.line}};
+}
+
+Json JsonOf(const std::vector<OtherwiseNamedFile>& files) {
+  Json array = Json::array();
+  for (const OtherwiseNamedFile& file : files) {
+    Json mentions = Json::array();
+    for (const Mention& mention : file.mentions) mentions.push_back(JsonOf(mention));
+    array.push_back(
+        {{"name", file.name}, {"missing", !file.is_there}, {"mentions", std::move(mentions)}});
+  }
+  return array;
+}
+
 Json JsonOf(const LocalMachine& machine, const GaugeReport& report, const HintFinder* hints) {
   Json missing = Json::array();
   for (const RequiredFile& file : RequiredFilesOf(report)) {

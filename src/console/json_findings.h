@@ -13,6 +13,12 @@ namespace panelkit {
 /// these, unless it is nullptr.
 Json JsonOf(const LocalMachine& machine, const GaugeReport& report, const HintFinder* hints);
 
+/// Files that panels name in a way which the reports do not read.
+Json JsonOf(const std::vector<OtherwiseNamedFile>& files);
+
+/// A line of a panel that names a gauge in such a way.
+Json JsonOf(const Mention& mention);
+
 /// What find found, installed and still misses.
 Json JsonOf(LocalMachine& machine, const CommandLine& line, const FindResult& result);
 

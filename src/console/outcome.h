@@ -51,6 +51,8 @@ class Lines {
   /// Adds text that has lines of its own.
   void AddText(std::string_view text);
 
+  bool IsEmpty() const { return text_.empty(); }
+
   std::string Take() { return std::move(text_); }
 
  private:

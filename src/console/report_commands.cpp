@@ -3,12 +3,14 @@
 #include "console/console_program.h"
 #include "console/json_findings.h"
 #include "pages/report_text.h"
+#include "pages/status_text.h"
 #include "platform/terminal.h"
 
 namespace panelkit {
 namespace {
 
-std::string TextOf(const GaugeReport& report, const Text& text, const HintFinder* hints) {
+std::string TextOf(const GaugeReport& report, const Text& text, const HintFinder* hints,
+                   bool careful) {
   Lines lines;
   const auto required = hints != nullptr ? RequiredFilesOf(report) : std::vector<RequiredFile>();
   const auto add = [&](std::string_view line) { lines.Add(line); };
@@ -22,6 +24,7 @@ std::string TextOf(const GaugeReport& report, const Text& text, const HintFinder
   } else {
     TellReport(report, text, add);
   }
+  if (careful) TellOtherwiseNamed(report.otherwise_named, add);
   return lines.Take();
 }
 
@@ -38,6 +41,11 @@ Outcome ReportCommand(LocalMachine& machine, const CommandLine& line,
   if (report != nullptr && !report->names.empty()) outcome.status = kExitGaugesMissing;
   program.TellInto(outcome);
   if (report == nullptr) return outcome;
+  const std::size_t otherwise_named = report->otherwise_named.size();
+  const bool lists_them = line.careful && line.format != Format::Html;
+  if (otherwise_named > 0 && !lists_them) {
+    outcome.complaints.push_back(OtherwiseNamedText(otherwise_named));
+  }
   std::optional<HintFinder> finder;
   if (line.hints) {
     finder.emplace(services, simulator, FoldersOf(simulator, services.files.AppFolder()));
@@ -47,10 +55,11 @@ Outcome ReportCommand(LocalMachine& machine, const CommandLine& line,
     program.PrintPageInto(outcome);
   } else if (line.format == Format::Json) {
     Json json = JsonOf(machine, *report, hints);
+    if (line.careful) json["otherwise_named"] = JsonOf(report->otherwise_named);
     json["unreadable_aircraft"] = program.Form().Unreadable();
     outcome.output = JsonText(line, json);
   } else {
-    outcome.output = TextOf(*report, services.text, hints);
+    outcome.output = TextOf(*report, services.text, hints, line.careful);
   }
   return outcome;
 }

@@ -8,16 +8,54 @@ namespace panelkit {
 namespace {
 
 std::string TextOf(const RestoreOutcome& files, const std::string& gauges) {
-  const auto& [restored, already_there, failed, stopped] = files;
+  const auto& [restored, already_there, failed, from_elsewhere, stopped] = files;
   Lines lines;
   if (!restored.empty()) lines.AddNames("Restored to " + gauges + ":", restored);
   if (!already_there.empty()) {
     lines.AddNames("Left in SpareGauges, since Gauges has a file of that name:", already_there);
   }
-  if (restored.empty() && already_there.empty() && failed.empty() && !stopped) {
+  if (!from_elsewhere.empty()) {
+    lines.AddNames(
+        "Left in SpareGauges, since they came from another simulator (--all brings them):",
+        from_elsewhere);
+  }
+  if (lines.IsEmpty() && failed.empty() && !stopped) {
     lines.Add("Nothing to restore.");
   }
   return lines.Take();
+}
+
+// What the archives hold, and where each file came from.
+Outcome ListSpares(LocalMachine& machine, const CommandLine& line,
+                   const std::vector<GaugeFolders>& folders) {
+  const Machine services = machine.Services();
+  Lines lines;
+  Json archives = Json::array();
+  for (const GaugeFolders& pair : folders) {
+    lines.Add(BothNames(machine, pair.spare));
+    Json archive = JsonOfPath(machine, pair.spare);
+    archive["files"] = Json::array();
+    for (const ArchivedGauge& gauge : ArchivedGauges(services.files, services.text, pair.spare)) {
+      const bool is_known = !gauge.record.folder.empty();
+      lines.Add(
+          "    " + gauge.name +
+          (is_known ? " from " + gauge.record.folder + ", " + gauge.record.time + " UTC" : ""));
+      archive["files"].push_back({{"name", gauge.name},
+                                  {"from", is_known ? Json(gauge.record.folder) : Json()},
+                                  {"name_there", is_known ? Json(gauge.record.name) : Json()},
+                                  {"time", is_known ? Json(gauge.record.time) : Json()}});
+    }
+    archives.push_back(std::move(archive));
+  }
+  Outcome outcome;
+  outcome.output =
+      line.format == Format::Json ? JsonText(line, {{"archives", archives}}) : lines.Take();
+  return outcome;
+}
+
+RestoreChoice ChoiceOf(const CommandLine& line) {
+  if (line.older) return RestoreChoice::Older;
+  return line.all ? RestoreChoice::All : RestoreChoice::Own;
 }
 
 }  // namespace
@@ -31,10 +69,12 @@ Outcome RestoreCommand(LocalMachine& machine, const CommandLine& line,
     folders.push_back(FoldersOf(simulator, own_folder));
     archives += (archives.empty() ? "" : " and ") + BothNames(machine, folders.back().spare);
   }
+  if (line.list) return ListSpares(machine, line, folders);
+  const Machine services = machine.Services();
   const std::string& gauges = folders.front().gauges;
   const auto names = line.gauges.empty() ? std::vector<std::string>{kEveryGauge} : line.gauges;
-  const RestoreOutcome files =
-      RestoreGauges(machine.Services().files, folders, names, terminal::Interrupted);
+  const RestoreOutcome files = RestoreGauges(services.files, services.text, folders, names,
+                                             ChoiceOf(line), terminal::Interrupted);
   Outcome outcome;
   for (const std::string& name : files.failed) {
     outcome.Fail(name + " is not in " + archives + ", or could not be moved.");
@@ -45,6 +85,7 @@ Outcome RestoreCommand(LocalMachine& machine, const CommandLine& line,
                        ? JsonText(line, {{"gauges", JsonOfPath(machine, gauges)},
                                          {"restored", files.restored},
                                          {"already_there", files.already_there},
+                                         {"from_elsewhere", files.from_elsewhere},
                                          {"failed", files.failed}})
                        : TextOf(files, BothNames(machine, gauges));
   return outcome;

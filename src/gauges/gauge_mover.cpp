@@ -5,7 +5,6 @@
 
 #include "gauges/gauge_file.h"
 #include "gauges/older_spares.h"
-#include "gauges/spare_ledger.h"
 #include "text/matching.h"
 
 namespace panelkit {
@@ -161,21 +160,24 @@ MoveOutcome ArchiveGauges(Files& files, const Text& text, const GaugeFolders& fo
   // deleted.
   const bool is_apart = !files.IsSame(folders.gauges, folders.spare);
   if (is_apart) TidyUp(files, folders);
-  SpareLedger ledger(files, text, folders.spare);
-  MoveOutcome outcome;
+  std::vector<std::string> names;
+  std::vector<std::string> as_spelt;
   for (const std::string& entry : SpareFiles) {
-    const std::string name = SpareFileName(files, folders.gauges, entry);
+    std::string name = SpareFileName(files, folders.gauges, entry);
     if (name.empty()) continue;
+    const auto listed = FilesOf(files, folders.gauges + "\\" + name);
+    as_spelt.push_back(listed.empty() ? name : listed.front());
+    names.push_back(std::move(name));
+  }
+  if (is_apart) SpareLedger(files, text, folders.spare).Add(folders.gauges, as_spelt);
+  MoveOutcome outcome;
+  for (const std::string& name : names) {
     if (!outcome.left.empty() || (stop && stop())) {
       outcome.left.push_back(name);
       continue;
     }
-    const std::string source = folders.gauges + "\\" + name;
-    if (is_apart) {
-      const auto as_spelt = FilesOf(files, source);
-      ledger.Add(folders.gauges, as_spelt.empty() ? name : as_spelt.front());
-    }
-    const bool moved = is_apart && MoveFile(files, source, folders.spare, name);
+    const bool moved =
+        is_apart && MoveFile(files, folders.gauges + "\\" + name, folders.spare, name);
     (moved ? outcome.moved : outcome.stayed).push_back(name);
   }
   // What another Clean has moved meanwhile did not stay.
@@ -183,6 +185,17 @@ MoveOutcome ArchiveGauges(Files& files, const Text& text, const GaugeFolders& fo
     return !files.Exists(folders.gauges + "\\" + name);
   });
   return outcome;
+}
+
+std::vector<ArchivedGauge> ArchivedGauges(Files& files, const Text& text,
+                                          const std::string& spare) {
+  const SpareLedger ledger(files, text, spare);
+  std::vector<ArchivedGauge> gauges;
+  for (const std::string& name : ArchivedNames(files, spare, kEveryGauge)) {
+    const SpareRecord* record = ledger.Find(name);
+    gauges.push_back({name, record == nullptr ? SpareRecord() : *record});
+  }
+  return gauges;
 }
 
 RestoreOutcome RestoreGauges(Files& files, const Text& text,

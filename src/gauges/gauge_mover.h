@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "gauges/spare_ledger.h"
 #include "platform/files.h"
 #include "platform/text.h"
 
@@ -37,9 +38,9 @@ std::string SpareFileName(const Files& files, const std::string& gauges, const s
 
 /// Moves the files of SpareFiles into the archive, which is created if it is missing. A file of the
 /// same name there gives way as soon as the newer one has left Gauges, and stays where that one
-/// does; if its bytes are others, it is kept in the archive's folder `Older`. Each move is noted in
-/// the archive's ledger before it begins. Finishes, or undoes, what a killed run left half done.
-/// Files that another program moves meanwhile are left out of the outcome.
+/// does; if its bytes are others, it is kept in the archive's folder `Older`. All moves are noted
+/// in the archive's ledger before the first begins. Finishes, or undoes, what a killed run left
+/// half done. Files that another program moves meanwhile are left out of the outcome.
 MoveOutcome ArchiveGauges(Files& files, const Text& text, const GaugeFolders& folders,
                           const std::vector<std::string>& SpareFiles, const StopRequest& stop);
 
@@ -58,6 +59,15 @@ struct RestoreOutcome {
   std::vector<std::string> from_elsewhere;
   bool stopped = false;  ///< Files were left after a stop.
 };
+
+/// A file of an archive, with the record of its move; the record is empty if there is none.
+struct ArchivedGauge {
+  std::string name;
+  SpareRecord record;
+};
+
+/// The gauge files, then the cabinets, of the archive in the folder `spare`.
+std::vector<ArchivedGauge> ArchivedGauges(Files& files, const Text& text, const std::string& spare);
 
 /// What RestoreGauges brings back.
 enum class RestoreChoice {

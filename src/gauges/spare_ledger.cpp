@@ -45,9 +45,10 @@ const SpareRecord* SpareLedger::Find(std::string_view archived_name) const {
   return found == records_.rend() ? nullptr : &*found;
 }
 
-void SpareLedger::Add(const std::string& folder, const std::string& name) {
+void SpareLedger::Add(const std::string& folder, const std::vector<std::string>& names) {
+  if (names.empty()) return;
   Read();  // Another program may have moved gauges meanwhile.
-  records_.push_back({TimeOfNow(':'), folder, name});
+  for (const std::string& name : names) records_.push_back({TimeOfNow(':'), folder, name});
   std::string text;
   for (const SpareRecord& record : records_) text += RecordLine(record);
   files_.ReplaceOrOverwrite(path_, text, Durability::Flushed);

@@ -29,8 +29,9 @@ class SpareLedger {
   /// The last record of an archived file, case ignored; nullptr if it has none.
   const SpareRecord* Find(std::string_view archived_name) const;
 
-  /// Adds a record of now, and writes it to the disk. What cannot be written is left out.
-  void Add(const std::string& folder, const std::string& name);
+  /// Adds a record of now for each file, and writes them to the disk. What cannot be written is
+  /// left out.
+  void Add(const std::string& folder, const std::vector<std::string>& names);
 
  private:
   void Read();

@@ -55,4 +55,19 @@ void TellReport(const GaugeReport& report, const Text& text, const OnLine& on_li
   }
 }
 
+void TellOtherwiseNamed(const std::vector<OtherwiseNamedFile>& files, const OnLine& on_line) {
+  on_line("");
+  on_line("FILES THAT PANELS NAME IN ANOTHER WAY: " + std::to_string(files.size()));
+  for (const OtherwiseNamedFile& file : files) {
+    on_line("    " + file.name + (file.is_there ? "" : " *** MISSING ***"));
+    for (const Mention& mention : file.mentions) {
+      on_line("        " + mention.entry + " for " + mention.aircraft + ": " + PlaceOf(mention));
+    }
+  }
+}
+
+std::string PlaceOf(const Mention& mention) {
+  return mention.panel + ", line " + std::to_string(mention.line);
+}
+
 }  // namespace panelkit

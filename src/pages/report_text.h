@@ -3,7 +3,9 @@
 
 #include <cstddef>
 #include <functional>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "gauges/gauge_report.h"
 #include "platform/text.h"
@@ -17,5 +19,13 @@ void TellReport(
     const GaugeReport& report, const Text& text,
     const std::function<void(std::string_view line)>& on_line,
     const std::function<void(std::size_t position)>& below = [](std::size_t) {});
+
+/// Tells `on_line` of the files that panels name in a way which the report does not read: a section
+/// of its own, with an empty line before it.
+void TellOtherwiseNamed(const std::vector<OtherwiseNamedFile>& files,
+                        const std::function<void(std::string_view line)>& on_line);
+
+/// The place of a mention, as the end of a sentence: "Aircraft\Alpha\Panel.vfr\panel.cfg, line 12".
+std::string PlaceOf(const Mention& mention);
 
 }  // namespace panelkit

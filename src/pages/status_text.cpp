@@ -64,6 +64,11 @@ std::string CabinetsNotNamedText(const std::vector<std::string>& cabinets) {
   return "Give these cabinets plain names, or they cannot be read: " + names + ".";
 }
 
+std::string OtherwiseNamedText(std::size_t files) {
+  return "Files that panels name in another way, which --careful lists: " + std::to_string(files) +
+         ".";
+}
+
 std::string UnfinishedText(const std::string& reason) {
   return "The command could not be finished: " + reason + ".";
 }

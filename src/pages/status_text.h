@@ -41,6 +41,9 @@ std::string CabinetsNotNamedText(const std::vector<std::string>& cabinets);
 /// A command ended half way, for the reason given.
 std::string UnfinishedText(const std::string& reason);
 
+/// Panels name so many files in a way which the report does not read; the console lists them.
+std::string OtherwiseNamedText(std::size_t files);
+
 inline constexpr const char* kNoPlaceForSettingText =
     "fs2002.cfg has no SYSCLOCK line to put the setting behind.";
 inline constexpr const char* kReportNotWholeText =

@@ -11,6 +11,8 @@ namespace fs = std::filesystem;
 namespace panelkit::test {
 namespace {
 
+using Names = std::vector<std::string>;
+
 void PutReadOnly(const fs::path& file, std::string_view bytes) {
   Put(file, bytes);
   fs::permissions(file, fs::perms::owner_read);
@@ -43,16 +45,33 @@ TEST_CASE_FIXTURE(
   Click("menRemove");
   CHECK(simulator.Page() == simulator.Golden("clean.htm"));
   CHECK(Tree(gauges) == "art.cab\nneeded.gau\npack.cab\ntwin.cab\n");
+  Files& files = simulator.Services().files;
+  const Text& text = simulator.Services().text;
+  const GaugeFolders folders = FoldersOf(simulator.FSPath(), simulator.AppFolder());
+  const auto restore = [&](const GaugeFolders& pair, const std::string& name,
+                           RestoreChoice choice) {
+    return RestoreGauges(files, text, {pair}, {name}, choice, {});
+  };
+  // Of other bytes, the older one can be had too.
+  CHECK(restore(folders, "xabcy", RestoreChoice::Older).restored == Names{"xabcy.gau"});
+  CHECK(Get(gauges / "xabcy.gau") == "an older copy");
+  fs::remove(gauges / "xabcy.gau");
   CHECK(Tree(spare) == "ABC.gau\nspare.cab\ntwin.gau\nxabcy.gau\n");
   CHECK(Get(spare / "xabcy.gau") == "the newer one");
+  // What came from here comes back as it was spelt, and to no other simulator unless it is named.
+  const GaugeFolders other{simulator.FSPath() + "\\other", folders.spare};
+  Put(simulator.Fs() / "other" / "readme.txt", "");
+  Put(spare / "unknown.gau", "of no record");
+  const auto elsewhere = restore(other, "*", RestoreChoice::Own);
+  CHECK(elsewhere.restored == Names{"unknown.gau"});
+  CHECK(elsewhere.from_elsewhere == Names{"ABC.gau", "twin.gau", "xabcy.gau", "spare.cab"});
+  CHECK(restore(folders, "s*", RestoreChoice::Own).restored == Names{"Spare.CAB"});
   CHECK(fs::last_write_time(spare / "ABC.gau") == stamp);
 
   Click("menRemove");
   CHECK(Tree(gauges) == "art.cab\nneeded.gau\npack.cab\n");
 
   simulator.AddGauge("twin.gau");
-  Files& files = simulator.Services().files;
-  const GaugeFolders folders = FoldersOf(simulator.FSPath(), simulator.AppFolder());
   // A second archive, of a run whose program folder was another one.
   const GaugeFolders older = FoldersOf(simulator.FSPath(), simulator.FSPath() + "\\older");
   Put(simulator.Fs() / "older" / "SpareGauges" / "Old.gauge_pack.cab", "only here");

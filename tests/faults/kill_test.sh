@@ -10,7 +10,7 @@ killers=("${@:4}")
 unpacked=$work/unpacked
 config=$fs/fs2002.cfg
 # Not what a killed run was writing, or was about to replace.
-written=(! -name '.panelkit-*' ! -name panelkit.moving ! -name '*.panelkit-older')
+written=(! -name '.panelkit-*' ! -name 'panelkit.moving*' ! -name '*.panelkit-older')
 
 # At random moments of the first 12 milliseconds, and before each of the first changes to the disk.
 ways=()
@@ -102,11 +102,12 @@ echo older | tee "$work/older" >"$work/1.gau"
 echo newer >"$work/newer"
 none_lost() {
   if [ -e "$gauges/1.gau" ]; then
-    cmp -s "$work/newer" "$gauges/1.gau" && cat "$spare"/1.gau* | grep -q older || return 1
+    cmp -s "$work/newer" "$gauges/1.gau" && cat "$spare"/1.gau* "$spare"/Older/1.gau* | grep -q older ||
+      return 1
   fi
   expect 0 clean
-  holds "$spare" 1.gau
-  cmp -s "$work/newer" "$spare/1.gau" && holds "$gauges"
+  holds "$spare" 1.gau Older
+  cmp -s "$work/newer" "$spare/1.gau" && cmp -s "$work/older" "$spare/Older"/1.gau.* && holds "$gauges"
 }
 killed none_lost clean
 
