@@ -31,8 +31,10 @@ _panelkit_console() {
   case $command in
     '') options+=' where probe show clean restore find brake cab' ;;
     where) options+=' --all' ;;
-    probe) options+=' --hints' ;;
-    find) options+=' --install --dry-run' ;;
+    probe) options+=' --hints --careful' ;;
+    show) options+=' --careful' ;;
+    find) options+=' --install --dry-run --careful' ;;
+    restore) options+=' --all --older --list' ;;
     clean) options+=' --dry-run --careful' ;;
     brake) options+=' on off' ;;
     cab) options+=' count list xml extract' ;;

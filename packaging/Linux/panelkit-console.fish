@@ -19,11 +19,12 @@ complete -c panelkit-console -n $no_command -a cab -d 'Look into a cabinet file'
 
 complete -c panelkit-console -n '__fish_seen_subcommand_from where' -l all -d 'Tell of every simulator'
 complete -c panelkit-console -n '__fish_seen_subcommand_from probe' -l hints -d 'Say what comes close'
+complete -c panelkit-console -n '__fish_seen_subcommand_from probe show find' -l careful -d 'Tell what panels name in other ways'
 complete -c panelkit-console -n '__fish_seen_subcommand_from find' -l install -d 'Copy the best to Gauges'
 complete -c panelkit-console -n '__fish_seen_subcommand_from find' -l dry-run -d 'Copy nothing'
 complete -c panelkit-console -n '__fish_seen_subcommand_from find' -xa '(__fish_complete_directories)'
 complete -c panelkit-console -n '__fish_seen_subcommand_from clean' -l dry-run -d 'Move nothing'
-complete -c panelkit-console -n '__fish_seen_subcommand_from clean' -l careful -d 'Move nothing if a panel could not be read'
+complete -c panelkit-console -n '__fish_seen_subcommand_from clean' -l careful -d 'Leave what a panel names in whatever way'
 function __panelkit_console_spare
     set -l data $XDG_DATA_HOME ~/.local/share
     for folder in (path dirname (realpath (command -v panelkit-console))) $data[1]/panelkit
@@ -31,6 +32,9 @@ function __panelkit_console_spare
     end
 end
 complete -c panelkit-console -n '__fish_seen_subcommand_from restore' -xa '(__panelkit_console_spare)'
+complete -c panelkit-console -n '__fish_seen_subcommand_from restore' -l all -d 'From other simulators, too'
+complete -c panelkit-console -n '__fish_seen_subcommand_from restore' -l older -d 'What newer ones have replaced'
+complete -c panelkit-console -n '__fish_seen_subcommand_from restore' -l list -d 'Say what is there, and from where'
 complete -c panelkit-console -n '__fish_seen_subcommand_from brake' -a 'on off'
 
 set -l cab '__fish_seen_subcommand_from cab'

@@ -49,18 +49,24 @@ _arguments -C $common '1:command:_panelkit_console_commands' '*::argument:->argu
 case $words[1] in
   clean)
     _arguments $common '--dry-run[say what would move, and move nothing]' \
-      '--careful[move nothing if a panel could not be read]'
+      '--careful[leave what a panel names in whatever way]'
     ;;
   where) _arguments $common '--all[tell of every simulator that is registered]' ;;
-  probe) _arguments $common '--hints[say what this machine has that comes close]' ;;
+  probe)
+    _arguments $common '--hints[say what this machine has that comes close]' \
+      '--careful[tell what panels name in other ways]'
+    ;;
+  show) _arguments $common '--careful[tell what panels name in other ways]' ;;
   find)
-    _arguments $common '--install[copy the best to Gauges]' '--dry-run[copy nothing]' '*:folder:_files -/'
+    _arguments $common '--install[copy the best to Gauges]' '--dry-run[copy nothing]' \
+      '--careful[tell what panels name in other ways]' '*:folder:_files -/'
     ;;
   restore)
     local -a spare
     spare=(${commands[panelkit-console]:A:h}/SpareGauges/*(N:t)
       ${XDG_DATA_HOME:-$HOME/.local/share}/panelkit/SpareGauges/*(N:t))
-    _arguments $common "*:gauge:($spare)"
+    _arguments $common '--all[from other simulators, too]' '--older[what newer ones have replaced]' \
+      '--list[say what is there, and from where]' "*:gauge:($spare)"
     ;;
   brake) _arguments $common '1:state:(on off)' ;;
   cab) _panelkit_console_cab ;;

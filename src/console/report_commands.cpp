@@ -1,13 +1,38 @@
 // probe and show.
+#include "cabinet/mod_gauges.h"
 #include "console/console_commands.h"
 #include "console/console_program.h"
 #include "console/json_findings.h"
+#include "gauges/doubtful_entries.h"
 #include "pages/report_text.h"
 #include "pages/status_text.h"
 #include "platform/terminal.h"
 
 namespace panelkit {
 namespace {
+
+std::vector<DoubtfulEntry> Doubtful(const GaugeReport& report, const Text& text) {
+  return DoubtfulEntries(report.named, modGauges::InstalledGauges, text);
+}
+
+void TellDoubtful(const std::vector<DoubtfulEntry>& entries, Lines& lines) {
+  if (entries.empty()) return;
+  lines.Add("");
+  lines.Add("Present only because a longer name holds theirs:");
+  for (const DoubtfulEntry& entry : entries) {
+    lines.Add("    " + entry.entry + " in " + entry.held_by +
+              " (aircraft: " + std::to_string(entry.aircraft) + ")");
+  }
+}
+
+Json DoubtfulJson(const std::vector<DoubtfulEntry>& entries) {
+  Json array = Json::array();
+  for (const DoubtfulEntry& entry : entries) {
+    array.push_back(
+        {{"entry", entry.entry}, {"held_by", entry.held_by}, {"aircraft", entry.aircraft}});
+  }
+  return array;
+}
 
 std::string TextOf(const GaugeReport& report, const Text& text, const HintFinder* hints,
                    bool careful) {
@@ -24,6 +49,7 @@ std::string TextOf(const GaugeReport& report, const Text& text, const HintFinder
   } else {
     TellReport(report, text, add);
   }
+  if (hints != nullptr) TellDoubtful(Doubtful(report, text), lines);
   if (careful) TellOtherwiseNamed(report.otherwise_named, add);
   return lines.Take();
 }
@@ -55,6 +81,7 @@ Outcome ReportCommand(LocalMachine& machine, const CommandLine& line,
     program.PrintPageInto(outcome);
   } else if (line.format == Format::Json) {
     Json json = JsonOf(machine, *report, hints);
+    if (line.hints) json["doubtful"] = DoubtfulJson(Doubtful(*report, services.text));
     if (line.careful) json["otherwise_named"] = JsonOf(report->otherwise_named);
     json["unreadable_aircraft"] = program.Form().Unreadable();
     outcome.output = JsonText(line, json);

@@ -26,7 +26,9 @@ std::string SpareLine(const Hint& hint, const std::string& name) {
   if (hint.name_is_taken) {
     return "SpareGauges has " + name + ", but Gauges has another file of that name";
   }
-  return "lies in SpareGauges: panelkit-console restore " + AsArgument(name);
+  const std::string restore = "panelkit-console restore " + AsArgument(name);
+  if (hint.only_holds_name) return "a name that holds it lies in SpareGauges: " + restore;
+  return "lies in SpareGauges: " + restore;
 }
 
 std::string LackLine(const Hint& hint, const std::string& name) {

@@ -105,6 +105,7 @@ void HintFinder::AddSatisfying(const RequiredFile& required, std::vector<Hint>& 
       hint.right_name = offer.candidate->name;
     } else if (IsIn(folders_.spare, path)) {
       hint.kind = HintKind::InSpareGauges;
+      hint.only_holds_name = !offer.has_exact_name;
       hint.name_is_taken = machine_.files.Exists(folders_.gauges + "\\" + offer.candidate->name);
     } else if (IsIn(folders_.gauges, path)) {
       hint.kind = HintKind::Hidden;

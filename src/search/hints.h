@@ -40,6 +40,7 @@ struct Hint {
   bool ending_is_wrong = false;        ///< LacksEntry: `nearest` is the gauge, but not with ".xml".
   Likeness likeness = Likeness::None;  ///< NearName.
   bool name_is_taken = false;          ///< InSpareGauges: Gauges has another file of that name.
+  bool only_holds_name = false;        ///< InSpareGauges: its own name is a longer one.
 };
 
 /// Answers for one state of the disk, which it reads when it is made.

@@ -5,6 +5,8 @@
 
 #include <random>
 
+#include "cabinet/mod_gauges.h"
+#include "gauges/doubtful_entries.h"
 #include "support/cabinet_writer.h"
 #include "support/simulator.h"
 
@@ -63,6 +65,23 @@ TEST_CASE_FIXTURE(OddPanels, "gauges that panels name in other ways are found wi
         "bare gone: bare @ Aircraft\\Indent\\Panel\\panel.cfg:12\n"
         "last there: last @ Aircraft\\Last\\Panel\\panel.cfg:2\n" +
             found);
+}
+
+TEST_CASE_FIXTURE(OddPanels, "an entry is doubtful if only a longer name holds it") {
+  const std::string panel =
+      "[Window Titles]\nWindow00=W\n\ngauge00=ab,1\ngauge01=OWN!x,1\ngauge02=pack!dial,1\n"
+      "gauge03=gone,1\ngauge04=Pack!Lamp,1\n";
+  for (const char* aircraft : {"Alpha", "Beta"}) simulator.AddAircraft(aircraft, panel + panel);
+  for (const char* file : {"xabc.gau", "own.gau", "abcd.gau"}) simulator.AddGauge(file);
+  Put(simulator.Fs() / "Gauges" / "pack.cab", MakeCabinet({{"dials.xml"}, {"lamp.xml"}}));
+  form.EnumerateGauges();
+  const auto doubtful =
+      DoubtfulEntries(form.Report()->named, modGauges::InstalledGauges, simulator.Services().text);
+  std::string told;
+  for (const DoubtfulEntry& entry : doubtful) {
+    told += entry.entry + "|" + entry.held_by + "|" + std::to_string(entry.aircraft) + "\n";
+  }
+  CHECK(told == "ab|abcd|2\npack!dial|pack!dials|2\n");
 }
 
 TEST_CASE_FIXTURE(OddPanels, "Clean tells which of the moved files panels name in another way") {
