@@ -1,0 +1,86 @@
+#!/usr/bin/env bash
+# Panels that name gauges in ways which the reports do not read, one aircraft a way: what the commands
+# say of them, and what Clean leaves and brings back.
+# usage: careful_test.sh CONSOLE SOURCE_DIR
+set -u
+. "$2/tests/support/console.sh"
+
+# panel PATH LINE...: a panel.cfg below Aircraft.
+panel() {
+  mkdir -p "$fs/Aircraft/$1"
+  printf '%s\r\n' "${@:2}" >"$fs/Aircraft/$1/panel.cfg"
+}
+
+# says FILE <<TEXT: the file in $work holds this text.
+says() { diff -a - "$work/$1" || fail "$1 differs"; }
+
+rm -r "${fs:?}/Aircraft"/* "${gauges:?}"/*
+panel 'Blank line/Panel' '[Window Titles]' '' 'Window00=Main' '[Window00]' 'gauge00=Blank_Fuel,0,0'
+panel 'Indented/Panel' '[Window Titles]' 'Window00=Main' '' '[Window00]' '  gauge00 = Indent_Clock , 0, 0'
+panel 'Titles last/Panel' '[Window00]' 'gauge00=Last_Speed!needle,0,0' '[Window Titles]' 'Window00=Main'
+panel 'Untitled/Panel' '[Window00]' 'gauge00=Untitled_Compass,0,0'
+panel 'Variant/Panel' '[Window Titles]' 'Window00=Main' '' '[Window00]' 'gauge00=Plain,0,0' 'gauge01=Long,0,0'
+panel 'Variant/Panel.vfr' '[Window00]' '// gauge00=Comment,0,0' 'gauge01=Variant_Map,0,0'
+printf '[fltsim.0]\r\npanel=vfr\r\n' >"$fs/Aircraft/Variant/aircraft.cfg"
+for gauge in Plain Longer Blank_Fuel indent_clock LAST_SPEED Comment Idle; do echo $gauge >"$gauges/$gauge.gau"; done
+
+expect 0 probe
+complains 'Files that panels name in another way, which --careful lists: 5.'
+cp "$work/out" "$work/plain"
+folder=()
+for command in probe show find; do
+  [ $command != find ] || folder=("$work")
+  expect 0 $command "${folder[@]}" --careful
+  [ ! -s "$work/err" ] || fail "$command: $(cat "$work/err")"
+  sed -n '/ANOTHER WAY/,$p' "$work/out" >"$work/section"
+  says section <<'TEXT'
+FILES THAT PANELS NAME IN ANOTHER WAY: 5
+    Blank_Fuel
+        Blank_Fuel for Blank line: Aircraft\Blank line\Panel\panel.cfg, line 5
+    Indent_Clock
+        Indent_Clock for Indented: Aircraft\Indented\Panel\panel.cfg, line 5
+    Last_Speed
+        Last_Speed!needle for Titles last: Aircraft\Titles last\Panel\panel.cfg, line 2
+    Untitled_Compass *** MISSING ***
+        Untitled_Compass for Untitled: Aircraft\Untitled\Panel\panel.cfg, line 2
+    Variant_Map *** MISSING ***
+        Variant_Map for Variant: Aircraft\Variant\Panel.vfr\panel.cfg, line 3
+TEXT
+done
+expect 0 probe --hints
+{
+  cat "$work/plain"
+  printf '\nPresent only because a longer name holds theirs:\n    Long in Longer (aircraft: 1)\n'
+} | says out
+
+# Clean takes Longer too: by its rule a key must occur in the name, not the name in the key.
+expect 0 clean --dry-run
+says err <<'TEXT'
+panelkit-console: Blank_Fuel.gau is named for Blank line in Aircraft\Blank line\Panel\panel.cfg, line 5: clean --careful leaves it in Gauges.
+panelkit-console: indent_clock.gau is named for Indented in Aircraft\Indented\Panel\panel.cfg, line 5: clean --careful leaves it in Gauges.
+panelkit-console: LAST_SPEED.gau is named for Titles last in Aircraft\Titles last\Panel\panel.cfg, line 2: clean --careful leaves it in Gauges.
+TEXT
+expect 0 clean --dry-run --careful
+[ ! -s "$work/err" ] || fail "the careful dry run: $(cat "$work/err")"
+expect 0 clean
+says err <<'TEXT'
+panelkit-console: Done - 3 of the moved files are named by panels in another way
+panelkit-console: Blank_Fuel.gau is named for Blank line in Aircraft\Blank line\Panel\panel.cfg, line 5: panelkit-console restore Blank_Fuel.gau brings it back.
+panelkit-console: indent_clock.gau is named for Indented in Aircraft\Indented\Panel\panel.cfg, line 5: panelkit-console restore indent_clock.gau brings it back.
+panelkit-console: LAST_SPEED.gau is named for Titles last in Aircraft\Titles last\Panel\panel.cfg, line 2: panelkit-console restore LAST_SPEED.gau brings it back.
+TEXT
+holds "$gauges" Plain.gau
+expect 0 restore --list
+[ "$(grep -c ' from C:.*\\Gauges, 20..-.* UTC$' "$work/out")" = 6 ] || fail "the list: $(cat "$work/out")"
+expect 0 restore
+expect 0 clean --careful
+[ ! -s "$work/err" ] || fail "the careful run: $(cat "$work/err")"
+holds "$gauges" Blank_Fuel.gau LAST_SPEED.gau Plain.gau indent_clock.gau
+
+# A newer file of the name: the older one is kept, and can be had back.
+echo 'another idle one' >"$gauges/Idle.gau"
+expect 0 clean --careful
+holds "$spare" Comment.gau Idle.gau Longer.gau Older
+expect 0 restore --older Idle
+[ "$(cat "$gauges/Idle.gau" "$spare/Idle.gau")" = $'Idle\nanother idle one' ] || fail 'not the older one'
+finish
