@@ -1,6 +1,7 @@
 #include "platform/libarchive/oem_names.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <optional>
 
 namespace panelkit {
@@ -42,8 +43,8 @@ bool IsUtf8(std::string_view bytes) {
   return true;
 }
 
-/// The bytes of a text in code page 437; nullopt if it has none.
-std::optional<std::string> BytesOf(std::string_view text) {
+/// The bytes of a text in a code page; nullopt if it has none.
+std::optional<std::string> BytesOf(std::string_view text, std::u16string_view page) {
   std::string bytes;
   for (std::size_t i = 0; i < text.size();) {
     const std::size_t length = LengthFor(text[i]);
@@ -55,7 +56,7 @@ std::optional<std::string> BytesOf(std::string_view text) {
       for (std::size_t k = 1; k < length; ++k) {
         unit = unit << 6U | (static_cast<unsigned char>(text[i + k]) & 0x3FU);
       }
-      const std::size_t place = kPage437.find(static_cast<char16_t>(unit));
+      const std::size_t place = page.find(static_cast<char16_t>(unit));
       if (place == std::u16string_view::npos) return std::nullopt;
       bytes += static_cast<char>(0x80 + place);
     }
@@ -64,22 +65,27 @@ std::optional<std::string> BytesOf(std::string_view text) {
   return bytes;
 }
 
+void AppendUtf8(std::string& text, std::uint32_t c) {
+  const auto add = [&text](std::uint32_t byte) { text += static_cast<char>(byte); };
+  if (c < 0x80) return add(c);
+  if (c < 0x800) {
+    add(0xC0U | c >> 6U);
+  } else if (c < 0x10000) {
+    add(0xE0U | c >> 12U);
+    add(0x80U | (c >> 6U & 0x3FU));
+  } else {
+    add(0xF0U | c >> 18U);
+    add(0x80U | (c >> 12U & 0x3FU));
+    add(0x80U | (c >> 6U & 0x3FU));
+  }
+  add(0x80U | (c & 0x3FU));
+}
+
 std::string Decoded(std::string_view bytes, std::u16string_view page) {
   std::string text;
   for (const char c : bytes) {
     const auto byte = static_cast<unsigned char>(c);
-    if (byte < 0x80) {
-      text += c;
-      continue;
-    }
-    const unsigned unit = page[byte - 0x80U];
-    if (unit < 0x800) {
-      text += static_cast<char>(0xC0U | unit >> 6U);
-    } else {
-      text += static_cast<char>(0xE0U | unit >> 12U);
-      text += static_cast<char>(0x80U | (unit >> 6U & 0x3FU));
-    }
-    text += static_cast<char>(0x80U | (unit & 0x3FU));
+    AppendUtf8(text, byte < 0x80 ? byte : page[byte - 0x80U]);
   }
   return text;
 }
@@ -87,7 +93,7 @@ std::string Decoded(std::string_view bytes, std::u16string_view page) {
 }  // namespace
 
 std::vector<std::string> PossibleNames(std::string_view as_437, const Text& text) {
-  const auto bytes = BytesOf(as_437);
+  const auto bytes = BytesOf(as_437, kPage437);
   if (!bytes) return {std::string(as_437)};
   if (IsUtf8(*bytes)) return {*bytes};
   std::vector<std::string> names{std::string(as_437)};
@@ -95,6 +101,33 @@ std::vector<std::string> PossibleNames(std::string_view as_437, const Text& text
     if (std::find(names.begin(), names.end(), name) == names.end()) names.push_back(name);
   }
   return names;
+}
+
+std::string Utf8Of(std::wstring_view wide) {
+  const auto is_between = [](std::uint32_t c, std::uint32_t low, std::uint32_t high) {
+    return c >= low && c <= high;
+  };
+  std::string text;
+  for (std::size_t i = 0; i < wide.size(); ++i) {
+    auto c = static_cast<std::uint32_t>(wide[i]);
+    const std::uint32_t next = i + 1 < wide.size() ? wide[i + 1] : 0;
+    if (is_between(c, 0xD800, 0xDBFF) && is_between(next, 0xDC00, 0xDFFF)) {
+      c = 0x10000 + ((c - 0xD800) << 10U) + (next - 0xDC00);
+      ++i;
+    }
+    AppendUtf8(text, is_between(c, 0xD800, 0xDFFF) || c > 0x10FFFF ? U'\uFFFD' : c);
+  }
+  return text;
+}
+
+std::string NameOfBytes(std::string name) {
+  static const std::u16string same_numbers = [] {
+    std::u16string page;
+    for (char16_t c = 0x80; c < 0x100; ++c) page += c;
+    return page;
+  }();
+  const auto bytes = BytesOf(name, same_numbers);
+  return bytes && IsUtf8(*bytes) ? *bytes : name;
 }
 
 }  // namespace panelkit
