@@ -53,7 +53,8 @@ done < <(
 )
 
 offered json panelkit-console probe --format =
-export XDG_DATA_HOME=$(mktemp -d)
+XDG_DATA_HOME=$(mktemp -d)
+export XDG_DATA_HOME
 mkdir -p "$XDG_DATA_HOME/panelkit/SpareGauges"
 touch "$XDG_DATA_HOME/panelkit/SpareGauges/Old gauge.gau"
 offered 'Old gauge.gau' panelkit-console restore
