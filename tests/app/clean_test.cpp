@@ -87,7 +87,7 @@ TEST_CASE_FIXTURE(
 }
 
 TEST_CASE_FIXTURE(Program, "one gauge to remove, and then none, are told in the same words") {
-  const auto heading = [this](const std::string& number) {
+  const auto heading = [](const std::string& number) {
     return "<b>" + number + " FILES, CONTAINING " + number + " GAUGES WERE REMOVED FROM FOLDER: ";
   };
   for (const char* number : {"0", "1", "0"}) {
