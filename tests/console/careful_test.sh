@@ -18,7 +18,7 @@ rm -r "${fs:?}/Aircraft"/* "${gauges:?}"/*
 panel 'Blank line/Panel' '[Window Titles]' '' 'Window00=Main' '[Window00]' 'gauge00=Blank_Fuel,0,0'
 panel 'Indented/Panel' '[Window Titles]' 'Window00=Main' '' '[Window00]' '  gauge00 = Indent_Clock , 0, 0'
 panel 'Titles last/Panel' '[Window00]' 'gauge00=Last_Speed!needle,0,0' '[Window Titles]' 'Window00=Main'
-panel 'Untitled/Panel' '[Window00]' 'gauge00=Untitled_Compass,0,0'
+panel 'Untitled/Panel' '[Window00]' 'gauge00=Untitled_Horizon,0,0'
 panel 'Variant/Panel' '[Window Titles]' 'Window00=Main' '' '[Window00]' 'gauge00=Plain,0,0' 'gauge01=Long,0,0'
 panel 'Variant/Panel.vfr' '[Window00]' '// gauge00=Comment,0,0' 'gauge01=Variant_Map,0,0'
 printf '[fltsim.0]\r\npanel=vfr\r\n' >"$fs/Aircraft/Variant/aircraft.cfg"
@@ -41,8 +41,8 @@ FILES THAT PANELS NAME IN ANOTHER WAY: 5
         Indent_Clock for Indented: Aircraft\Indented\Panel\panel.cfg, line 5
     Last_Speed
         Last_Speed!needle for Titles last: Aircraft\Titles last\Panel\panel.cfg, line 2
-    Untitled_Compass *** MISSING ***
-        Untitled_Compass for Untitled: Aircraft\Untitled\Panel\panel.cfg, line 2
+    Untitled_Horizon *** MISSING ***
+        Untitled_Horizon for Untitled: Aircraft\Untitled\Panel\panel.cfg, line 2
     Variant_Map *** MISSING ***
         Variant_Map for Variant: Aircraft\Variant\Panel.vfr\panel.cfg, line 3
 TEXT

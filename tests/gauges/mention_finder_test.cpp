@@ -44,19 +44,19 @@ TEST_CASE_FIXTURE(OddPanels, "gauges that panels name in other ways are found wi
   simulator.AddAircraft("Variant", "[Window Titles]\nWindow00=W\n\n[Window00]\ngauge00=seen,1\n");
   AddPanel("Variant/Panel.vfr",
            "[Window Titles]\nWindow00=W\n\n[Window00]\ngauge00=SEEN,1\n"
-           "gauge01=vfr,1\nalias=Shared\\panel\n");
-  AddPanel("Variant/panel.ifr", "alias = Shared\\panel\n");
+           "gauge01=vfr,1\nalias=Mutual\\panel\n");
+  AddPanel("Variant/panel.ifr", "alias = Mutual\\panel\n");
   AddPanel("Variant/Panels", "gauge00=other,1\n");
-  AddPanel("Shared/panel", "alias=shared\\Panel\ngauge00=shared,1\ngauge01=vfr,1\n");
+  AddPanel("Mutual/panel", "alias=mutual\\Panel\ngauge00=mutual,1\ngauge01=vfr,1\n");
   simulator.AddGauge("Indent.gau");
   simulator.AddGauge("xlast.gau");
-  const std::string shared = R"(Aircraft\Shared\panel\panel.cfg)";
-  const std::string found = "shared gone: shared @ Aircraft\\Shared\\Panel\\panel.cfg:2 shared @ " +
-                            shared +
+  const std::string mutual = R"(Aircraft\Mutual\panel\panel.cfg)";
+  const std::string found = "mutual gone: mutual @ Aircraft\\Mutual\\Panel\\panel.cfg:2 mutual @ " +
+                            mutual +
                             ":2\n"
-                            "vfr gone: vfr @ Aircraft\\Shared\\Panel\\panel.cfg:3 vfr @ "
+                            "vfr gone: vfr @ Aircraft\\Mutual\\Panel\\panel.cfg:3 vfr @ "
                             "Aircraft\\Variant\\Panel.vfr\\panel.cfg:6 vfr @ " +
-                            shared +
+                            mutual +
                             ":3\nuntitled gone: untitled!x @ "
                             "Aircraft\\Untitled\\Panel\\panel.cfg:2\n";
   CHECK(Found() ==
@@ -112,12 +112,12 @@ TEST_CASE_FIXTURE(OddPanels, "a careful Clean moves nothing that either reading 
       std::filesystem::remove_all(simulator.Fs() / folder);
     }
     std::vector<std::string> used;
-    for (const char* panel : {"a/Panel", "a/Panel.x", "b/Panel", "b/shared"}) {
+    for (const char* panel : {"a/Panel", "a/Panel.x", "b/Panel", "b/mutual"}) {
       std::string text;
       for (auto lines = random() % 12; lines > 0; --lines) {
         const std::string name = "g" + std::to_string(random() % 12);
         text += pick("[Window Titles]\n", "Window00=W\n", "\n", "[Window00]\n", "[Window01]\n",
-                     "alias=b\\shared\n", "gauge0=" + name + ",1\n", " gauge1 = " + name + "!x,1\n",
+                     "alias=b\\mutual\n", "gauge0=" + name + ",1\n", " gauge1 = " + name + "!x,1\n",
                      "Gauge2=" + name + " , 1\n");
       }
       AddPanel(panel, text);
@@ -132,12 +132,12 @@ TEST_CASE_FIXTURE(OddPanels, "a careful Clean moves nothing that either reading 
     Click("menRemove");
     // The panel of b that only an alias line leads to is read if one is there.
     for (const std::string& name : used) {
-      const bool only_shared =
-          Get(simulator.Fs() / "Aircraft/b/shared/panel.cfg").find(name) != std::string::npos;
+      const bool only_mutual =
+          Get(simulator.Fs() / "Aircraft/b/mutual/panel.cfg").find(name) != std::string::npos;
       CAPTURE(name);
       const bool stayed =
           std::filesystem::exists(simulator.Fs() / "Gauges" / ("G" + name.substr(1) + ".gau"));
-      CHECK((stayed || only_shared));
+      CHECK((stayed || only_mutual));
     }
   }
 }
