@@ -60,8 +60,7 @@ query 1 '.found[0].candidates[0] | .inside == ["corvane\\Corvane_TCAS.cab"] and 
 query 1 '(.installed | length) == 9 and (.missing | length) == 3 and
   ([.installed[], .not_installed[]] | all(.exact_name and (.satisfies | length) > 0)) and
   .not_installed[0].reason == "it cannot be read whole"' find "$downloads" --install
-! grep -qP '[^
- -~]' "$work/out" || fail 'JSON beyond ASCII'
+! grep -qP '[^\n -~]' "$work/out" || fail 'JSON beyond ASCII'
 query 0 '.messages_shown' brake
 query 0 '(.moved | length) > 0 and .dry_run' clean --dry-run
 query 0 '.moved == [] or (.moved | length) > 0' clean
