@@ -59,15 +59,19 @@ std::string Round(const Disk& disk, const std::string& place) {
     for (const std::string& name : names) told += name + ' ';
     told += "| ";
   };
-  tell(ArchiveGauges(disk.files, folders, {"A", "b"}, {}).moved);
-  tell(RestoreGauges(disk.files, {folders}, {kEveryGauge}, {}).restored);
+  const Text& text = disk.machine->Services().text;
+  const auto restore = [&](const std::vector<std::string>& names) {
+    return RestoreGauges(disk.files, text, {folders}, names, RestoreChoice::Own, {});
+  };
+  tell(ArchiveGauges(disk.files, text, folders, {"A", "b"}, {}).moved);
+  tell(restore({kEveryGauge}).restored);
   for (const char* name : {"new.gau", "CON.gau", "aux.gau"}) {
     const bool installed =
         Install(disk.machine->Services(), {name, folders.gauges + "\\A.gau", {}, 0, 0},
                 folders.gauges) == InstallFault::None;
     told += installed ? std::string(name) + ' ' : "- ";
   }
-  tell(RestoreGauges(disk.files, {folders}, {"NUL", "con.gau", "AUX.cab"}, {}).failed);
+  tell(restore({"NUL", "con.gau", "AUX.cab"}).failed);
   const auto gauges = disk.files.List(folders.gauges + "\\*", ListedEntries::PlainFiles);
   for (const ListedEntry& entry : *gauges) {
     told += entry.name + '=' + disk.files.Read(folders.gauges + "\\" + entry.name).bytes.value();

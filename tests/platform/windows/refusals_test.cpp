@@ -198,7 +198,7 @@ TEST_CASE_FIXTURE(Disk, "A delete counts only if the file is gone; else nothing 
                ? DeleteCall::System(path)
                : TRUE;
   });
-  const MoveOutcome outcome = ArchiveGauges(files, folders, {"a", "b", "c"}, {});
+  const MoveOutcome outcome = ArchiveGauges(files, *TextOf(1252), folders, {"a", "b", "c"}, {});
   CHECK(outcome.stayed == std::vector<std::string>{"a.gau", "c.gau"});
   CHECK(outcome.moved == std::vector<std::string>{"b.gau"});
   CHECK(Tree(folder.Path()) ==

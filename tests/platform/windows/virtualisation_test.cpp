@@ -97,8 +97,9 @@ TEST_CASE_FIXTURE(VirtualStore, "Clean moves what only this user has, and leaves
   }
   const fs::path shared = folder / "Program Files/Gauges/shared.gau";
   fs::permissions(shared, fs::perms::owner_read);
-  const MoveOutcome outcome = ArchiveGauges(files, {At("Program Files\\Gauges"), At("SpareGauges")},
-                                            {"shared", "both", "own"}, {});
+  const MoveOutcome outcome =
+      ArchiveGauges(files, *TextOf(1252), {At("Program Files\\Gauges"), At("SpareGauges")},
+                    {"shared", "both", "own"}, {});
   CHECK(outcome.stayed == Names{"shared.gau", "both.gau"});
   CHECK(outcome.moved == Names{"own.gau"});
   CHECK(Tree(folder.Path()) ==
@@ -113,7 +114,8 @@ TEST_CASE_FIXTURE(VirtualStore, "No gauge is restored or installed for this user
   Put(folder / "SpareGauges/a.gau", "gauge");
   fs::create_directories(folder / "Program Files/Gauges");
   const GaugeFolders folders{At("Program Files\\Gauges"), At("SpareGauges")};
-  const RestoreOutcome outcome = RestoreGauges(files, {folders}, {"a"}, {});
+  const RestoreOutcome outcome =
+      RestoreGauges(files, *TextOf(1252), {folders}, {"a"}, RestoreChoice::Own, {});
   CHECK(outcome.failed == Names{"a.gau"});
   CHECK(outcome.restored.empty());
   CHECK_FALSE(CopyGauge(files, At("SpareGauges\\a.gau"), folders.gauges, "b.gau"));
