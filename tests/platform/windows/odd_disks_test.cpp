@@ -159,7 +159,7 @@ TEST_CASE_FIXTURE(Disk, "What killed runs left is removed; others' files of such
 
 TEST_CASE_FIXTURE(Disk, "Clean, restore and install work alike on every disk") {
   const std::string all =
-      "A.gau b.cab | A.gau b.cab | new.gau - - NUL con.gau AUX.cab | A.gau=\\A.gaub.cab=\\b.CAB"
+      "A.gau b.cab | A.gau b.CAB | new.gau - - NUL con.gau AUX.cab | A.gau=\\A.gaub.CAB=\\b.CAB"
       "new.gau=\\A.gau";
   SUBCASE("with long paths") {
     std::string path = files.AppFolder();

@@ -201,8 +201,12 @@ TEST_CASE_FIXTURE(Disk, "A delete counts only if the file is gone; else nothing 
   const MoveOutcome outcome = ArchiveGauges(files, *TextOf(1252), folders, {"a", "b", "c"}, {});
   CHECK(outcome.stayed == std::vector<std::string>{"a.gau", "c.gau"});
   CHECK(outcome.moved == std::vector<std::string>{"b.gau"});
+  const fs::path older = folder / "SpareGauges/Older";  // Of the older b and c, with the time.
+  CHECK(std::distance(fs::directory_iterator(older), {}) == 2);
+  fs::remove_all(older);
   CHECK(Tree(folder.Path()) ==
-        "Gauges/a.gau\nGauges/c.gau\nSpareGauges/a.gau\nSpareGauges/b.gau\nSpareGauges/c.gau\n");
+        "Gauges/a.gau\nGauges/c.gau\nSpareGauges.txt\n"
+        "SpareGauges/a.gau\nSpareGauges/b.gau\nSpareGauges/c.gau\n");
   CHECK(Get(folder / "SpareGauges/a.gau") == "older");
   CHECK(Get(folder / "SpareGauges/b.gau") == "gauge");
   CHECK(Get(folder / "SpareGauges/c.gau") == "the user's own");

@@ -103,7 +103,8 @@ TEST_CASE_FIXTURE(VirtualStore, "Clean moves what only this user has, and leaves
   CHECK(outcome.stayed == Names{"shared.gau", "both.gau"});
   CHECK(outcome.moved == Names{"own.gau"});
   CHECK(Tree(folder.Path()) ==
-        "Program Files/Gauges/both.gau\nProgram Files/Gauges/shared.gau\nSpareGauges/own.gau\n"
+        "Program Files/Gauges/both.gau\nProgram Files/Gauges/shared.gau\n"
+        "SpareGauges.txt\nSpareGauges/own.gau\n"
         "VirtualStore/Gauges/both.gau\n");
   CHECK(Get(folder / "SpareGauges/own.gau") == "this user's");
   CHECK((GetFileAttributesW(shared.c_str()) & FILE_ATTRIBUTE_READONLY) != 0);
