@@ -51,8 +51,10 @@ bool MoveFile(Files& files, const std::string& source, const std::string& folder
   const std::string target = folder + "\\" + name;
   const std::string older = target + std::string(kOlder);
   const bool replaces = files.Exists(target);
-  // An older one that could not be put away before must not give way to this one.
-  if (replaces && (files.Exists(older) || !files.Rename(target, older))) return false;
+  // A folder stays where it is; an older one that could not be put away must not give way to this.
+  if (replaces && (files.IsFolder(target) || files.Exists(older) || !files.Rename(target, older))) {
+    return false;
+  }
   const bool moved = CopyGauge(files, source, folder, name) && files.Delete(source);
   if (replaces || !moved) Settle(files, source, folder, name);
   return moved;

@@ -55,7 +55,7 @@ TEST_CASE_FIXTURE(
   // Of other bytes, the older one can be had too.
   CHECK(restore(folders, "xabcy", RestoreChoice::Older).restored == Names{"xabcy.gau"});
   CHECK(Get(gauges / "xabcy.gau") == "an older copy");
-  fs::remove(gauges / "xabcy.gau");
+  CHECK(files.Delete(folders.gauges + "\\xabcy.gau"));  // Read-only, as the older one was.
   CHECK(Tree(spare) == "ABC.gau\nspare.cab\ntwin.gau\nxabcy.gau\n");
   CHECK(Get(spare / "xabcy.gau") == "the newer one");
   // What came from here comes back as it was spelt, and to no other simulator unless it is named.
