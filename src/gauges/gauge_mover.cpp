@@ -220,13 +220,13 @@ RestoreOutcome RestoreGauges(Files& files, const Text& text,
         continue;
       }
       const std::size_t others = outcome.from_elsewhere.size();
-      for (const std::string& name :
+      for (const std::string& archived :
            WantedNames(files, text, ledger, pair, typed, choice, outcome)) {
         is_archived = true;
         outcome.stopped = outcome.stopped || (stop && stop());
-        const SpareRecord* record = ledger.Find(name);
-        const std::string& as_spelt = record == nullptr ? name : record->name;
-        if (!outcome.stopped) Restore(files, pair.spare, name, pair.gauges, as_spelt, outcome);
+        const SpareRecord* record = ledger.Find(archived);
+        const std::string& name = record == nullptr ? archived : record->name;
+        if (!outcome.stopped) Restore(files, pair.spare, archived, pair.gauges, name, outcome);
       }
       is_archived = is_archived || outcome.from_elsewhere.size() > others;
     }

@@ -25,28 +25,29 @@ constexpr std::array kKept{
     WEBKIT_CONTEXT_MENU_ACTION_SELECT_ALL,
 };
 
-struct Pane {
+struct MenuPane {
   WebKitWebView* view;
   PanePolicy& policy;
 };
 
-void ArrangeItem(WebKitContextMenu* menu, guint position, Pane* pane) {
+void ArrangeItem(WebKitContextMenu* menu, guint position, MenuPane* pane) {
   WebKitContextMenuItem* item = webkit_context_menu_get_item_at_position(menu, position);
   const auto action = webkit_context_menu_item_get_stock_action(item);
   if (std::find(kKept.begin(), kKept.end(), action) == kKept.end()) {
     webkit_context_menu_remove(menu, item);
   } else if (action == WEBKIT_CONTEXT_MENU_ACTION_RELOAD) {
-    g_signal_connect_swapped(
-        webkit_context_menu_item_get_gaction(item), "activate",
-        G_CALLBACK(+[](Pane* self) { self->policy.Expect(webkit_web_view_get_uri(self->view)); }),
-        pane);
+    g_signal_connect_swapped(webkit_context_menu_item_get_gaction(item), "activate",
+                             G_CALLBACK(+[](MenuPane* self) {
+                               self->policy.Expect(webkit_web_view_get_uri(self->view));
+                             }),
+                             pane);
   }
 }
 
 gboolean Arrange(WebKitWebView* view, WebKitContextMenu* menu, GdkEvent*, WebKitHitTestResult*,
                  gpointer pane) {
   for (guint i = webkit_context_menu_get_n_items(menu); i-- > 0;) {
-    ArrangeItem(menu, i, static_cast<Pane*>(pane));
+    ArrangeItem(menu, i, static_cast<MenuPane*>(pane));
   }
   const ObjectPtr<GSimpleAction> print(g_simple_action_new("print", nullptr));
   g_signal_connect_swapped(print.get(), "activate", G_CALLBACK(PrintPage), view);
@@ -74,8 +75,8 @@ void Answered(GtkDialog* widget, gint response, gpointer data) {
 
 void AttachPaneMenu(WebKitWebView* view, PanePolicy& policy) {
   g_signal_connect_data(
-      view, "context-menu", G_CALLBACK(Arrange), new Pane{view, policy},
-      [](gpointer data, GClosure*) { delete static_cast<Pane*>(data); }, GConnectFlags{});
+      view, "context-menu", G_CALLBACK(Arrange), new MenuPane{view, policy},
+      [](gpointer data, GClosure*) { delete static_cast<MenuPane*>(data); }, GConnectFlags{});
 }
 
 void PrintPage(WebKitWebView* view) {

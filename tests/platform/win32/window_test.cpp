@@ -135,9 +135,10 @@ TEST_CASE_FIXTURE(Screen, "A cabinet that the service cannot be told by name is 
   const NoShortNames no_short_names;
   for (const char* cabinet : {"damaged.cab", "計器.cab", "計器2.cab"}) simulator.AddGauge(cabinet);
   Start();
-  for (const auto& [command, heading] : {std::pair{'p', "SUMMARY"}, {'c', "ARCHIVED"}}) {
+  for (const auto& [command, words] : {std::pair{'p', "SUMMARY"}, {'c', "ARCHIVED"}}) {
     PostMessageW(window, WM_SYSCOMMAND, SC_KEYMENU, command);
-    CHECK(Until([&] { return simulator.Page().find(heading) != std::string::npos; }));
+    CHECK(Until(
+        [&, heading = words] { return simulator.Page().find(heading) != std::string::npos; }));
     CHECK(LabelsOf(window)[1] ==
           "Give these cabinets plain names, or they cannot be read: 計器.cab, 計器2.cab.");
   }
