@@ -72,6 +72,7 @@ void AddInstalled(const FindResult& result, const std::string& gauges, bool dry_
 
 void AddStillRequired(const std::vector<RequiredFile>& required, Lines& lines) {
   std::vector<std::string> names;
+  names.reserve(required.size());
   for (const RequiredFile& file : required) names.push_back(file.name);
   lines.AddNames("There are now " + std::to_string(names.size()) + " Required Files" +
                      (names.empty() ? "." : ":"),

@@ -121,7 +121,7 @@ TEST_CASE_FIXTURE(OddPanels, "a careful Clean moves nothing that either reading 
                      "Gauge2=" + name + " , 1\n");
       }
       AddPanel(panel, text);
-      for (std::size_t at = 0; (at = text.find("=", at)) != std::string::npos; ++at) {
+      for (std::size_t at = 0; (at = text.find('=', at)) != std::string::npos; ++at) {
         const auto name = text.find('g', at);
         const bool is_name = name <= at + 2 && isdigit(text[name + 1]) != 0;
         if (is_name) used.push_back(text.substr(name, text.find_first_of(" ,!", name) - name));
