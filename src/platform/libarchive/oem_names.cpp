@@ -97,7 +97,7 @@ std::vector<std::string> PossibleNames(std::string_view as_437, const Text& text
   if (!bytes) return {std::string(as_437)};
   if (IsUtf8(*bytes)) return {*bytes};
   std::vector<std::string> names{std::string(as_437)};
-  for (std::string name : {Decoded(*bytes, kPage850), text.FromAnsi(*bytes)}) {
+  for (const std::string& name : {Decoded(*bytes, kPage850), text.FromAnsi(*bytes)}) {
     if (std::find(names.begin(), names.end(), name) == names.end()) names.push_back(name);
   }
   return names;
@@ -110,7 +110,7 @@ std::string Utf8Of(std::wstring_view wide) {
   std::string text;
   for (std::size_t i = 0; i < wide.size(); ++i) {
     auto c = static_cast<std::uint32_t>(wide[i]);
-    const std::uint32_t next = i + 1 < wide.size() ? wide[i + 1] : 0;
+    const auto next = static_cast<std::uint32_t>(i + 1 < wide.size() ? wide[i + 1] : L'\0');
     if (is_between(c, 0xD800, 0xDBFF) && is_between(next, 0xDC00, 0xDFFF)) {
       c = 0x10000 + ((c - 0xD800) << 10U) + (next - 0xDC00);
       ++i;
@@ -120,7 +120,7 @@ std::string Utf8Of(std::wstring_view wide) {
   return text;
 }
 
-std::string NameOfBytes(std::string name) {
+std::string NameOfBytes(const std::string& name) {
   static const std::u16string same_numbers = [] {
     std::u16string page;
     for (char16_t c = 0x80; c < 0x100; ++c) page += c;

@@ -20,6 +20,6 @@ std::string Utf8Of(std::wstring_view wide);
 
 /// A name whose bytes became characters of the same numbers, as in the "C" locale of Windows: what
 /// it is in UTF-8. Every other name stays as it is.
-std::string NameOfBytes(std::string name);
+std::string NameOfBytes(const std::string& name);
 
 }  // namespace panelkit
