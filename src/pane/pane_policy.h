@@ -46,7 +46,7 @@ class PanePolicy {
   /// The main frame shows a new page.
   void HasCome(Target page);
 
-  /// The load under way has failed or was stopped: what stands goes on standing.
+  /// The load under way has failed or was stopped: the page shown before it stays.
   void HasFailed();
 
   /// Whether the page that stands, or the one that comes, is to load nothing but what the program

@@ -72,7 +72,8 @@ struct CandidateSearch::Place {
     return place;
   }
 
-  /// What it may be, by each of its names and by the original name of each.
+  /// The place as a candidate: under each spelling of its name, and under the name that it had
+  /// before a careless renaming.
   std::vector<Candidate> Candidates(FileKind kind) const {
     std::vector<Candidate> candidates;
     const auto add = [&](std::string name, bool is_renamed) {

@@ -218,7 +218,7 @@ TEST_CASE_FIXTURE(Fixture, "an object lives on while the program still refers to
 }
 
 TEST_CASE_FIXTURE(Fixture, "an error inside a walk comes out with the callback's source") {
-  // Of the code page's bytes, the service has room for 259.
+  // The service has room for 259 bytes, counted in the code page.
   const std::size_t free = 259 - (simulator.AppFolder().size() + 1);
   CHECK(cab->Extract("DIAL.XML", "", std::string(free, 'x')));
   CHECK(Log() == "0 2 DIAL.XML: 1 APP\\" + std::string(free, 'x') + ": 0 2 0 ");
