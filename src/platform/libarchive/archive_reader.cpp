@@ -198,8 +198,8 @@ std::vector<std::string> EntryWalk::NamesOf(archive_entry* entry) const {
   const bool has_code_page = Format() != ARCHIVE_FORMAT_ZIP && Format() != ARCHIVE_FORMAT_LHA;
   // On Windows the library's names in UTF-8 lack what the "C" locale lacks.
   if (const wchar_t* wide = archive_entry_pathname_w(entry)) {
-    std::string name = Utf8Of(wide);
-    return has_code_page ? std::vector{NameOfBytes(std::move(name))} : PossibleNames(name, text_);
+    const std::string name = Utf8Of(wide);
+    return has_code_page ? std::vector{NameOfBytes(name)} : PossibleNames(name, text_);
   }
   const char* stored = archive_entry_pathname(entry);
   return {stored != nullptr ? text_.FromAnsi(stored) : std::string()};

@@ -65,7 +65,7 @@ std::optional<std::string> BytesOf(std::string_view text, std::u16string_view pa
   return bytes;
 }
 
-void AppendUtf8(std::string& text, std::uint32_t c) {
+void AppendUtf8(std::string& text, char32_t c) {
   const auto add = [&text](std::uint32_t byte) { text += static_cast<char>(byte); };
   if (c < 0x80) return add(c);
   if (c < 0x800) {
@@ -104,13 +104,14 @@ std::vector<std::string> PossibleNames(std::string_view as_437, const Text& text
 }
 
 std::string Utf8Of(std::wstring_view wide) {
-  const auto is_between = [](std::uint32_t c, std::uint32_t low, std::uint32_t high) {
+  const auto is_between = [](char32_t c, char32_t low, char32_t high) {
     return c >= low && c <= high;
   };
   std::string text;
+  const auto unit = [&](std::size_t i) { return i < wide.size() ? char32_t(wide[i]) : U'\0'; };
   for (std::size_t i = 0; i < wide.size(); ++i) {
-    auto c = static_cast<std::uint32_t>(wide[i]);
-    const auto next = static_cast<std::uint32_t>(i + 1 < wide.size() ? wide[i + 1] : L'\0');
+    char32_t c = unit(i);
+    const char32_t next = unit(i + 1);
     if (is_between(c, 0xD800, 0xDBFF) && is_between(next, 0xDC00, 0xDFFF)) {
       c = 0x10000 + ((c - 0xD800) << 10U) + (next - 0xDC00);
       ++i;
