@@ -40,6 +40,8 @@ FindBar::FindBar(WebKitWebView* view)
   }
   gtk_container_add(GTK_CONTAINER(bar_.get()), row);
   auto* bar = GTK_SEARCH_BAR(bar_.get());
+  // A bar that slides in would lose the letters that are typed right after Ctrl+F.
+  gtk_revealer_set_transition_duration(GTK_REVEALER(gtk_bin_get_child(GTK_BIN(bar))), 0);
   gtk_search_bar_connect_entry(bar, GTK_ENTRY(entry_));  // Escape closes the bar.
   g_signal_connect_swapped(bar, "notify::search-mode-enabled",
                            G_CALLBACK(+[](FindBar* self) { self->Closed(); }), this);

@@ -2,7 +2,6 @@
 
 #include <libsoup/soup.h>
 
-#include <optional>
 #include <utility>
 
 #include "platform/browser.h"
@@ -20,19 +19,32 @@ constexpr const char* kPolicy =
     "default-src 'none'; img-src panelkit:; style-src 'unsafe-inline'; base-uri 'none'; "
     "form-action 'none'; frame-ancestors 'none'";
 
-std::optional<std::string> ReadFile(const std::filesystem::path& file) {
+struct UnrefBytes {
+  void operator()(GBytes* bytes) const { g_bytes_unref(bytes); }
+};
+using BytesPtr = std::unique_ptr<GBytes, UnrefBytes>;
+
+/// Null where `file` cannot be read.
+BytesPtr ReadFile(const std::filesystem::path& file) {
   char* bytes = nullptr;
   gsize size = 0;
-  if (!g_file_get_contents(file.c_str(), &bytes, &size, nullptr)) return std::nullopt;
-  const TextPtr owner(bytes);
-  return std::string(bytes, size);
+  if (!g_file_get_contents(file.c_str(), &bytes, &size, nullptr)) return nullptr;
+  return BytesPtr(g_bytes_new_take(bytes, size));
 }
 
-void Reply(WebKitURISchemeRequest* request, const std::string& bytes, const std::string& type) {
-  const ObjectPtr<GInputStream> stream(g_memory_input_stream_new_from_data(
-      g_memdup2(bytes.data(), bytes.size()), static_cast<gssize>(bytes.size()), g_free));
+/// The picture `name` that lies beside a page file, else that of `pictures`.
+BytesPtr ReadPicture(const std::filesystem::path& page, const std::filesystem::path& pictures,
+                     std::string_view name) {
+  if (!page.empty()) {
+    if (BytesPtr bytes = ReadFile(page.parent_path() / name)) return bytes;
+  }
+  return ReadFile(pictures / name);
+}
+
+void Reply(WebKitURISchemeRequest* request, GBytes* bytes, const std::string& type) {
+  const ObjectPtr<GInputStream> stream(g_memory_input_stream_new_from_bytes(bytes));
   const ObjectPtr<WebKitURISchemeResponse> response(
-      webkit_uri_scheme_response_new(stream.get(), static_cast<gint64>(bytes.size())));
+      webkit_uri_scheme_response_new(stream.get(), static_cast<gint64>(g_bytes_get_size(bytes))));
   webkit_uri_scheme_response_set_content_type(response.get(), type.c_str());
   SoupMessageHeaders* headers = soup_message_headers_new(SOUP_MESSAGE_HEADERS_RESPONSE);
   soup_message_headers_append(headers, "Content-Security-Policy", kPolicy);
@@ -80,25 +92,19 @@ bool PageFiles::Has(std::string_view address) const {
   return pages_.contains(BareAddress(address));
 }
 
-std::optional<std::string> PageFiles::Picture(std::string_view name) const {
-  const auto shown = pages_.find(last_);
-  if (shown != pages_.end() && !shown->second.file.empty()) {
-    if (auto bytes = ReadFile(shown->second.file.parent_path() / name)) return bytes;
-  }
-  return ReadFile(pictures_ / name);
-}
-
 void PageFiles::Answer(WebKitURISchemeRequest* request) const {
   const std::string_view address = BareAddress(webkit_uri_scheme_request_get_uri(request));
-  const auto found = pages_.find(address);
-  if (found != pages_.end()) {
-    const auto& [file, bytes] = found->second;
-    const std::string type = "text/html; charset=" + charset_;
-    if (const auto page = file.empty() ? bytes : ReadFile(file)) return Reply(request, *page, type);
+  if (const auto found = pages_.find(address); found != pages_.end()) {
+    const auto& [file, page] = found->second;
+    const BytesPtr bytes(file.empty() ? g_bytes_new(page.data(), page.size())
+                                      : ReadFile(file).release());
+    if (bytes) return Reply(request, bytes.get(), "text/html; charset=" + charset_);
   }
+  const auto shown = pages_.find(last_);
   for (const std::string_view name : kPagePictures) {
-    if (address != std::string(kPages).append(name)) continue;
-    if (const auto picture = Picture(name)) return Reply(request, *picture, "image/gif");
+    if (shown == pages_.end() || address != std::string(kPages).append(name)) continue;
+    const BytesPtr picture = ReadPicture(shown->second.file, pictures_, name);
+    if (picture) return Reply(request, picture.get(), "image/gif");
   }
   const std::unique_ptr<GError, void (*)(GError*)> missing(
       g_error_new_literal(G_FILE_ERROR, G_FILE_ERROR_NOENT, "The file cannot be read."),

@@ -5,7 +5,6 @@
 
 #include <filesystem>
 #include <map>
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -42,7 +41,6 @@ class PageFiles {
   };
 
   std::string Keep(const std::string& name, Page page);
-  std::optional<std::string> Picture(std::string_view name) const;
   void Answer(WebKitURISchemeRequest* request) const;
 
   std::string charset_;

@@ -93,6 +93,9 @@ class Program(subprocess.Popen):
         return [item.get_name() for item in below(self.named("menu bar"))
                 if not item.get_state_set().contains(Atspi.StateType.SENSITIVE)]
 
+    def can_pick(self, item):
+        return self.named("menu item", item).get_state_set().contains(Atspi.StateType.SENSITIVE)
+
     def access_keys(self):
         """Caption and path of access keys of each menu item: {"Exit Program": "f:x"}."""
         return {item.get_name(): Atspi.Action.get_key_binding(item, 0).split(";")[1]
