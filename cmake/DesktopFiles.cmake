@@ -39,15 +39,12 @@ if(PANELKIT_WINDOW)
           DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
 endif()
 
-foreach(program IN LISTS programs)
-  compressed(${linux}/${program}.1 ${program}.1 ${CMAKE_INSTALL_MANDIR}/man1)
-endforeach()
-
 set(PANELKIT_ZSH_COMPLETIONS ${CMAKE_INSTALL_DATADIR}/zsh/site-functions CACHE STRING
     "Folder of zsh completions, which some distributions have elsewhere")
-install(FILES ${linux}/panelkit-console.bash RENAME panelkit-console
-        DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
-install(FILES ${linux}/panelkit-console.zsh RENAME _panelkit-console
-        DESTINATION ${PANELKIT_ZSH_COMPLETIONS})
-install(FILES ${linux}/panelkit-console.fish
-        DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
+foreach(program IN LISTS programs)
+  compressed(${linux}/${program}.1 ${program}.1 ${CMAKE_INSTALL_MANDIR}/man1)
+  install(FILES ${linux}/${program}.bash RENAME ${program}
+          DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
+  install(FILES ${linux}/${program}.zsh RENAME _${program} DESTINATION ${PANELKIT_ZSH_COMPLETIONS})
+  install(FILES ${linux}/${program}.fish DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
+endforeach()

@@ -1,54 +1,60 @@
 // The program with its window.
+#include <CLI/CLI.hpp>
 #include <exception>
+#include <iterator>
 #include <memory>
+#include <optional>
+#include <sstream>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "app/frm_gauges.h"
+#include "app/simulator_choice.h"
 #include "platform/local_machine.h"
 #include "platform/terminal.h"
 #include "platform/toolkit.h"
-#include "simulator/simulator_location.h"
 
 namespace panelkit {
 namespace {
 
 constexpr int kCannotRun = 2;
 
-constexpr std::string_view kHelp =
-    "Usage: panelkit\n"
-    "Opens the window of Panelkit, which finds the missing gauges of Flight Simulator 2002's\n"
-    "aircraft panels.\n"
-    "\n"
-    "  --help     Shows this text.\n"
-    "  --version  Shows the version.\n"
-    "\n"
-    "panelkit-console does the same work without a window.\n";
-
 int Refuse(const std::string& sentence) {
   terminal::WriteError("panelkit: " + sentence + "\n");
   return kCannotRun;
 }
 
-int RunWithWindow() {
-  const std::unique_ptr<LocalMachine> machine = OpenLocalMachine(
-      [](const Machine& candidate) { return HasSimulator(candidate.registry, candidate.text); });
-  const std::unique_ptr<Toolkit> toolkit = OpenToolkit(*machine);
-  if (toolkit == nullptr) return Refuse("cannot open a display (panelkit-console needs none)");
-  frmGauges program(*toolkit, machine->Services());
-  program.Show();
-  RunEventLoop(*toolkit);
+// Reads the command line. What to end with, where there is no window to open.
+std::optional<int> Read(const std::vector<std::string>& arguments, SimulatorChoice& choice) {
+  CLI::App app("Opens the window of Panelkit, which finds the missing gauges of FS2002 panels.",
+               "panelkit");
+  app.set_version_flag("--version", "panelkit " PANELKIT_VERSION);
+  AddSimulatorOptions(app, choice);
+  app.footer("panelkit-console does the same work without a window.");
+  const std::string empty = EmptyArgumentComplaint(arguments);
+  if (!empty.empty()) return Refuse(empty);
+  try {
+    app.parse(std::vector<std::string>(arguments.rbegin(), std::prev(arguments.rend())));
+  } catch (const CLI::ParseError& error) {
+    std::ostringstream answer;
+    if (app.exit(error, answer, answer) != 0) return Refuse(error.what());
+    return terminal::WriteOut(answer.str()) ? 0 : kCannotRun;
+  }
+  return std::nullopt;
 }
 
-int Answer(const std::vector<std::string>& arguments) {
-  std::string_view answer;
-  if (arguments[1] == "--help") answer = kHelp;
-  if (arguments[1] == "--version") answer = "panelkit " PANELKIT_VERSION "\n";
-  if (answer.empty() || arguments.size() > 2) {
-    return Refuse("takes no arguments but --help and --version (panelkit-console does)");
-  }
-  return terminal::WriteOut(answer) ? 0 : kCannotRun;
+int Run(const SimulatorChoice& choice) {
+  std::string complaint;
+  const std::unique_ptr<LocalMachine> machine = OpenChosenMachine(choice, complaint);
+  if (machine == nullptr) return Refuse(complaint);
+  const std::string simulator = machine->WindowsPath(choice.simulator);
+  if (!simulator.empty()) complaint = FolderComplaint(*machine, simulator);
+  if (!complaint.empty()) return Refuse(complaint);
+  const std::unique_ptr<Toolkit> toolkit = OpenToolkit(*machine);
+  if (toolkit == nullptr) return Refuse("Cannot open a display; panelkit-console needs none.");
+  frmGauges program(*toolkit, machine->Services(), simulator);
+  program.Show();
+  RunEventLoop(*toolkit);
 }
 
 }  // namespace
@@ -57,8 +63,10 @@ int Answer(const std::vector<std::string>& arguments) {
 int main(int argc, char** argv) {
   using namespace panelkit;
   try {
-    return argc > 1 ? Answer(terminal::Arguments(argc, argv)) : RunWithWindow();
+    SimulatorChoice choice;
+    const std::optional<int> end = Read(terminal::Arguments(argc, argv), choice);
+    return end ? *end : Run(choice);
   } catch (const std::exception& failure) {
-    return Refuse(std::string("the program cannot go on: ") + failure.what());
+    return Refuse(std::string("The program cannot go on: ") + failure.what());
   }
 }

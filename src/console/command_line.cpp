@@ -16,12 +16,7 @@ const std::map<std::string, Format> kFormats{
 
 // The options of the program itself, which each command takes, and shows in its help, too.
 void AddCommonOptions(CLI::App& app, CommandLine& line) {
-  app.add_option("--simulator", line.simulator, "The simulator's folder, instead of the registry's")
-      ->type_name("DIR")
-      ->group("Common options");
-  app.add_option("--prefix", line.prefix, "The Wine prefix to use, on Linux")
-      ->type_name("DIR")
-      ->group("Common options");
+  AddSimulatorOptions(app, line);
   app.add_option_function<std::string>(
          "--format", [&line](const std::string& format) { line.format = kFormats.at(format); },
          "How the result is printed: text, html (a report's page) or json")
@@ -163,21 +158,6 @@ std::string CommandComplaint(const CLI::App& app, const std::vector<std::string>
              (nearest.empty() ? "" : " Did you mean " + nearest + "?");
     }
     menu = *named;
-  }
-  return {};
-}
-
-// What is wrong with an argument that is empty, as a script's variable may be that is not set: it
-// would count as left out. Empty if there is none.
-std::string EmptyArgumentComplaint(const std::vector<std::string>& arguments) {
-  for (std::size_t i = 1; i < arguments.size(); ++i) {
-    const std::string& word = arguments[i];
-    if (word.starts_with("--") && word.ends_with('=')) {
-      return word.substr(0, word.size() - 1) + " has an empty value.";
-    }
-    if (!word.empty()) continue;
-    const std::string& before = arguments[i - 1];
-    return before.starts_with("--") ? before + " has an empty value." : "An argument is empty.";
   }
   return {};
 }

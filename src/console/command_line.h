@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "app/simulator_choice.h"
+
 namespace panelkit {
 
 struct Outcome;
@@ -27,11 +29,9 @@ enum class ConsoleCommand {
 enum class Format { Text, Html, Json };
 
 /// What the user asked for. Texts are UTF-8, as typed; empty if left out.
-struct CommandLine {
+struct CommandLine : SimulatorChoice {
   ConsoleCommand command = ConsoleCommand::Where;
   std::string command_name;  ///< "probe", "cab list", ...
-  std::string simulator;
-  std::string prefix;  ///< Native folder of a Wine prefix.
   Format format = Format::Text;
   bool all = false;                  ///< Where and Restore.
   bool dry_run = false;              ///< Clean and Find.

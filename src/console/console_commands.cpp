@@ -8,8 +8,8 @@ namespace {
 // Why the simulator's folder is of no use to the command; empty if it is of use. One that the
 // registry names and that is not there is of use to a report: it is empty then and says why, as in
 // the window.
-std::string FolderComplaint(LocalMachine& machine, const CommandLine& line,
-                            const std::string& simulator) {
+std::string Complaint(LocalMachine& machine, const CommandLine& line,
+                      const std::string& simulator) {
   if (simulator.empty()) {
     return "No simulator is registered (" + machine.Origin() +
            "). Its folder can be named with --simulator.";
@@ -17,11 +17,8 @@ std::string FolderComplaint(LocalMachine& machine, const CommandLine& line,
   const bool makes_report = line.command == ConsoleCommand::Probe ||
                             line.command == ConsoleCommand::Show ||
                             line.command == ConsoleCommand::Clean;
-  if (line.command == ConsoleCommand::Brake || (makes_report && line.simulator.empty()) ||
-      machine.Services().files.IsFolder(simulator)) {
-    return {};
-  }
-  return "The simulator's folder " + simulator + " is not there.";
+  if (line.command == ConsoleCommand::Brake || (makes_report && line.simulator.empty())) return {};
+  return FolderComplaint(machine, simulator);
 }
 
 }  // namespace
@@ -39,7 +36,7 @@ Outcome RunConsoleCommand(LocalMachine& machine, const CommandLine& line) {
       break;
   }
   const std::string simulator = SimulatorFor(machine, line);
-  const std::string complaint = FolderComplaint(machine, line, simulator);
+  const std::string complaint = Complaint(machine, line, simulator);
   if (!complaint.empty()) return Failure(complaint);
   switch (line.command) {
     case ConsoleCommand::Clean:

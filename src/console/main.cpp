@@ -1,32 +1,23 @@
 // The console companion.
 #include <exception>
-#include <memory>
 #include <string>
 #include <utility>
 
+#include "app/simulator_choice.h"
 #include "console/console_commands.h"
 #include "console/console_program.h"
 #include "pages/status_text.h"
 #include "platform/terminal.h"
-#include "simulator/simulator_location.h"
 
 namespace panelkit {
 namespace {
 
-std::unique_ptr<LocalMachine> MachineFor(const CommandLine& line) {
-  if (!line.prefix.empty()) {
-    auto machines = OpenLocalMachines(line.prefix);
-    return machines.empty() ? nullptr : std::move(machines.front());
-  }
-  return OpenLocalMachine(
-      [](const Machine& candidate) { return HasSimulator(candidate.registry, candidate.text); });
-}
-
 Outcome Run(const std::vector<std::string>& arguments, CommandLine& line) {
   try {
     if (auto answer = ParseCommandLine(arguments, line)) return std::move(*answer);
-    const auto machine = MachineFor(line);
-    if (!machine) return Failure("There is no Wine prefix at " + line.prefix + ".");
+    std::string complaint;
+    const auto machine = OpenChosenMachine(line, complaint);
+    if (!machine) return Failure(complaint);
     return RunConsoleCommand(*machine, line);
   } catch (const Interruption&) {
     Outcome outcome;

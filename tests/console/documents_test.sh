@@ -1,10 +1,10 @@
 #!/usr/bin/env bash
 # The manual page, the completions and README name each command and each option that --help names, and the
 # manual page no other; the completion for bash offers them.
-# usage: documents_test.sh CONSOLE SOURCE_DIR
+# usage: documents_test.sh CONSOLE SOURCE_DIR [WINDOW]
 set -euo pipefail
-console=$1
 documents=$2/packaging/Linux
+readme=$2/README.md
 failures=0
 
 fail() {
@@ -13,7 +13,7 @@ fail() {
 }
 
 # helped WORD...: the help of this command.
-helped() { "$console" "$@" --help; }
+helped() { "$program" "$@" --help; }
 commands() { helped "$@" | awk '/^Subcommands:/ { on = 1; next } /^[^ ]/ { on = 0 } on && /^  [a-z]/ { print $1 }'; }
 options() { helped "$@" | grep -oE '^ +-.*' | grep -oE '^ +(-[a-z], *)?--[a-z-]+' | grep -oE -- '--[a-z-]+'; }
 
@@ -30,27 +30,34 @@ named() {
 offered() {
   COMP_WORDS=("${@:2}" '')
   COMP_CWORD=$(($# - 1))
-  _panelkit_console
+  "_${COMP_WORDS[0]/-/_}"
   [[ " ${COMPREPLY[*]} " == *" $1 "* ]] || fail "bash offers no $1 behind '${*:2}'"
 }
 compopt() { :; }
-. "$documents/panelkit-console.bash"
 
-all=()
-while read -r -a command; do
-  mapfile -t words < <(commands "${command[@]}"; options "${command[@]}")
-  [ ${#words[@]} -gt 0 ] || fail "nothing in the help of '${command[*]}'"
-  for word in "${words[@]}"; do
-    for file in "$documents"/panelkit-console.{1,bash,zsh,fish}; do named "$word" "$file"; done
-    case $word in --help | --version) ;; *) named "$word" "$2/README.md" ;; esac
-    offered "$word" panelkit-console "${command[@]}"
-  done
-  all+=("${words[@]}")
-done < <(
-  echo
-  commands
-  commands cab | sed 's/^/cab /'
-)
+# documented PROGRAM: what the program's help names, and its manual page names no other.
+documented() {
+  program=$1
+  local name=${program##*/} all=() command words word file
+  . "$documents/$name.bash"
+  while read -r -a command; do
+    mapfile -t words < <(commands "${command[@]}"; options "${command[@]}")
+    [ ${#words[@]} -gt 0 ] || fail "nothing in the help of '$name ${command[*]}'"
+    for word in "${words[@]}"; do
+      for file in "$documents/$name".{1,bash,zsh,fish}; do named "$word" "$file"; done
+      case $word in --help | --version) ;; *) named "$word" "$readme" ;; esac
+      offered "$word" "$name" "${command[@]}"
+    done
+    all+=("${words[@]}")
+  done < <(
+    echo
+    commands
+    commands cab | sed 's/^/cab /'
+  )
+  plain "$documents/$name.1" | grep -oE -- '--[a-z-]+' | sort -u |
+    comm -23 - <(printf '%s\n' "${all[@]}" | sort -u) | { ! grep .; } || fail 'named in the manual page alone'
+}
+for each in "$1" "${@:3}"; do documented "$each"; done
 
 offered json panelkit-console probe --format =
 XDG_DATA_HOME=$(mktemp -d)
@@ -59,7 +66,4 @@ mkdir -p "$XDG_DATA_HOME/panelkit/SpareGauges"
 touch "$XDG_DATA_HOME/panelkit/SpareGauges/Old gauge.gau"
 offered 'Old gauge.gau' panelkit-console restore
 rm -r "$XDG_DATA_HOME"
-
-plain "$documents/panelkit-console.1" | grep -oE -- '--[a-z-]+' | sort -u |
-  comm -23 - <(printf '%s\n' "${all[@]}" | sort -u) | { ! grep .; } || fail 'named in the manual page alone'
 [ $failures = 0 ]

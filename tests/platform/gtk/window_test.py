@@ -42,9 +42,9 @@ class WindowTest(unittest.TestCase):
         shutil.copytree(PICTURES, self.root / "app")
         shutil.copy(PROGRAM, self.root / "app")
 
-    def start(self, **environment):
-        program = Program([self.root / "app" / PROGRAM.name], env={
-            **os.environ, **environment, "WINEPREFIX": str(self.root / "prefix")})
+    def start(self, *arguments, **environment):
+        program = Program([self.root / "app" / PROGRAM.name, *arguments], env={
+            **os.environ, "WINEPREFIX": str(self.root / "prefix"), **environment})
         self.addCleanup(program.wait)
         self.addCleanup(program.kill)
         program.wait_for_window(MAIN)
@@ -283,8 +283,15 @@ class WindowTest(unittest.TestCase):
     def test_what_the_command_line_gives(self):
         self.assertIn("--version", run(PROGRAM, "--help"))
         self.assertRegex(run(PROGRAM, "--version"), r"\Apanelkit \d+\.\d+\n\Z")
-        for call in f"'{PROGRAM}' --other", f"DISPLAY= '{PROGRAM}'":
-            self.assertRegex(run("sh", "-c", call + " 2>&1; echo $?"), r"\A.+\n2\n\Z")
+        for call in ("--other", "plain", "--simulator=", "--simulator /none", "--prefix /none"):
+            self.assertRegex(run("sh", "-c", f"'{PROGRAM}' {call} 2>&1; echo $?"),
+                             r"\Apanelkit: .+\n2\n\Z")
+        self.assertRegex(run("sh", "-c", f"DISPLAY= '{PROGRAM}' 2>&1; echo $?"), r"\A.+\n2\n\Z")
+        other = self.aircraft.parent.rename(self.root / "prefix" / "drive_c" / "other")
+        program = self.start("--prefix", self.root / "prefix", "--simulator", other,
+                             WINEPREFIX="/none")
+        program.press("alt+p")
+        wait(lambda: program.named("label", "Flight Simulator: C:\\other"), "the named folder")
 
 
 if __name__ == "__main__":

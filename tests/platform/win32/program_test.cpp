@@ -53,7 +53,7 @@ class RegisteredSimulator : public Simulator {
 /// Panelkit.exe, copied to the simulator's program folder and started there.
 class RunningProgram {
  public:
-  explicit RunningProgram(const Simulator& simulator) {
+  explicit RunningProgram(const Simulator& simulator, const std::wstring& arguments = {}) {
     const char* program = std::getenv("PANELKIT_EXE");
     REQUIRE_MESSAGE(program != nullptr, "PANELKIT_EXE names no program");
     const std::filesystem::path copy = simulator.App() / "Panelkit.exe";
@@ -62,7 +62,8 @@ class RunningProgram {
     startup.cb = sizeof startup;
     startup.dwFlags = STARTF_USESHOWWINDOW;
     startup.wShowWindow = SW_SHOWMAXIMIZED;  // As a shortcut may ask for.
-    REQUIRE(CreateProcessW(copy.c_str(), nullptr, nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+    std::wstring line = L"Panelkit.exe" + arguments;
+    REQUIRE(CreateProcessW(copy.c_str(), line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
                            &startup, &process_));
     REQUIRE(WaitFor([] { return IsWindowVisible(TopWindow(kMainTitle)) != 0; }));
     window_ = TopWindow(kMainTitle);
@@ -109,11 +110,21 @@ void AddFleet(Simulator& simulator) {
 
 }  // namespace
 
-TEST_CASE("Panelkit.exe finds the simulator in the registry and probes it") {
-  RegisteredSimulator simulator;
+TEST_CASE("Panelkit.exe probes the simulator of the registry or of its command line") {
+  std::optional<RegisteredSimulator> registered;
+  std::optional<Simulator> named;
+  std::wstring arguments;
+  SUBCASE("registered") {
+    registered.emplace();
+  }
+  SUBCASE("named") {
+    named.emplace();
+    arguments = L" --simulator \"" + windows::Wide(named->FSPath()) + L"\"";
+  }
+  Simulator& simulator = registered ? *registered : *named;
   simulator.AddAircraft("Alpha",
                         "[Window Titles]\nWindow00=Main\n\n[Window00]\ngauge00=horn,1,2\n");
-  const RunningProgram program(simulator);
+  const RunningProgram program(simulator, arguments);
   program.Pick(kProbe);
   CHECK(WaitFor([&] { return LabelsOf(program.Window())[1] == "Done"; }));
   CHECK(LabelsOf(program.Window())[0] == "Flight Simulator: " + simulator.FSPath());
