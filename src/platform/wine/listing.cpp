@@ -3,8 +3,6 @@
 #include <dirent.h>
 
 #include <algorithm>
-#include <future>
-#include <thread>
 #include <tuple>
 #include <utility>
 
@@ -47,23 +45,16 @@ std::optional<std::vector<ListedEntry>> Listing::List(const std::string& folder,
   if (!Refresh(folder)) return std::nullopt;
   const std::string wanted = Lowered(pattern);
   const bool with_folders = entries == ListedEntries::FilesAndFolders;
-  std::vector<std::pair<Entry*, unsigned char>> matching;
-  std::vector<Entry*> unknown;
-  for (Entry& entry : entries_) {
-    if (!MatchesWildcard(wanted, Lowered(entry.entry.name))) continue;
-    const unsigned char kind = TypeOf(entry.entry, folder);
-    if (kind != DT_REG && (kind != DT_DIR || !with_folders)) continue;
-    matching.emplace_back(&entry, kind);
-    if (entry.hidden == Hidden::Unknown) unknown.push_back(&entry);
-  }
-  if (!unknown.empty()) LookForHidden(unknown);
   std::vector<ListedEntry> listed;
-  listed.reserve(matching.size() + 2);
   for (const char* name : {".", ".."}) {
     if (with_folders && MatchesWildcard(wanted, name)) listed.push_back({name, true});
   }
-  for (const auto& [entry, kind] : matching) {
-    if (entry->hidden == Hidden::No) listed.push_back({entry->entry.name, kind == DT_DIR});
+  for (auto& [entry, is_hidden] : entries_) {
+    if (!MatchesWildcard(wanted, Lowered(entry.name))) continue;
+    const unsigned char kind = TypeOf(entry, folder);
+    if (kind != DT_REG && (kind != DT_DIR || !with_folders)) continue;
+    if (!is_hidden) is_hidden = IsHiddenOrSystem(folder + '/' + entry.name);
+    if (!*is_hidden) listed.push_back({entry.name, kind == DT_DIR});
   }
   return listed;
 }
@@ -74,7 +65,7 @@ bool Listing::Refresh(const std::string& folder) {
   const auto now = std::chrono::steady_clock::now();
   if (status && folder == folder_ && state_ && state_->StillHolds(*status)) {
     if (now - read_at_ < kAttributesHold) return true;
-    for (Entry& entry : entries_) entry.hidden = Hidden::Unknown;
+    for (Entry& entry : entries_) entry.is_hidden.reset();
     read_at_ = now;
     return true;
   }
@@ -92,27 +83,6 @@ bool Listing::Refresh(const std::string& folder) {
   state_ = state;
   read_at_ = now;
   return true;
-}
-
-/// Threads share the work: it is most of a listing's time, the more so on a slow disk.
-void Listing::LookForHidden(const std::vector<Entry*>& entries) const {
-  constexpr std::size_t kLeastShare = 256;  // Worth a thread.
-  const auto look_at = [this, &entries](std::size_t begin, std::size_t end) {
-    for (std::size_t i = begin; i < end; ++i) {
-      const bool hidden = IsHiddenOrSystem(folder_ + '/' + entries[i]->entry.name);
-      entries[i]->hidden = hidden ? Hidden::Yes : Hidden::No;
-    }
-  };
-  const std::size_t share =
-      std::max(kLeastShare, entries.size() / std::max(1U, std::thread::hardware_concurrency()) + 1);
-  std::vector<std::future<void>> others;
-  for (std::size_t begin = share; begin < entries.size(); begin += share) {
-    // Where no thread can be started, get() does the work.
-    others.push_back(std::async(std::launch::async | std::launch::deferred, look_at, begin,
-                                std::min(begin + share, entries.size())));
-  }
-  look_at(0, std::min(share, entries.size()));
-  for (auto& other : others) other.get();
 }
 
 }  // namespace panelkit

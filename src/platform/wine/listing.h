@@ -14,7 +14,7 @@ namespace panelkit {
 
 /// Makes the listings of Files::List. The last folder is remembered: as long as its time stamp
 /// shows no change, a second listing of it reads no entries, and for a second after the first asks
-/// for no attributes again. For one thread.
+/// for no attributes again.
 class Listing {
  public:
   /// The entries of the native folder that match the pattern ("*.gau"); nullopt if the folder
@@ -23,14 +23,12 @@ class Listing {
                                                ListedEntries entries);
 
  private:
-  enum class Hidden { Unknown, No, Yes };
   struct Entry {
     DirectoryEntry entry;
-    Hidden hidden = Hidden::Unknown;
+    std::optional<bool> is_hidden = {};  // nullopt if not looked at.
   };
 
   bool Refresh(const std::string& folder);
-  void LookForHidden(const std::vector<Entry*>& entries) const;
 
   std::string folder_;
   std::optional<DirectoryState> state_;  // nullopt if no folder is remembered.
