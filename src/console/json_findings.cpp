@@ -1,8 +1,8 @@
 #include "console/json_findings.h"
 
-#include <array>
 #include <chrono>
-#include <cstdio>
+
+#include "text/time_text.h"
 
 namespace panelkit {
 namespace {
@@ -55,6 +55,7 @@ Json JsonOf(const LocalMachine& machine, const RequiredFile& file, const HintFin
   required["hints"] = Json::array();
   for (const Hint& hint : hints->HintsFor(file)) {
     Json fact{{"kind", NameOf(hint.kind)}};
+    if (hint.kind == HintKind::InSpareGauges) fact["exact_name"] = !hint.only_holds_name;
     fact.update(JsonOfPath(machine, hint.path));
     if (!hint.wanted.empty()) fact["wanted"] = hint.wanted;
     if (!hint.nearest.empty()) fact["nearest"] = hint.nearest;
@@ -65,18 +66,10 @@ Json JsonOf(const LocalMachine& machine, const RequiredFile& file, const HintFin
 }
 
 // ISO 8601 in UTC.
-std::string TimeText(std::int64_t seconds_since_1970) {
-  using namespace std::chrono;
-  const sys_seconds time{seconds(seconds_since_1970)};
-  const auto day = floor<days>(time);
-  const year_month_day date(day);
-  const hh_mm_ss clock(time - day);
-  std::array<char, 80> text{};
-  static_cast<void>(std::snprintf(text.data(), text.size(), "%04d-%02u-%02uT%02d:%02d:%02dZ",
-                                  int(date.year()), unsigned(date.month()), unsigned(date.day()),
-                                  int(clock.hours().count()), int(clock.minutes().count()),
-                                  int(clock.seconds().count())));
-  return text.data();
+std::string IsoTime(std::int64_t seconds_since_1970) {
+  std::string time = TimeText(std::chrono::sys_seconds{std::chrono::seconds(seconds_since_1970)});
+  time.replace(time.find(' '), 1, "T");
+  return time + "Z";
 }
 
 Json JsonOf(const LocalMachine& machine, const Candidate& candidate) {
@@ -84,7 +77,7 @@ Json JsonOf(const LocalMachine& machine, const Candidate& candidate) {
   json.update(JsonOfPath(machine, candidate.path));
   json["inside"] = candidate.inside;
   json["size"] = candidate.size;
-  json["modified"] = candidate.modified > 0 ? Json(TimeText(candidate.modified)) : Json();
+  json["modified"] = candidate.modified > 0 ? Json(IsoTime(candidate.modified)) : Json();
   return json;
 }
 

@@ -1,11 +1,15 @@
 #include "gauges/gauge_mover.h"
 
 #include <algorithm>
+#include <optional>
 #include <random>
+#include <unordered_map>
+#include <utility>
 
 #include "gauges/gauge_file.h"
 #include "gauges/older_spares.h"
 #include "text/matching.h"
+#include "text/time_text.h"
 
 namespace panelkit {
 namespace {
@@ -69,6 +73,7 @@ std::vector<std::string> FilesOf(const Files& files, const std::string& pattern)
 
 // Clean and restore may both have been killed half-way.
 void TidyUp(Files& files, const GaugeFolders& folders) {
+  const auto lock = files.Lock(folders.spare);  // Another program's move is not half-way for good.
   for (const std::string& folder : {folders.gauges, folders.spare, folders.spare + "\\Older"}) {
     for (const std::string& name : FilesOf(files, folder + kHalfMoved + "*")) {
       files.Delete(folder + "\\" + name);
@@ -103,13 +108,29 @@ std::vector<std::string> ArchivedNames(const Files& files, const std::string& sp
   return names;
 }
 
+// Moves a file into the archive, with a record of its name, as it was spelt, written before.
+bool Archive(Files& files, const Text& text, const GaugeFolders& folders, const std::string& name,
+             const std::string& as_spelt) {
+  std::optional<SpareRecord> replaced;
+  if (files.Exists(folders.spare + "\\" + name)) {
+    const SpareLedger ledger(files, text, folders.spare);
+    if (const SpareRecord* record = ledger.Find(name)) replaced = *record;
+  }
+  AddRecord(files, folders.spare, {TimeText(Now()), files.NativePath(folders.gauges), as_spelt});
+  if (MoveFile(files, folders.gauges + "\\" + name, folders.spare, name)) return true;
+  if (replaced) AddRecord(files, folders.spare, *replaced);  // The older file is still there.
+  return false;
+}
+
 // Moves the file `archived` of `folder` to Gauges under `name`.
 void Restore(Files& files, const std::string& folder, const std::string& archived,
              const std::string& gauges, const std::string& name, RestoreOutcome& outcome) {
+  const std::string source = folder + "\\" + archived;
   if (IsAmong(outcome.restored, name)) return;  // From an archive that is preferred.
+  if (!files.Exists(source)) return;            // Another program has restored it meanwhile.
   if (files.Exists(gauges + "\\" + name)) {
     outcome.already_there.push_back(name);
-  } else if (MoveFile(files, folder + "\\" + archived, gauges, name)) {
+  } else if (MoveFile(files, source, gauges, name)) {
     outcome.restored.push_back(name);
   } else {
     outcome.failed.push_back(name);
@@ -123,10 +144,10 @@ std::vector<std::string> WantedNames(const Files& files, const Text& text,
                                      RestoreOutcome& outcome) {
   std::vector<std::string> wanted;
   const bool is_pattern = typed.find_first_of("*?") != std::string::npos;
+  const std::string own = text.Lower(files.NativePath(folders.gauges));
   for (const std::string& name : ArchivedNames(files, folders.spare, typed)) {
     const SpareRecord* record = ledger.Find(name);
-    const bool is_elsewheres =
-        record != nullptr && text.Lower(record->folder) != text.Lower(folders.gauges);
+    const bool is_elsewheres = record != nullptr && text.Lower(record->folder) != own;
     const bool stays = is_elsewheres && is_pattern && choice == RestoreChoice::Own;
     (stays ? outcome.from_elsewhere : wanted).push_back(name);
   }
@@ -162,30 +183,24 @@ MoveOutcome ArchiveGauges(Files& files, const Text& text, const GaugeFolders& fo
   // deleted.
   const bool is_apart = !files.IsSame(folders.gauges, folders.spare);
   if (is_apart) TidyUp(files, folders);
-  std::vector<std::string> names;
-  std::vector<std::string> as_spelt;
-  for (const std::string& entry : SpareFiles) {
-    std::string name = SpareFileName(files, folders.gauges, entry);
-    if (name.empty()) continue;
-    const auto listed = FilesOf(files, folders.gauges + "\\" + name);
-    as_spelt.push_back(listed.empty() ? name : listed.front());
-    names.push_back(std::move(name));
+  std::unordered_map<std::string, std::string> spelt;
+  for (std::string& name : FilesOf(files, folders.gauges + "\\*")) {
+    spelt.emplace(text.Lower(name), std::move(name));
   }
-  if (is_apart) SpareLedger(files, text, folders.spare).Add(folders.gauges, as_spelt);
   MoveOutcome outcome;
-  for (const std::string& name : names) {
+  for (const std::string& entry : SpareFiles) {
+    const auto lock = files.Lock(folders.spare);
+    const std::string name = SpareFileName(files, folders.gauges, entry);
+    if (name.empty()) continue;
     if (!outcome.left.empty() || (stop && stop())) {
       outcome.left.push_back(name);
       continue;
     }
-    const bool moved =
-        is_apart && MoveFile(files, folders.gauges + "\\" + name, folders.spare, name);
+    const auto found = spelt.find(text.Lower(name));
+    const std::string& as_spelt = found == spelt.end() ? name : found->second;
+    const bool moved = is_apart && Archive(files, text, folders, name, as_spelt);
     (moved ? outcome.moved : outcome.stayed).push_back(name);
   }
-  // What another Clean has moved meanwhile did not stay.
-  std::erase_if(outcome.stayed, [&](const std::string& name) {
-    return !files.Exists(folders.gauges + "\\" + name);
-  });
   return outcome;
 }
 
@@ -212,6 +227,7 @@ RestoreOutcome RestoreGauges(Files& files, const Text& text,
       TidyUp(files, pair);
       const SpareLedger ledger(files, text, pair.spare);
       if (choice == RestoreChoice::Older) {
+        const auto lock = files.Lock(pair.spare);
         const std::string older = OlderFileName(files, pair.spare, typed);
         if (older.empty() || is_archived) continue;
         is_archived = true;
@@ -226,7 +242,9 @@ RestoreOutcome RestoreGauges(Files& files, const Text& text,
         outcome.stopped = outcome.stopped || (stop && stop());
         const SpareRecord* record = ledger.Find(archived);
         const std::string& name = record == nullptr ? archived : record->name;
-        if (!outcome.stopped) Restore(files, pair.spare, archived, pair.gauges, name, outcome);
+        if (outcome.stopped) continue;
+        const auto lock = files.Lock(pair.spare);
+        Restore(files, pair.spare, archived, pair.gauges, name, outcome);
       }
       is_archived = is_archived || outcome.from_elsewhere.size() > others;
     }

@@ -38,9 +38,10 @@ std::string SpareFileName(const Files& files, const std::string& gauges, const s
 
 /// Moves the files of SpareFiles into the archive, which is created if it is missing. A file of the
 /// same name there gives way as soon as the newer one has left Gauges, and stays where that one
-/// does; if its bytes are others, it is kept in the archive's folder `Older`. All moves are noted
-/// in the archive's ledger before the first begins. Finishes, or undoes, what a killed run left
-/// half done. Files that another program moves meanwhile are left out of the outcome.
+/// does; if its bytes are others, it is kept in the archive's folder `Older`. Each move is noted in
+/// the archive's ledger before it begins. Finishes, or undoes, what a killed run left half done.
+/// Programs that do so at once wait for each other's moves; files that another one has moved are
+/// left out of the outcome.
 MoveOutcome ArchiveGauges(Files& files, const Text& text, const GaugeFolders& folders,
                           const std::vector<std::string>& SpareFiles, const StopRequest& stop);
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "gauges/gauge_mover.h"
-#include "gauges/spare_ledger.h"
+#include "text/time_text.h"
 
 namespace panelkit {
 namespace {
@@ -25,6 +25,15 @@ bool HasBytes(const Files& files, const std::string& path, const FileContent& co
   return content.bytes && content.bytes == files.Read(path).bytes;
 }
 
+// The time of now at its end, or of the next second that no file of the name has.
+std::string FreeName(const Files& files, const std::string& folder, const std::string& name) {
+  for (auto time = Now();; ++time) {
+    std::string as = name + "." + TimeText(time);
+    std::replace(as.end() - kTimeLength + 1, as.end(), ':', '.');
+    if (!files.Exists(folder + "\\" + as)) return as;
+  }
+}
+
 }  // namespace
 
 void KeepOlder(Files& files, const std::string& spare, const std::string& file,
@@ -36,9 +45,8 @@ void KeepOlder(Files& files, const std::string& spare, const std::string& file,
   });
   if (!is_kept && !HasBytes(files, spare + "\\" + name, content)) {
     const std::string folder = spare + kOlderFolder;
-    const std::string as = name + "." + TimeOfNow('.');
     if (!files.Exists(folder)) files.MakeFolder(folder);
-    if (files.Exists(folder + "\\" + as) || !CopyGauge(files, file, folder, as)) return;
+    if (!CopyGauge(files, file, folder, FreeName(files, folder, name))) return;
   }
   files.Delete(file);
 }

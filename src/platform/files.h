@@ -1,6 +1,7 @@
 // Files and folders of the machine, by Windows path.
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -117,6 +118,10 @@ class Files {
   /// the old byte, the new one or a 0, and a length from the shorter to the longer of both.
   virtual FileFault Overwrite(std::string_view path, std::string_view bytes) = 0;
 
+  /// Adds bytes at the end of a file, which is created if it is missing, and flushes them. What is
+  /// there stays as it is; on a fault or a kill as many of the bytes follow as could be written.
+  virtual void Append(std::string_view path, std::string_view bytes) = 0;
+
   /// Replace, or Overwrite for an Irreplaceable file: where the content can be made again.
   FileFault ReplaceOrOverwrite(std::string_view path, std::string_view bytes,
                                Durability durability) {
@@ -140,6 +145,11 @@ class Files {
   /// Deletes one plain file, read-only or not. False if it cannot (in use, closed to us, a folder,
   /// absent); the file is as it was then, its attributes too.
   virtual bool Delete(std::string_view path) = 0;
+
+  /// Waits until no other program holds this lock of the folder, and holds it until the result
+  /// goes, or the process ends. It keeps out nobody but who asks for it too. Null where the folder
+  /// is absent or its disk has no locks.
+  [[nodiscard]] virtual std::shared_ptr<void> Lock(std::string_view folder) = 0;
 };
 
 /// Read's limit in bytes: far above any real panel or configuration, below what exhausts a 32-bit

@@ -41,7 +41,12 @@ for i in {1..25}; do head -c $((RANDOM * 9)) /dev/urandom >"$gauges/gauge $i.gau
 chmod 444 "$gauges/gauge 1.gau"
 cp "$source/demo/drive_c/Program Files/Microsoft Games/FS2002/Gauges/SKERRY.CAB" "$gauges/s.cab"
 all=$(sums "$gauges")
-nothing_lost() { [ "$(sums "$gauges" "$spare" "${written[@]}" | uniq)" = "$all" ]; }
+# All gauges are there, and the ledger knows of each one in the archive.
+nothing_lost() {
+  [ "$(sums "$gauges" "$spare" "${written[@]}" | uniq)" = "$all" ] &&
+    [ -z "$(comm -13 <(tr -d '\r' <"$app/SpareGauges.txt" | cut -f3 | sort) \
+      <(cd "$spare" && find . -type f "${written[@]}" -printf '%P\n' | sort))" ]
+}
 prepare() { "$app/panelkit-console" restore >"$work/out" 2>&1; }
 killed nothing_lost clean
 expect 0 clean
@@ -110,6 +115,15 @@ none_lost() {
   cmp -s "$work/newer" "$spare/1.gau" && cmp -s "$work/older" "$spare/Older"/1.gau.* && holds "$gauges"
 }
 killed none_lost clean
+prepare() {
+  rm -rf "$spare" "${gauges:?}"/*
+  for i in {1..4}; do install -D "$work/older" "$spare/Older/$i.gau.2026-01-01 00.00.00"; done
+}
+older_back() {
+  for i in {1..4}; do cat "$gauges/$i.gau" "$spare/Older/$i.gau."* 2>/dev/null | sort -u | cmp -s - "$work/older" || return 1; done
+}
+prepare
+killed older_back restore --older {1..4}
 
 # A configuration whose folder takes no new file, or that cannot be replaced, is rewritten in place;
 # the next run that reads it makes it whole.

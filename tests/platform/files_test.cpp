@@ -1,6 +1,8 @@
 // What the files of every machine promise.
 #include <doctest/doctest.h>
 
+#include <thread>
+
 #include "platform/disk.h"
 
 namespace panelkit::test {
@@ -98,6 +100,31 @@ TEST_CASE_FIXTURE(Disk, "A copy is whole, and read-only files are moved and dele
   }
   CHECK(Tree(folder.Path()) == "Spare.gau\n");
   CHECK(Get(folder / "Spare.gau") == content);
+}
+
+TEST_CASE_FIXTURE(Disk, "A folder's lock keeps others out until it goes") {
+  Put(folder / "count", "0");
+  const std::string at = files.AppFolder();
+  const auto count_up = [this, &at] {
+    const auto own = OpenMachineAt(folder.Path(), folder.Path());
+    Files& own_files = own->Services().files;
+    for (int i = 0; i < 25; ++i) {
+      const auto lock = own_files.Lock(at);
+      const int count = std::stoi(*own_files.Read(at + "\\count").bytes);
+      own_files.Replace(at + "\\count", std::to_string(count + 1), Durability::Buffered);
+    }
+  };
+  std::thread other(count_up);
+  count_up();
+  other.join();
+  CHECK(Get(folder / "count") == "50");
+  CHECK(Tree(folder.Path()) == "count\n");
+  CHECK(files.Lock(At("absent")) == nullptr);
+  files.Append(At("COUNT"), " and");
+  files.Append(At("count"), " more");
+  files.Append(At("absent\\x"), "nothing");
+  files.Append(At("new"), "bytes");
+  CHECK(Get(folder / "count") + Get(folder / "new") == "50 and morebytes");
 }
 
 }  // namespace

@@ -55,6 +55,16 @@ FileFault WindowsFiles::Overwrite(std::string_view path, std::string_view bytes)
   return OverwriteContent(FilePath(path), bytes, locks_);
 }
 
+void WindowsFiles::Append(std::string_view path, std::string_view bytes) {
+  const std::wstring name = FilePath(path);
+  const Handle file = locks_.Try([&name] {
+    return Handle(CreateFileW(name.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr, OPEN_ALWAYS,
+                              FILE_ATTRIBUTE_NORMAL, nullptr));
+  });
+  if (!file || SetFilePointer(file.Get(), 0, nullptr, FILE_END) == INVALID_SET_FILE_POINTER) return;
+  if (WriteAll(file.Get(), bytes)) FlushFileBuffers(file.Get());
+}
+
 int WindowsFiles::MakeFolder(std::string_view path) {
   const std::wstring folder = FilePath(path);
   if (folder.empty()) return kOtherFailure;
@@ -103,6 +113,19 @@ bool WindowsFiles::Delete(std::string_view path) {
   if (deleted && attributes_now == INVALID_FILE_ATTRIBUTES) return true;
   if (attributes_now != attributes) SetFileAttributesW(file.c_str(), attributes);
   return false;
+}
+
+std::shared_ptr<void> WindowsFiles::Lock(std::string_view folder) {
+  // Folders take no locks. The system deletes this file even if the process is killed.
+  const std::wstring path = FilePath(std::string(folder) + R"(\panelkit.lock)");
+  const auto open = [&path] {
+    return Handle(CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
+                              FILE_FLAG_DELETE_ON_CLOSE, nullptr));
+  };
+  for (;;) {
+    if (Handle file = locks_.Try(open)) return std::make_shared<Handle>(std::move(file));
+    if (GetLastError() != ERROR_SHARING_VIOLATION) return nullptr;
+  }
 }
 
 }  // namespace panelkit::windows

@@ -68,10 +68,12 @@ class WindowsFiles : public Files {
   FileContent Read(std::string_view path) const override;
   FileFault Replace(std::string_view path, std::string_view bytes, Durability durability) override;
   FileFault Overwrite(std::string_view path, std::string_view bytes) override;
+  void Append(std::string_view path, std::string_view bytes) override;
   int MakeFolder(std::string_view path) override;
   bool Copy(std::string_view source, std::string_view target) override;
   bool Rename(std::string_view from, std::string_view to) override;
   bool Delete(std::string_view path) override;
+  std::shared_ptr<void> Lock(std::string_view folder) override;
 
  private:
   std::string app_folder_;

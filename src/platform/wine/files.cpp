@@ -1,6 +1,7 @@
 #include "platform/wine/files.h"
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -115,6 +116,14 @@ FileFault WineFiles::Overwrite(std::string_view path, std::string_view bytes) {
   return target ? OverwriteFile(*target, bytes) : WhyNotFound(path);
 }
 
+void WineFiles::Append(std::string_view path, std::string_view bytes) {
+  auto target = resolver_.Existing(path);
+  if (!target) target = resolver_.ForCreation(path);
+  if (!target) return;
+  const OpenFile file(*target, O_WRONLY | O_APPEND | O_CREAT | O_NONBLOCK, 0666);
+  if (WriteAll(file.Descriptor(), bytes)) fsync(file.Descriptor());
+}
+
 int WineFiles::MakeFolder(std::string_view path) {
   path = WithoutClosingSeparator(path);
   if (resolver_.Existing(path)) return kFolderExistsOrNoAccess;
@@ -172,6 +181,16 @@ bool WineFiles::Delete(std::string_view path) {
   // Unlike Windows, Linux asks for no attribute of a file that is to go.
   const auto native = PlainFile(path);
   return native && unlink(native->c_str()) == 0;
+}
+
+std::shared_ptr<void> WineFiles::Lock(std::string_view folder) {
+  const auto native = resolver_.Existing(folder);
+  if (!native) return nullptr;
+  auto file = std::make_shared<OpenFile>(*native, O_RDONLY | O_DIRECTORY);
+  while (flock(file->Descriptor(), LOCK_EX) != 0) {
+    if (errno != EINTR) return nullptr;
+  }
+  return file;
 }
 
 }  // namespace panelkit

@@ -1,0 +1,15 @@
+// Times as text.
+#pragma once
+
+#include <chrono>
+#include <string>
+
+namespace panelkit {
+
+/// "2026-11-25 20:11:05", in UTC.
+std::string TimeText(std::chrono::sys_seconds time);
+
+/// The time of this call.
+std::chrono::sys_seconds Now();
+
+}  // namespace panelkit
