@@ -9,7 +9,6 @@ namespace panelkit {
 namespace {
 
 constexpr const char* kOlderFolder = "\\Older";
-constexpr std::size_t kTimeLength = 20;  // ".2026-11-25 20.11.05".
 
 // The files whose names the pattern stands for, the newest last.
 std::vector<std::string> KeptFiles(const Files& files, const std::string& spare,
@@ -29,7 +28,7 @@ bool HasBytes(const Files& files, const std::string& path, const FileContent& co
 std::string FreeName(const Files& files, const std::string& folder, const std::string& name) {
   for (auto time = Now();; ++time) {
     std::string as = name + "." + TimeText(time);
-    std::replace(as.end() - kTimeLength + 1, as.end(), ':', '.');
+    std::replace(as.end() - kTimeTextLength, as.end(), ':', '.');
     if (!files.Exists(folder + "\\" + as)) return as;
   }
 }
@@ -59,7 +58,7 @@ std::string OlderFileName(const Files& files, const std::string& spare, const st
 }
 
 std::string GaugeNameOfOlder(const std::string& older) {
-  return older.substr(0, older.size() - std::min(older.size(), kTimeLength));
+  return older.substr(0, older.size() - std::min(older.size(), kTimeTextLength + 1));
 }
 
 }  // namespace panelkit

@@ -4,11 +4,10 @@
 #include <utility>
 
 #include "text/line_reader.h"
+#include "text/time_text.h"
 
 namespace panelkit {
 namespace {
-
-constexpr std::size_t kTimeLength = 19;
 
 // What stands before the record, such as the beginning of one whose writer was killed, is passed
 // over; nullopt if there is no record.
@@ -16,8 +15,8 @@ std::optional<SpareRecord> RecordIn(std::string_view line) {
   const std::size_t name = line.rfind('\t');
   if (name == std::string_view::npos || name == 0 || name + 1 == line.size()) return std::nullopt;
   const std::size_t folder = line.rfind('\t', name - 1);
-  if (folder == std::string_view::npos || folder < kTimeLength) return std::nullopt;
-  return SpareRecord{std::string(line.substr(folder - kTimeLength, kTimeLength)),
+  if (folder == std::string_view::npos || folder < kTimeTextLength) return std::nullopt;
+  return SpareRecord{std::string(line.substr(folder - kTimeTextLength, kTimeTextLength)),
                      std::string(line.substr(folder + 1, name - folder - 1)),
                      std::string(line.substr(name + 1))};
 }
