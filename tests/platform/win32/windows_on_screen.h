@@ -4,12 +4,14 @@
 #include <windows.h>
 
 #include <exdisp.h>
+#include <ole2.h>
 #include <wrl/client.h>
 
 #include <functional>
 #include <string>
 #include <vector>
 
+#include "platform/form.h"
 #include "platform/windows/replaced_call.h"
 
 namespace panelkit::test {
@@ -43,5 +45,27 @@ std::string Location(IWebBrowser2& control);
 
 /// Waits until the condition holds; false when it has not for a minute.
 bool WaitFor(const std::function<bool()>& condition);
+
+/// The system's objects, for as long as a test needs them.
+struct Ole {
+  Ole() { OleInitialize(nullptr); }
+  ~Ole() { OleUninitialize(); }
+  Ole(const Ole&) = delete;
+  Ole& operator=(const Ole&) = delete;
+};
+
+/// A window of the system's own kind, never shown.
+struct Window {
+  Window() = default;
+  ~Window() { DestroyWindow(handle); }
+  Window(const Window&) = delete;
+  Window& operator=(const Window&) = delete;
+  HWND handle = CreateWindowExW(0, L"STATIC", nullptr, WS_POPUP, 0, 0, 200, 100, nullptr, nullptr,
+                                GetModuleHandleW(nullptr), nullptr);
+};
+
+/// A browser pane on a form.
+inline constexpr ControlDescription kPane{"pane", ControlKind::WebBrowser, 0, 0, 1500, 1500, 0, "",
+                                          ""};
 
 }  // namespace panelkit::test
