@@ -19,6 +19,9 @@ struct ScreenScale {
     return scale;
   }
 
+  /// The highest resolution at which a length takes no more than so many pixels.
+  static int DpiThatFits(Twips twips, int pixels) { return pixels * kTwipsPerInch / twips; }
+
   int PixelsX(Twips twips) const { return MulDiv(twips, dpi_x, kTwipsPerInch); }
   int PixelsY(Twips twips) const { return MulDiv(twips, dpi_y, kTwipsPerInch); }
   Twips TwipsX(int pixels) const { return MulDiv(pixels, kTwipsPerInch, dpi_x); }

@@ -4,6 +4,7 @@
 #include <stdexcept>
 #include <vector>
 
+#include "platform/win32/form_size.h"
 #include "platform/windows/wide.h"
 
 namespace panelkit::windows {
@@ -11,6 +12,7 @@ namespace {
 
 constexpr UINT kFirstControl = 1000;
 constexpr WORD kProgramIcon = 1;
+constexpr LPARAM kWithAlt = 1 << 29;  // In the second parameter of a key's message.
 constexpr DWORD kStyle = WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
 
 DWORD ExtendedStyle(Border border) {
@@ -37,7 +39,7 @@ ATOM RegisterFormClass() {
 
 Win32Form::Win32Form(const FormDescription& description, const ScreenScale& scale, HWND owner,
                      Win32EventLoop& loop)
-    : scale_(scale), loop_(loop), font_(CreateFormFont(scale)) {
+    : loop_(loop) {
   static const ATOM form_class = RegisterFormClass();
   window_ = CreateWindowExW(ExtendedStyle(description.border), MAKEINTATOM(form_class),
                             Wide(description.title).c_str(), kStyle, CW_USEDEFAULT, CW_USEDEFAULT,
@@ -55,7 +57,8 @@ Win32Form::Win32Form(const FormDescription& description, const ScreenScale& scal
     const std::string caption = MenuNamed(description.help_menu).Caption();
     help_key_ = static_cast<unsigned char>(caption.at(caption.find('&') + 1));
   }
-  FitClientArea(description);
+  scale_ = FitWorkArea(window_, description, scale);
+  font_ = CreateFormFont(scale_);
   AddControls(description);
   loop_.Add(window_, [this](MSG& message) { return Filter(message); });
 }
@@ -66,24 +69,6 @@ Win32Form::~Win32Form() {
   browsers_.clear();  // Before the windows that they lie in.
   DestroyWindow(window_);
   DeleteObject(font_);
-}
-
-// Measured rather than computed: a menu bar may take more than one line.
-void Win32Form::FitClientArea(const FormDescription& description) {
-  RECT outer{};
-  RECT client{};
-  GetWindowRect(window_, &outer);
-  GetClientRect(window_, &client);
-  const int width = scale_.PixelsX(description.width);
-  const int frame_width = (outer.right - outer.left) - client.right;
-  SetWindowPos(window_, nullptr, 0, 0, width + frame_width, outer.bottom - outer.top,
-               SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-  GetWindowRect(window_, &outer);
-  GetClientRect(window_, &client);
-  const int frame_height = (outer.bottom - outer.top) - client.bottom;
-  SetWindowPos(window_, nullptr, 0, 0, width + frame_width,
-               scale_.PixelsY(description.height) + frame_height,
-               SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 // In the order of their tab indexes, which is the order in which Windows steps through them.
@@ -146,15 +131,11 @@ void Win32Form::Show() {
 }
 
 Twips Win32Form::Width() const {
-  RECT outer{};
-  GetWindowRect(window_, &outer);
-  return scale_.TwipsX(outer.right - outer.left);
+  return scale_.TwipsX(SizeOf(window_).cx);
 }
 
 Twips Win32Form::Height() const {
-  RECT outer{};
-  GetWindowRect(window_, &outer);
-  return scale_.TwipsY(outer.bottom - outer.top);
+  return scale_.TwipsY(SizeOf(window_).cy);
 }
 
 void Win32Form::MoveTo(Twips left, Twips top) {
@@ -171,7 +152,7 @@ bool Win32Form::Filter(MSG& message) {
     return true;
   }
   for (auto& [name, browser] : browsers_) {
-    if (browser.HasFocus()) return OpensMenu(message) || browser.Translate(message);
+    if (browser.HasFocus()) return IsForWindow(message) || browser.Translate(message);
   }
   // Windows itself presses only default buttons by Enter.
   if (message.message == WM_KEYDOWN && message.wParam == VK_RETURN &&
@@ -182,16 +163,27 @@ bool Win32Form::Filter(MSG& message) {
   return IsDialogMessageW(window_, &message) != 0;
 }
 
-/// Alt with a letter, which the page would keep for itself. Other keys with Alt are the page's.
-bool Win32Form::OpensMenu(MSG& message) const {
+/// Keys of the window that the page would keep for itself: Alt with a letter or digit, Alt+F4, F10.
+/// Other keys with Alt, and Shift+F10, are the page's.
+bool Win32Form::IsForWindow(MSG& message) const {
   if (message.message == WM_SYSCHAR) {
     SendMessageW(window_, WM_SYSCOMMAND, SC_KEYMENU, static_cast<LPARAM>(message.wParam));
     return true;
   }
-  const bool is_letter = message.message == WM_SYSKEYDOWN &&
-                         IsCharAlphaNumericW(static_cast<wchar_t>(message.wParam)) != 0;
-  if (is_letter) TranslateMessage(&message);  // Into the WM_SYSCHAR above.
-  return is_letter;
+  if (message.message != WM_SYSKEYDOWN) return false;
+  const WPARAM key = message.wParam;
+  const bool has_alt = (message.lParam & kWithAlt) != 0;
+  if (key == VK_F4 && has_alt) {
+    PostMessageW(window_, WM_SYSCOMMAND, SC_CLOSE, 0);
+    return true;
+  }
+  if (key == VK_F10 && !has_alt && GetKeyState(VK_SHIFT) >= 0 && GetKeyState(VK_CONTROL) >= 0) {
+    PostMessageW(window_, WM_SYSCOMMAND, SC_KEYMENU, 0);
+    return true;
+  }
+  const bool is_command = (key >= '0' && key <= '9') || (key >= 'A' && key <= 'Z');
+  if (is_command) TranslateMessage(&message);  // Into the WM_SYSCHAR above.
+  return is_command;
 }
 
 void Win32Form::FocusFirst() const {

@@ -42,10 +42,9 @@ class Win32Form final : public Form {
  private:
   void AddControls(const FormDescription& description);
   void AddControl(const ControlDescription& control, UINT id);
-  void FitClientArea(const FormDescription& description);
   void FocusFirst() const;
   bool Filter(MSG& message);
-  bool OpensMenu(MSG& message) const;
+  bool IsForWindow(MSG& message) const;
   void Clicked(const std::string& name);
   void Closed();
   void Command(UINT id);
@@ -53,11 +52,11 @@ class Win32Form final : public Form {
   static LRESULT CALLBACK WindowProcedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
   friend ATOM RegisterFormClass();
 
-  ScreenScale scale_;
+  ScreenScale scale_{};  ///< The screen's, or a smaller one at which the form fits.
   Win32EventLoop& loop_;
   HWND window_ = nullptr;
   HWND last_focus_ = nullptr;
-  HFONT font_;
+  HFONT font_ = nullptr;
   LPARAM help_key_ = 0;  ///< The letter that opens the help menu; 0 if there is none.
   std::optional<Win32Menu> menu_;
   ByName<Win32Label> labels_;

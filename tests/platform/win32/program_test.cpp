@@ -137,13 +137,15 @@ TEST_CASE("Exit Program, or a close of the window, ends a scan at once") {
   RegisteredSimulator simulator;
   AddFleet(simulator);
   for (const bool by_menu : {true, false}) {
+    CAPTURE(by_menu);
     const RunningProgram program(simulator);
     program.Pick(kProbe);
     REQUIRE(WaitFor([&] { return LabelsOf(program.Window())[1].starts_with("Scanning "); }));
     if (by_menu) {
       program.Pick(kExit);
     } else {
-      PostMessageW(program.Window(), WM_CLOSE, 0, 0);
+      const HWND pane = FindWindowExW(program.Window(), nullptr, L"PanelkitPane", nullptr);
+      PostMessageW(pane, WM_SYSKEYDOWN, VK_F4, 1 << 29);  // Alt+F4.
     }
     CHECK(program.Status() == 0);
     CHECK(Get(simulator.App() / "GAUGES.HTM").find("I'm Working On It") != std::string::npos);

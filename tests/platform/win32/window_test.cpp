@@ -65,12 +65,13 @@ LRESULT CALLBACK BeforeMessage(int code, WPARAM of_thread, LPARAM param) {
   return CallNextHookEx(nullptr, code, of_thread, param);
 }
 
-/// Sees SC_KEYMENU, which would open a menu and wait in it, in place of the window.
-std::function<void(LPARAM letter)> on_menu_key;
-LRESULT CALLBACK OnMenuKey(int code, WPARAM removed, LPARAM param) {
+/// Sees the system commands of keys in place of the window, which would wait in a menu, or close.
+std::string key_commands;
+LRESULT CALLBACK OnKeyCommand(int code, WPARAM removed, LPARAM param) {
   auto& message = *reinterpret_cast<MSG*>(param);
-  if (code == HC_ACTION && message.message == WM_SYSCOMMAND && message.wParam == SC_KEYMENU) {
-    on_menu_key(message.lParam);
+  if (code == HC_ACTION && message.message == WM_SYSCOMMAND) {
+    key_commands += message.wParam == SC_CLOSE ? "close " : "menu ";
+    if (message.lParam != 0) key_commands += static_cast<char>(message.lParam);
     message.message = WM_NULL;
   }
   return CallNextHookEx(nullptr, code, removed, param);
@@ -161,6 +162,27 @@ TEST_CASE_FIXTURE(Screen, "The window has its size, its frame, no task-bar entry
   CHECK(GetWindow(pane, GW_CHILD) != nullptr);  // the browser control itself
 }
 
+TEST_CASE("The executable has an icon for every size at which Windows shows one") {
+  const HMODULE program = LoadLibraryExW(windows::Wide(std::getenv("PANELKIT_EXE")).c_str(),
+                                         nullptr, LOAD_LIBRARY_AS_DATAFILE);
+  REQUIRE(program != nullptr);
+  const auto resource = [program](WORD id, LPWSTR type) {
+    const HRSRC found = FindResourceW(program, MAKEINTRESOURCEW(id), type);
+    const auto* bytes = static_cast<const BYTE*>(LockResource(LoadResource(program, found)));
+    return std::vector<BYTE>(bytes, bytes + SizeofResource(program, found));
+  };
+  // A header of 6 bytes, then 14 for each icon: width and height first, its number last.
+  const std::vector<BYTE> group = resource(1, RT_GROUP_ICON);
+  std::vector<int> sizes;
+  for (std::size_t at = 6; at < group.size(); at += 14) {
+    sizes.push_back(group[at] == 0 ? 256 : group[at]);
+    CHECK(group[at + 1] == group[at]);
+    CHECK(resource(group[at + 12], RT_ICON).size() > 100);
+  }
+  CHECK(sizes == std::vector{16, 20, 24, 32, 40, 48, 64, 256});
+  FreeLibrary(program);
+}
+
 TEST_CASE_FIXTURE(Screen, "The pane shows the page, and is led to no file and no refresh from it") {
   const MadeControl made;
   const auto& control = made.control;
@@ -180,23 +202,57 @@ TEST_CASE_FIXTURE(Screen, "The pane shows the page, and is led to no file and no
   CHECK(last.ends_with("GAUGES.HTM"));
 }
 
-TEST_CASE_FIXTURE(Screen, "Alt with a letter, and F1, reach the menu while the page has the keys") {
+TEST_CASE_FIXTURE(Screen, "Keys of the menu and Alt+F4 reach the window from the page, no others") {
   Start();
   const HWND pane = FindWindowExW(window, nullptr, L"PanelkitPane", nullptr);
   SetFocus(pane);
-  REQUIRE(Until([pane] { return GetFocus() == pane || IsChild(pane, GetFocus()); }));
+  const auto page = [pane] {
+    return GetFocus() == pane || IsChild(pane, GetFocus()) ? GetFocus() : nullptr;
+  };
+  REQUIRE(Until([&] { return page() != nullptr; }));
   constexpr LPARAM kWithAlt = 1 << 29;
-  PostMessageW(GetFocus(), WM_SYSKEYDOWN, 'P', kWithAlt);
+  PostMessageW(page(), WM_SYSKEYDOWN, 'P', kWithAlt);
   CHECK(Until([this] { return LabelsOf(window)[1] == "Done"; }));
-  LPARAM opened = 0;
-  before_text = nullptr;
-  on_menu_key = [&opened](LPARAM letter) { opened = letter; };
-  const HHOOK hook = SetWindowsHookExW(WH_GETMESSAGE, &OnMenuKey, nullptr, GetCurrentThreadId());
-  SetFocus(pane);
-  PostMessageW(GetFocus(), WM_KEYDOWN, VK_F1, 0);
-  CHECK(Until([&opened] { return opened != 0; }));
+  key_commands.clear();
+  const HHOOK hook = SetWindowsHookExW(WH_GETMESSAGE, &OnKeyCommand, nullptr, GetCurrentThreadId());
+  const auto press = [&](UINT message, WPARAM key, LPARAM with, const std::string& told) {
+    SetFocus(pane);
+    PostMessageW(page(), message, key, with);
+    CHECK(Until([&] { return key_commands.size() >= told.size(); }));
+  };
+  press(WM_SYSKEYDOWN, VK_F5, kWithAlt, "");  // A virtual key whose number is a small letter's.
+  press(WM_SYSKEYDOWN, VK_F4, kWithAlt, "close ");
+  press(WM_SYSKEYDOWN, VK_F10, 0, "close menu ");
+  press(WM_KEYDOWN, VK_F1, 0, "close menu menu H");
+  BYTE keys[256] = {};
+  keys[VK_SHIFT] = 0x80;
+  SetKeyboardState(keys);
+  press(WM_SYSKEYDOWN, VK_F10, 0, "");  // The page's own menu.
+  press(WM_KEYDOWN, VK_F1, 0, "close menu menu Hmenu H");
+  SetKeyboardState(std::vector<BYTE>(256).data());
   UnhookWindowsHookEx(hook);
-  CHECK(opened == 'H');
+  CHECK(key_commands == "close menu menu Hmenu H");
+}
+
+TEST_CASE_FIXTURE(Screen, "A window too large for its monitor is smaller as a whole, and inside") {
+  const RECT area{0, 0, 500, 420};
+  const ReplacedCall<"GetMonitorInfoW", BOOL(HMONITOR, LPMONITORINFO)> small(
+      [&](HMONITOR, LPMONITORINFO monitor) {
+        monitor->rcWork = area;
+        return TRUE;
+      });
+  Start();
+  const RECT outer = Outer(window);
+  RECT both{};
+  UnionRect(&both, &outer, &area);
+  CHECK(EqualRect(&both, &area));
+  RECT client{};
+  GetClientRect(window, &client);
+  CHECK(client.right > 480);  // As large as it may be.
+  CHECK(std::abs(client.right * 7110 - client.bottom * 10440) <= 10440);
+  const HWND bar = FindWindowExW(window, nullptr, PROGRESS_CLASSW, nullptr);
+  CHECK(Outer(bar).right - outer.left > client.right * 9 / 10);
+  CHECK(Outer(bar).right < outer.right);
 }
 
 TEST_CASE_FIXTURE(Screen, "About comes back where it stood after OK, and centred after a close") {
