@@ -19,7 +19,7 @@ _panelkit_console() {
       mapfile -t COMPREPLY < <(compgen -d -- "$word")
       return
       ;;
-    --output-file) return ;;
+    --output-file | --as) return ;;
   esac
   for other in "${COMP_WORDS[@]:1:COMP_CWORD-1}"; do
     case $other in
@@ -33,7 +33,7 @@ _panelkit_console() {
     where) options+=' --all' ;;
     probe) options+=' --hints --careful' ;;
     show) options+=' --careful' ;;
-    find) options+=' --install --dry-run --careful' ;;
+    find) options+=' --install --as --dry-run --careful' ;;
     restore) options+=' --all --older --list' ;;
     clean) options+=' --dry-run --careful' ;;
     brake) options+=' on off' ;;
@@ -51,7 +51,7 @@ _panelkit_console() {
       ;;
     find)
       compopt -o filenames
-      mapfile -t -O ${#COMPREPLY[@]} COMPREPLY < <(compgen -d -- "$word")
+      mapfile -t -O ${#COMPREPLY[@]} COMPREPLY < <(compgen -f -- "$word")
       ;;
     count | list | xml | extract)
       compopt -o filenames

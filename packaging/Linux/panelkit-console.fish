@@ -21,6 +21,7 @@ complete -c panelkit-console -n '__fish_seen_subcommand_from where' -l all -d 'T
 complete -c panelkit-console -n '__fish_seen_subcommand_from probe' -l hints -d 'Say what comes close'
 complete -c panelkit-console -n '__fish_seen_subcommand_from probe show find' -l careful -d 'Tell what panels name in other ways'
 complete -c panelkit-console -n '__fish_seen_subcommand_from find' -l install -d 'Copy the best to Gauges'
+complete -c panelkit-console -n '__fish_seen_subcommand_from find' -l as -x -d 'Copy what is nearly named so under this name'
 complete -c panelkit-console -n '__fish_seen_subcommand_from find' -l dry-run -d 'Copy nothing'
 complete -c panelkit-console -n '__fish_seen_subcommand_from find' -xa '(__fish_complete_directories)'
 complete -c panelkit-console -n '__fish_seen_subcommand_from clean' -l dry-run -d 'Move nothing'

@@ -59,7 +59,8 @@ case $words[1] in
   show) _arguments $common '--careful[tell what panels name in other ways]' ;;
   find)
     _arguments $common '--install[copy the best to Gauges]' '--dry-run[copy nothing]' \
-      '--careful[tell what panels name in other ways]' '*:folder:_files -/'
+      '*--as[copy what is nearly named so under this name]:missing file:' \
+      '--careful[tell what panels name in other ways]' '*:folder or file:_files'
     ;;
   restore)
     local -a spare

@@ -91,6 +91,11 @@ void AddFindCommand(CLI::App& app, CommandLine& line) {
       find->add_flag("--install", line.install, "Copy the best of what is found to Gauges");
   find->add_flag("--dry-run", line.dry_run, "Say what would be copied, and copy nothing")
       ->needs(install);
+  find->add_option("--as", line.accepted,
+                   "Copy what has nearly this missing file's name, or the only file, under it")
+      ->type_name("NAME")
+      ->allow_extra_args(false)
+      ->needs(install);
   AddCareful(*find, line);
 }
 

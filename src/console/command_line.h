@@ -33,17 +33,18 @@ struct CommandLine : SimulatorChoice {
   ConsoleCommand command = ConsoleCommand::Where;
   std::string command_name;  ///< "probe", "cab list", ...
   Format format = Format::Text;
-  bool all = false;                  ///< Where and Restore.
-  bool dry_run = false;              ///< Clean and Find.
-  bool careful = false;              ///< Probe, Show, Clean and Find.
-  bool hints = false;                ///< Probe.
-  bool install = false;              ///< Find.
-  std::vector<std::string> folders;  ///< Find.
-  std::vector<std::string> gauges;   ///< Restore.
-  bool older = false;                ///< Restore.
-  bool list = false;                 ///< Restore.
-  std::string brake;                 ///< Brake: "on", "off" or empty.
-  std::string cabinet;               ///< The cab commands.
+  bool all = false;                   ///< Where and Restore.
+  bool dry_run = false;               ///< Clean and Find.
+  bool careful = false;               ///< Probe, Show, Clean and Find.
+  bool hints = false;                 ///< Probe.
+  bool install = false;               ///< Find.
+  std::vector<std::string> accepted;  ///< Find: required files that a near name may stand for.
+  std::vector<std::string> folders;   ///< Find.
+  std::vector<std::string> gauges;    ///< Restore.
+  bool older = false;                 ///< Restore.
+  bool list = false;                  ///< Restore.
+  std::string brake;                  ///< Brake: "on", "off" or empty.
+  std::string cabinet;                ///< The cab commands.
   std::string entry;
   std::string output_path;
   std::string output_file;

@@ -63,4 +63,15 @@ std::string BothNames(const LocalMachine& machine, const std::string& windows_pa
   return native == windows_path ? native : windows_path + " (" + native + ")";
 }
 
+CommandStyle StyleFor(const LocalMachine& machine, const CommandLine& line) {
+  CommandStyle style;
+  style.is_posix = machine.NativePath(R"(C:\)") != R"(C:\)";
+  const auto argument = [&](const std::string& text) { return AsArgument(text, style.is_posix); };
+  if (!line.prefix.empty()) style.program += " --prefix " + argument(line.prefix);
+  if (!line.simulator.empty()) style.program += " --simulator " + argument(line.simulator);
+  const std::string downloads = machine.DownloadFolder();
+  if (!downloads.empty()) style.look_in = argument(downloads);
+  return style;
+}
+
 }  // namespace panelkit

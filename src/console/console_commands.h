@@ -6,6 +6,7 @@
 #include "console/command_line.h"
 #include "console/outcome.h"
 #include "platform/local_machine.h"
+#include "search/deeds.h"
 
 namespace panelkit {
 
@@ -18,6 +19,9 @@ std::string SimulatorFor(LocalMachine& machine, const CommandLine& line);
 
 /// Both names of a folder in one line, "C:\FS2002 (/home/...)"; one of them if they are equal.
 std::string BothNames(const LocalMachine& machine, const std::string& windows_path);
+
+/// How a command is written that goes on with the simulator of `line`.
+CommandStyle StyleFor(const LocalMachine& machine, const CommandLine& line);
 
 // The commands that need no simulator, one file a group.
 Outcome WhereCommand(LocalMachine& machine, const CommandLine& line);

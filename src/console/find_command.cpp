@@ -1,4 +1,6 @@
 // find: looks for missing gauges in other folders and in archives, and installs them.
+#include <algorithm>
+
 #include "console/console_commands.h"
 #include "console/console_program.h"
 #include "console/find_text.h"
@@ -10,18 +12,22 @@
 namespace panelkit {
 namespace {
 
-// What is missing; nullopt if that cannot be told.
-std::optional<std::vector<RequiredFile>> Probe(const Machine& services,
-                                               const std::string& simulator,
-                                               std::vector<OtherwiseNamedFile>& otherwise_named,
-                                               Outcome& outcome) {
+struct Requirements {
+  std::vector<RequiredFile> files;
+  std::unordered_set<std::string> named;
+  std::vector<OtherwiseNamedFile> otherwise_named;
+};
+
+// What is missing, and what panels name; nullopt if that cannot be told.
+std::optional<Requirements> Probe(const Machine& services, const std::string& simulator,
+                                  Outcome& outcome) {
   ConsoleProgram program(services, simulator);
   program.Click("menProbe");
   program.TellInto(outcome);
   const GaugeReport* report = program.Form().Report();
   if (report == nullptr) return std::nullopt;
-  otherwise_named = report->otherwise_named;
-  return RequiredFilesOf(*report);
+  return Requirements{RequiredFilesOf(*report), NamedFileParts(*report, services.text),
+                      report->otherwise_named};
 }
 
 void Search(LocalMachine& machine, const std::vector<std::string>& folders, FindResult& result,
@@ -39,6 +45,16 @@ void Search(LocalMachine& machine, const std::vector<std::string>& folders, Find
     outcome.Fail("There is no folder or file " + folder + ".");
   }
   result.passed_over = search.WhatWasPassedOver();
+}
+
+void RefuseUnknown(const Text& text, const std::vector<std::string>& accepted,
+                   const FindResult& result, Outcome& outcome) {
+  for (const std::string& name : accepted) {
+    const bool is_required = std::any_of(
+        result.required.begin(), result.required.end(),
+        [&](const RequiredFile& file) { return text.Lower(file.name) == text.Lower(name); });
+    if (!is_required) outcome.Fail("No panel misses a file " + name + ".");
+  }
 }
 
 void TellOfFailures(const LocalMachine& machine, const FindResult& result, Outcome& outcome) {
@@ -63,19 +79,21 @@ Outcome FindCommand(LocalMachine& machine, const CommandLine& line, const std::s
   Outcome outcome;
   outcome.complains_first = true;
   FindResult result(services.text);
-  std::vector<OtherwiseNamedFile> otherwise_named;
-  auto required = Probe(services, simulator, otherwise_named, outcome);
-  if (!required) return outcome;
-  result.required = std::move(*required);
+  auto requirements = Probe(services, simulator, outcome);
+  if (!requirements) return outcome;
+  result.required = std::move(requirements->files);
+  result.named = std::move(requirements->named);
+  RefuseUnknown(services.text, line.accepted, result, outcome);
   Search(machine, line.folders, result, outcome);
-  for (PassedOver& what : RejectUnfit(services, result.required, result.pool)) {
-    result.passed_over.push_back(std::move(what));
-  }
   const std::string gauges = FoldersOf(simulator, services.files.AppFolder()).gauges;
+  FindOffers(services, gauges, line.accepted, result);
   if (line.install) InstallBest(services, gauges, line.dry_run, terminal::Interrupted, result);
   if (line.install && !line.dry_run && !terminal::Interrupted()) {
     try {
-      result.still_required = Probe(services, simulator, otherwise_named, outcome);
+      if (auto now = Probe(services, simulator, outcome)) {
+        result.still_required = std::move(now->files);
+        requirements->otherwise_named = std::move(now->otherwise_named);
+      }
     } catch (const Interruption&) {
       // What was installed is to be told all the same.
     }
@@ -86,18 +104,20 @@ Outcome FindCommand(LocalMachine& machine, const CommandLine& line, const std::s
   if (terminal::Interrupted()) outcome.Interrupt("Nothing was begun after that.");
   if (line.format == Format::Json) {
     Json json = JsonOf(machine, line, result);
-    if (line.careful) json["otherwise_named"] = JsonOf(otherwise_named);
+    if (line.careful) json["otherwise_named"] = JsonOf(requirements->otherwise_named);
     outcome.output = JsonText(line, json);
   } else {
     outcome.output = TextOf(machine, line, gauges, result);
     if (line.careful) {
       Lines lines;
-      TellOtherwiseNamed(otherwise_named, [&](std::string_view text) { lines.Add(text); });
+      TellOtherwiseNamed(requirements->otherwise_named,
+                         [&](std::string_view text) { lines.Add(text); });
       outcome.output += lines.Take();
     }
   }
-  if (!line.careful && !otherwise_named.empty()) {
-    outcome.complaints.push_back(OtherwiseNamedText(otherwise_named.size()));
+  const std::size_t otherwise_named = requirements->otherwise_named.size();
+  if (!line.careful && otherwise_named > 0) {
+    outcome.complaints.push_back(OtherwiseNamedText(otherwise_named));
   }
   return outcome;
 }

@@ -1,8 +1,10 @@
 #include "console/find_text.h"
 
 #include <ctime>
+#include <utility>
 
 #include "cabinet/dos_stamp.h"
+#include "console/console_commands.h"
 #include "console/outcome.h"
 
 namespace panelkit {
@@ -31,22 +33,34 @@ std::string OfferLine(LocalMachine& machine, const RequiredFile& required, const
             std::to_string(required.entries.size()) + " gauges";
   }
   if (candidate.is_renamed) line += ", as " + candidate.name;
+  if (offer.name_is_taken) line += ", but Gauges has another file of that name";
   return line + ")";
 }
 
 void AddOffers(LocalMachine& machine, const FindResult& result, Lines& lines) {
   if (result.required.empty()) lines.Add("No gauge is missing.");
-  std::vector<std::string> not_found;
-  for (const RequiredFile& file : result.required) {
-    const auto offers = OffersFor(file, result.pool, machine.Services().text);
-    if (offers.empty()) {
-      not_found.push_back(file.name);
-      continue;
-    }
-    lines.Add(file.name);
-    for (const Offer& offer : offers) lines.Add(OfferLine(machine, file, offer));
+  for (std::size_t i = 0; i < result.required.size(); ++i) {
+    const RequiredFile& file = result.required[i];
+    if (!result.offers[i].empty()) lines.Add(file.name);
+    for (const Offer& offer : result.offers[i]) lines.Add(OfferLine(machine, file, offer));
   }
-  if (!not_found.empty()) lines.AddNames("Not found:", not_found);
+}
+
+// What nothing is offered for, with what nearly has its name.
+void AddNotFound(const LocalMachine& machine, const CommandStyle& style, const FindResult& result,
+                 Lines& lines) {
+  bool is_first = true;
+  for (std::size_t i = 0; i < result.required.size(); ++i) {
+    if (!result.offers[i].empty()) continue;
+    if (std::exchange(is_first, false)) lines.Add("Not found:");
+    lines.Add("    " + result.required[i].name);
+    for (const auto& [candidate, likeness, in_the_way] : result.near_offers[i]) {
+      const std::string path = machine.NativePath(candidate->path);
+      const Deed deed{DeedKind::Install, path, result.required[i].name, in_the_way};
+      lines.Add("        but " + LocationText(path, candidate->inside) + ", which differs " +
+                DifferenceText(likeness) + ": " + TextOf(deed, style));
+    }
+  }
 }
 
 void AddPassedOver(const LocalMachine& machine, const std::vector<PassedOver>& passed_over,
@@ -60,9 +74,22 @@ void AddPassedOver(const LocalMachine& machine, const std::vector<PassedOver>& p
   }
 }
 
+// "Speed.gau for Alpha, Beta (the newest of 2 with that name)".
+std::string InstalledLine(const InstalledFile& file) {
+  std::string line = file.candidate->name;
+  std::string_view before = " for ";
+  for (const std::string& aircraft : file.aircraft) {
+    line += std::exchange(before, ", ");
+    line += aircraft;
+  }
+  const std::string choice = ChoiceText(file);
+  return choice.empty() ? line : line + " (" + choice + ")";
+}
+
 void AddInstalled(const FindResult& result, const std::string& gauges, bool dry_run, Lines& lines) {
   std::vector<std::string> names;
-  for (const Candidate* candidate : result.installed) names.push_back(candidate->name);
+  names.reserve(result.installed.size());
+  for (const InstalledFile& file : result.installed) names.push_back(InstalledLine(file));
   if (names.empty()) {
     lines.Add(dry_run ? "Nothing would be installed." : "Nothing was installed.");
   } else {
@@ -85,6 +112,7 @@ std::string TextOf(LocalMachine& machine, const CommandLine& line, const std::st
                    const FindResult& result) {
   Lines lines;
   AddOffers(machine, result, lines);
+  AddNotFound(machine, StyleFor(machine, line), result, lines);
   AddPassedOver(machine, result.passed_over, lines);
   if (line.install) AddInstalled(result, gauges, line.dry_run, lines);
   if (result.still_required) AddStillRequired(*result.still_required, lines);

@@ -41,6 +41,8 @@ const char* NameOf(HintKind kind) {
       return "damaged-cabinet";
     case HintKind::Misnamed:
       return "misnamed";
+    case HintKind::SameEntries:
+      return "same-entries";
     case HintKind::EndingInPanel:
       return "ending-in-panel";
     case HintKind::NearName:
@@ -49,20 +51,40 @@ const char* NameOf(HintKind kind) {
   return "";
 }
 
-Json JsonOf(const LocalMachine& machine, const RequiredFile& file, const HintFinder* hints) {
-  Json required{{"name", file.name}, {"entries", file.entries}};
-  if (hints == nullptr) return required;
-  required["hints"] = Json::array();
-  for (const Hint& hint : hints->HintsFor(file)) {
-    Json fact{{"kind", NameOf(hint.kind)}};
-    if (hint.kind == HintKind::InSpareGauges) fact["exact_name"] = !hint.only_holds_name;
-    fact.update(JsonOfPath(machine, hint.path));
-    if (!hint.wanted.empty()) fact["wanted"] = hint.wanted;
-    if (!hint.nearest.empty()) fact["nearest"] = hint.nearest;
-    fact["text"] = hints->LineOf(hint);
-    required["hints"].push_back(std::move(fact));
+const char* NameOf(DeedKind kind) {
+  switch (kind) {
+    case DeedKind::Restore:
+      return "restore";
+    case DeedKind::Install:
+      return "install";
+    case DeedKind::LookFor:
+      return "look-for";
+    case DeedKind::Rename:
+      return "rename";
+    case DeedKind::Unhide:
+      return "unhide";
+    case DeedKind::Repack:
+      return "repack";
+    case DeedKind::EditPanel:
+      return "edit-panel";
   }
-  return required;
+  return "";
+}
+
+Json JsonOf(const RequiredFile& file) {
+  return {{"name", file.name}, {"entries", file.entries}, {"aircraft", file.aircraft}};
+}
+
+Json JsonOf(const LocalMachine& machine, const Hint& hint, const CommandStyle& style) {
+  const Deed deed = DeedFor(hint);
+  Json json{{"kind", NameOf(hint.kind)}};
+  if (hint.kind == HintKind::InSpareGauges) json["exact_name"] = !hint.only_holds_name;
+  json.update(JsonOfPath(machine, hint.path));
+  if (!hint.wanted.empty()) json["wanted"] = hint.wanted;
+  if (!hint.nearest.empty()) json["nearest"] = hint.nearest;
+  json["text"] = LineOf(hint, style);
+  json["deed"] = {{"kind", NameOf(deed.kind)}, {"text", TextOf(deed, style)}};
+  return json;
 }
 
 // ISO 8601 in UTC.
@@ -84,18 +106,17 @@ Json JsonOf(const LocalMachine& machine, const Candidate& candidate) {
 Json JsonOf(const LocalMachine& machine, const Offer& offer) {
   Json json = JsonOf(machine, *offer.candidate);
   json["exact_name"] = offer.has_exact_name;
+  json["name_is_taken"] = offer.name_is_taken;
   json["satisfies"] = offer.entries;
   return json;
 }
 
-// The candidates for each required file.
-using Offers = std::vector<std::vector<Offer>>;
-
-// One of them with all that it satisfies, of whichever file.
-Json JsonOfChosen(const LocalMachine& machine, const Candidate& candidate, const Offers& offers) {
+// One with all that it satisfies, of whichever file.
+Json JsonOfChosen(const LocalMachine& machine, const Candidate& candidate,
+                  const FindResult& result) {
   Offer whole;
   whole.candidate = &candidate;
-  for (const std::vector<Offer>& of_file : offers) {
+  for (const std::vector<Offer>& of_file : result.offers) {
     for (const Offer& offer : of_file) {
       if (offer.candidate != &candidate) continue;
       whole.has_exact_name |= offer.has_exact_name;
@@ -105,12 +126,20 @@ Json JsonOfChosen(const LocalMachine& machine, const Candidate& candidate, const
   return JsonOf(machine, whole);
 }
 
-Json FoundJson(const LocalMachine& machine, const FindResult& result, const Offers& offers) {
+Json FoundJson(const LocalMachine& machine, const FindResult& result) {
   Json array = Json::array();
-  for (std::size_t i = 0; i < offers.size(); ++i) {
-    Json required = JsonOf(machine, result.required[i], nullptr);
+  for (std::size_t i = 0; i < result.required.size(); ++i) {
+    Json required = JsonOf(result.required[i]);
     required["candidates"] = Json::array();
-    for (const Offer& offer : offers[i]) required["candidates"].push_back(JsonOf(machine, offer));
+    for (const Offer& offer : result.offers[i]) {
+      required["candidates"].push_back(JsonOf(machine, offer));
+    }
+    required["near"] = Json::array();
+    for (const auto& [candidate, likeness, in_the_way] : result.near_offers[i]) {
+      required["near"].push_back(JsonOf(machine, *candidate));
+      required["near"].back()["differs"] = DifferenceText(likeness);
+      required["near"].back()["name_is_taken"] = !in_the_way.empty();
+    }
     array.push_back(std::move(required));
   }
   return array;
@@ -129,11 +158,11 @@ Json PassedOverJson(const LocalMachine& machine, const std::vector<PassedOver>& 
 }
 
 // What is missing at the end; null where an installation was not followed by a probe.
-Json MissingJson(const LocalMachine& machine, const CommandLine& line, const FindResult& result) {
+Json MissingJson(const CommandLine& line, const FindResult& result) {
   if (!result.still_required && !line.dry_run && !result.installed.empty()) return nullptr;
   Json array = Json::array();
   for (const RequiredFile& file : result.still_required.value_or(result.required)) {
-    array.push_back(JsonOf(machine, file, nullptr));
+    array.push_back(JsonOf(file));
   }
   return array;
 }
@@ -158,34 +187,39 @@ Json JsonOf(const std::vector<OtherwiseNamedFile>& files) {
   return array;
 }
 
-Json JsonOf(const LocalMachine& machine, const GaugeReport& report, const HintFinder* hints) {
+Json JsonOf(const LocalMachine& machine, const GaugeReport& report, const Hints* hints) {
   Json missing = Json::array();
-  for (const RequiredFile& file : RequiredFilesOf(report)) {
-    missing.push_back(JsonOf(machine, file, hints));
+  const auto required = hints != nullptr ? hints->required : RequiredFilesOf(report);
+  for (std::size_t i = 0; i < required.size(); ++i) {
+    missing.push_back(JsonOf(required[i]));
+    if (hints == nullptr) continue;
+    missing.back()["hints"] = Json::array();
+    for (const Hint& hint : hints->of_files[i]) {
+      missing.back()["hints"].push_back(JsonOf(machine, hint, hints->style));
+    }
   }
   return {{"panels", JsonOf(report.panels)}, {"missing", std::move(missing)}};
 }
 
-Json JsonOf(LocalMachine& machine, const CommandLine& line, const FindResult& result) {
-  Offers offers;
-  for (const RequiredFile& file : result.required) {
-    offers.push_back(OffersFor(file, result.pool, machine.Services().text));
-  }
+Json JsonOf(const LocalMachine& machine, const CommandLine& line, const FindResult& result) {
   Json installed = Json::array();
-  for (const Candidate* candidate : result.installed) {
-    installed.push_back(JsonOfChosen(machine, *candidate, offers));
+  for (const InstalledFile& file : result.installed) {
+    installed.push_back(JsonOfChosen(machine, *file.candidate, result));
+    installed.back()["aircraft"] = file.aircraft;
+    installed.back()["others"] = file.others;
+    installed.back()["choice"] = file.others > 0 ? Json(ChoiceText(file)) : Json();
   }
   Json not_installed = Json::array();
   for (const auto& [candidate, fault] : result.failed) {
-    not_installed.push_back(JsonOfChosen(machine, *candidate, offers));
+    not_installed.push_back(JsonOfChosen(machine, *candidate, result));
     not_installed.back()["reason"] = FaultText(fault);
   }
-  return {{"found", FoundJson(machine, result, offers)},
+  return {{"found", FoundJson(machine, result)},
           {"passed_over", PassedOverJson(machine, result.passed_over)},
           {"dry_run", line.dry_run},
           {"installed", std::move(installed)},
           {"not_installed", std::move(not_installed)},
-          {"missing", MissingJson(machine, line, result)}};
+          {"missing", MissingJson(line, result)}};
 }
 
 }  // namespace panelkit

@@ -1,17 +1,26 @@
 // What the commands found, as JSON; docs/json.md describes the shape.
 #pragma once
 
+#include <vector>
+
 #include "console/command_line.h"
 #include "console/json.h"
 #include "gauges/gauge_report.h"
+#include "search/deeds.h"
 #include "search/find_result.h"
-#include "search/hints.h"
 
 namespace panelkit {
 
-/// The panels of a probe or of all gauges, and the missing files; with what `hints` knows about
-/// these, unless it is nullptr.
-Json JsonOf(const LocalMachine& machine, const GaugeReport& report, const HintFinder* hints);
+/// The hints about the missing files of a report.
+struct Hints {
+  std::vector<RequiredFile> required;
+  std::vector<std::vector<Hint>> of_files;  ///< Beside each of `required`.
+  CommandStyle style;
+};
+
+/// The panels of a probe or of all gauges, and the missing files; these with `hints`, unless it is
+/// nullptr.
+Json JsonOf(const LocalMachine& machine, const GaugeReport& report, const Hints* hints);
 
 /// Files that panels name in a way which the reports do not read.
 Json JsonOf(const std::vector<OtherwiseNamedFile>& files);
@@ -20,6 +29,6 @@ Json JsonOf(const std::vector<OtherwiseNamedFile>& files);
 Json JsonOf(const Mention& mention);
 
 /// What find found, installed and still misses.
-Json JsonOf(LocalMachine& machine, const CommandLine& line, const FindResult& result);
+Json JsonOf(const LocalMachine& machine, const CommandLine& line, const FindResult& result);
 
 }  // namespace panelkit

@@ -34,24 +34,39 @@ Json DoubtfulJson(const std::vector<DoubtfulEntry>& entries) {
   return array;
 }
 
-std::string TextOf(const GaugeReport& report, const Text& text, const HintFinder* hints,
-                   bool careful) {
+std::string TextOf(const GaugeReport& report, const Text& text, const Hints* hints, bool careful) {
   Lines lines;
-  const auto required = hints != nullptr ? RequiredFilesOf(report) : std::vector<RequiredFile>();
   const auto add = [&](std::string_view line) { lines.Add(line); };
-  const auto add_hints = [&](std::size_t position) {
-    for (const Hint& hint : hints->HintsFor(required[position])) {
-      lines.Add("        " + hints->LineOf(hint));
+  TellReport(report, text, add, [&](std::size_t position) {
+    if (hints == nullptr) return;
+    for (const Hint& hint : hints->of_files[position]) {
+      lines.Add("        " + LineOf(hint, hints->style));
     }
-  };
-  if (hints != nullptr) {
-    TellReport(report, text, add, add_hints);
-  } else {
-    TellReport(report, text, add);
-  }
+  });
   if (hints != nullptr) TellDoubtful(Doubtful(report, text), lines);
   if (careful) TellOtherwiseNamed(report.otherwise_named, add);
   return lines.Take();
+}
+
+// Looks for hints about each file, with progress on the terminal; Ctrl-C ends it by an
+// Interruption.
+Hints FindHints(const LocalMachine& machine, const CommandLine& line, const Machine& services,
+                const std::string& simulator, const GaugeReport& report) {
+  ProgressLine progress;
+  const auto go_on = [&](const std::string& what) {
+    progress.Say("Looking for hints: " + what);
+    if (terminal::Interrupted()) throw Interruption{};
+    return true;
+  };
+  const HintFinder finder(
+      services, simulator, FoldersOf(simulator, services.files.AppFolder()), report,
+      [&](const SearchProgress& so_far) { return go_on(std::to_string(so_far.files) + " files"); });
+  Hints hints{RequiredFilesOf(report), {}, StyleFor(machine, line)};
+  for (const RequiredFile& file : hints.required) {
+    hints.of_files.push_back(finder.HintsFor(file));
+    go_on(std::to_string(hints.of_files.size()) + " of " + std::to_string(hints.required.size()));
+  }
+  return hints;
 }
 
 }  // namespace
@@ -72,11 +87,9 @@ Outcome ReportCommand(LocalMachine& machine, const CommandLine& line,
   if (otherwise_named > 0 && !lists_them) {
     outcome.complaints.push_back(OtherwiseNamedText(otherwise_named));
   }
-  std::optional<HintFinder> finder;
-  if (line.hints) {
-    finder.emplace(services, simulator, FoldersOf(simulator, services.files.AppFolder()));
-  }
-  const HintFinder* hints = finder ? &*finder : nullptr;
+  std::optional<Hints> found;
+  if (line.hints) found = FindHints(machine, line, services, simulator, *report);
+  const Hints* hints = found ? &*found : nullptr;
   if (line.format == Format::Html) {
     program.PrintPageInto(outcome);
   } else if (line.format == Format::Json) {

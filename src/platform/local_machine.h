@@ -35,6 +35,9 @@ class LocalMachine {
   /// "bin" folder.
   virtual std::string PictureFolder() const = 0;
 
+  /// The folder that the user's downloads go to, by its native path; empty if there is none.
+  virtual std::string DownloadFolder() const = 0;
+
   /// How Files::AppFolder was chosen, as one line for the user: "the program's own folder",
   /// "your own folder, since you may not write to /opt/panelkit".
   virtual std::string AppFolderOrigin() const = 0;

@@ -4,13 +4,14 @@
 #include <cstddef>
 #include <cstdint>
 #include <deque>
-#include <set>
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "gauges/gauge_table.h"
 #include "platform/text.h"
+#include "search/required_files.h"
 
 namespace panelkit {
 
@@ -22,7 +23,7 @@ struct Candidate {
                                     ///< empty for a plain file.
   std::uint64_t size = 0;           ///< Bytes.
   std::int64_t modified = 0;        ///< Seconds since 1970, UTC.
-  bool is_renamed = false;          ///< `name` is its OriginalName: it has another one now.
+  bool is_renamed = false;          ///< It has another name than `name` now.
 };
 
 /// Candidates with the rows that each would add to the table of installed gauges. Whether one
@@ -36,8 +37,17 @@ class CandidatePool {
   /// `rows` are those of the cabinet alone. One without rows can satisfy nothing and is left out.
   void AddCabinet(Candidate candidate, const GaugeTable& rows);
 
-  /// Takes a candidate of this pool out of all answers but All.
-  void Reject(const Candidate* candidate) { rejected_.insert(candidate); }
+  /// Whether `candidate`, one of this pool, would satisfy an entry if it had the file's name.
+  bool WouldSatisfyAs(const RequiredFile& required, const Candidate& candidate) const;
+
+  /// Adds `candidate`, one of this pool, once more under the name of a required file; a cabinet
+  /// with those of its gauges that are wanted. Null if that satisfies nothing, or no file can have
+  /// the name.
+  const Candidate* AddAs(const RequiredFile& required, const Candidate& candidate);
+
+  /// The cabinets that hold exactly the gauges that the file's entries name, and whose name none
+  /// of these entries has.
+  std::vector<const Candidate*> WithExactlyTheGaugesOf(const RequiredFile& required) const;
 
   /// Their addresses stay valid as long as the pool.
   const std::deque<Candidate>& All() const { return candidates_; }
@@ -51,12 +61,20 @@ class CandidatePool {
     GaugeTable table;
     std::vector<const Candidate*> owners;  // Of the table's rows.
   };
+  using Gauges = std::vector<std::string>;  // Lowered, in ascending order, each once.
+
   void AddRow(std::string_view origin, std::string_view key);
+  Gauges GaugesOf(const RequiredFile& required) const;
+  Gauges WantedGaugesIn(const Candidate& cabinet, const RequiredFile& required) const;
+  bool IsCabinet(const Candidate& candidate) const {
+    return gauges_of_cabinets_.contains(&candidate);
+  }
 
   const Text& text_;
   std::deque<Candidate> candidates_;
   std::vector<Batch> batches_;
-  std::set<const Candidate*> rejected_;
+  std::map<Gauges, std::vector<const Candidate*>> cabinets_;
+  std::map<const Candidate*, const Gauges*> gauges_of_cabinets_;
 };
 
 }  // namespace panelkit

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "cabinet/entry_name.h"
 #include "search/cabinet_listing.h"
 #include "search/gauge_names.h"
 #include "search/reasons.h"
@@ -25,10 +24,6 @@ bool LeadsOut(std::string_view name) {
     if (separator == std::string_view::npos) return false;
     name.remove_prefix(separator + 1);
   }
-}
-
-bool NamesAFile(std::string_view name) {
-  return IsSafeEntryName(name) && name.find_first_of("*?<>|\"") == std::string_view::npos;
 }
 
 /// Why an entry must not be read; empty if it may be.

@@ -1,19 +1,203 @@
 #include "search/find_result.h"
 
+#include <algorithm>
+#include <iterator>
+#include <numeric>
+#include <set>
+#include <utility>
+
+#include "gauges/gauge_file.h"
+#include "search/gauge_names.h"
+
 namespace panelkit {
+namespace {
+
+// Reads what `offers` has and takes out of them, and passes over, what is unfit.
+void DropUnfit(const Machine& machine, const std::vector<std::size_t>& places, FindResult& result) {
+  std::vector<const Candidate*> candidates;
+  for (const std::size_t place : places) {
+    for (const Offer& offer : result.offers[place]) {
+      if (!result.contents.contains(offer.candidate)) candidates.push_back(offer.candidate);
+    }
+  }
+  ContentCheck check = CheckContents(machine, candidates);
+  result.contents.merge(check.contents);
+  std::move(check.unfit.begin(), check.unfit.end(), std::back_inserter(result.passed_over));
+  for (const std::size_t place : places) {
+    std::erase_if(result.offers[place],
+                  [&](const Offer& offer) { return !result.contents.contains(offer.candidate); });
+  }
+}
+
+// The places of the required files that nothing is offered for.
+std::vector<std::size_t> WithoutOffers(const FindResult& result) {
+  std::vector<std::size_t> places;
+  for (std::size_t place = 0; place < result.required.size(); ++place) {
+    if (result.offers[place].empty()) places.push_back(place);
+  }
+  return places;
+}
+
+// What was added to the pool under the name of the required file at a place.
+using Renamed = std::vector<std::pair<std::size_t, const Candidate*>>;
+
+void OfferRenamed(const Machine& machine, const std::string& gauges, const Renamed& renamed,
+                  FindResult& result) {
+  std::vector<std::size_t> places;
+  for (const auto& [place, candidate] : renamed) {
+    for (Offer& offer : OffersFor(result.required[place], result.pool, machine, gauges)) {
+      if (offer.candidate == candidate) result.offers[place].push_back(std::move(offer));
+    }
+    places.push_back(place);
+  }
+  DropUnfit(machine, places, result);
+}
+
+// Cabinets of other names with exactly the gauges that are wanted.
+Renamed AddSameCabinets(const Text& text, FindResult& result) {
+  Renamed renamed;
+  for (const std::size_t place : WithoutOffers(result)) {
+    const RequiredFile& required = result.required[place];
+    for (const Candidate* cabinet : result.pool.WithExactlyTheGaugesOf(required)) {
+      if (result.named.contains(text.Lower(LessExtension(cabinet->name)))) continue;
+      if (const Candidate* added = result.pool.AddAs(required, *cabinet)) {
+        renamed.emplace_back(place, added);
+      }
+    }
+  }
+  return renamed;
+}
+
+bool IsOneFile(const CandidatePool& pool) {
+  const auto& all = pool.All();
+  return std::all_of(all.begin(), all.end(), [&](const Candidate& candidate) {
+    return candidate.path == all.front().path && candidate.inside == all.front().inside;
+  });
+}
+
+// Those that the user accepts for required files: the one of nearly the name, or else the only one
+// that there is.
+Renamed AddAccepted(const Text& text, const std::vector<std::string>& accepted,
+                    FindResult& result) {
+  Renamed renamed;
+  const bool is_one_file = !result.pool.All().empty() && IsOneFile(result.pool);
+  for (const std::size_t place : WithoutOffers(result)) {
+    const RequiredFile& required = result.required[place];
+    const bool is_accepted = std::any_of(
+        accepted.begin(), accepted.end(),
+        [&](const std::string& name) { return text.Lower(name) == text.Lower(required.name); });
+    if (!is_accepted) continue;
+    const auto& near = result.near_offers[place];
+    const Candidate* candidate = !near.empty() ? near.front().candidate
+                                 : is_one_file ? &result.pool.All().front()
+                                               : nullptr;
+    if (candidate == nullptr) continue;
+    if (const Candidate* added = result.pool.AddAs(required, *candidate)) {
+      renamed.emplace_back(place, added);
+    }
+  }
+  return renamed;
+}
+
+void FindNearOffers(const Machine& machine, const std::string& gauges, FindResult& result) {
+  NearNames names(machine.text);
+  std::vector<const Candidate*> candidates;
+  for (const Candidate& candidate : result.pool.All()) {
+    const std::string stem = LessExtension(candidate.name);
+    if (result.named.contains(machine.text.Lower(stem))) continue;
+    names.Add(stem);
+    candidates.push_back(&candidate);
+  }
+  std::vector<const Candidate*> near;
+  for (const std::size_t place : WithoutOffers(result)) {
+    const RequiredFile& required = result.required[place];
+    const auto would_help = [&](std::size_t number) {
+      return result.pool.WouldSatisfyAs(required, *candidates[number]);
+    };
+    for (const auto& [number, likeness] : names.LikeThis(required.name, would_help)) {
+      const std::string& now = candidates[number]->name;
+      std::string name = required.name + now.substr(now.size() - kExtensionLength);
+      const bool is_taken = machine.files.Exists(gauges + "\\" + name);
+      result.near_offers[place].push_back(
+          {candidates[number], likeness, is_taken ? std::move(name) : std::string()});
+      near.push_back(candidates[number]);
+    }
+  }
+  ContentCheck check = CheckContents(machine, near);
+  result.contents.merge(check.contents);
+  for (auto& offers : result.near_offers) {
+    std::erase_if(
+        offers, [&](const NearOffer& offer) { return !result.contents.contains(offer.candidate); });
+  }
+}
+
+// What the installed candidate fills, and what it was chosen from.
+InstalledFile Described(const Candidate& candidate, const FindResult& result, const Text& text) {
+  InstalledFile file{&candidate, {}};
+  std::set<std::uint64_t> others;
+  std::optional<Advantage> advantage;
+  const std::uint64_t content = result.contents.at(&candidate);
+  for (std::size_t place = 0; place < result.required.size(); ++place) {
+    const RequiredFile& required = result.required[place];
+    const auto& offers = result.offers[place];
+    const auto own = std::find_if(offers.begin(), offers.end(), [&](const Offer& offer) {
+      return offer.candidate == &candidate;
+    });
+    if (own == offers.end()) continue;
+    for (std::size_t i = 0; i < required.entries.size(); ++i) {
+      const std::string& entry = required.entries[i];
+      if (std::find(own->entries.begin(), own->entries.end(), entry) == own->entries.end())
+        continue;
+      for (const std::string& name : required.aircraft[i]) {
+        if (std::find(file.aircraft.begin(), file.aircraft.end(), name) == file.aircraft.end()) {
+          file.aircraft.push_back(name);
+        }
+      }
+    }
+    for (auto offer = offers.begin(); offer != offers.end(); ++offer) {
+      const std::uint64_t other = result.contents.at(offer->candidate);
+      if (other == content || text.Lower(offer->candidate->name) != text.Lower(candidate.name)) {
+        continue;
+      }
+      if (others.insert(other).second && offer > own && !advantage) {
+        advantage = AdvantageOver(*own, *offer);
+      }
+    }
+  }
+  file.others = others.size();
+  file.advantage = advantage.value_or(Advantage::FirstMet);
+  return file;
+}
+
+}  // namespace
+
+void FindOffers(const Machine& machine, const std::string& gauges,
+                const std::vector<std::string>& accepted, FindResult& result) {
+  std::vector<std::size_t> all(result.required.size());
+  std::iota(all.begin(), all.end(), std::size_t{0});
+  result.near_offers.resize(all.size());
+  for (const RequiredFile& required : result.required) {
+    result.offers.push_back(OffersFor(required, result.pool, machine, gauges));
+  }
+  DropUnfit(machine, all, result);
+  OfferRenamed(machine, gauges, AddSameCabinets(machine.text, result), result);
+  FindNearOffers(machine, gauges, result);
+  OfferRenamed(machine, gauges, AddAccepted(machine.text, accepted, result), result);
+}
 
 void InstallBest(const Machine& machine, const std::string& gauges, bool dry_run,
                  const StopRequest& stop, FindResult& result) {
-  ForEachChoice(result.required, result.pool, machine, gauges, [&](const Candidate& candidate) {
+  const auto take = [&](const Candidate& candidate) {
     if (stop()) return false;
     const InstallFault fault = dry_run ? InstallFault::None : Install(machine, candidate, gauges);
     if (fault == InstallFault::None) {
-      result.installed.push_back(&candidate);
+      result.installed.push_back(Described(candidate, result, machine.text));
     } else {
       result.failed.push_back({&candidate, fault});
     }
     return fault == InstallFault::None;
-  });
+  };
+  ForEachChoice(result.required, result.offers, machine.text, take);
 }
 
 std::string LocationText(std::string path, const std::vector<std::string>& inside) {
@@ -30,6 +214,23 @@ std::string FaultText(InstallFault fault) {
     default:
       return "it could not be copied";
   }
+}
+
+std::string ChoiceText(const InstalledFile& file) {
+  if (file.others == 0) return {};
+  const std::string of_all = " of " + std::to_string(file.others + 1) + " with that name";
+  switch (file.advantage) {
+    case Advantage::ExactName:
+    case Advantage::NotRenamed:
+      return "the one" + of_all + " that was not renamed";
+    case Advantage::MoreEntries:
+      return "the one" + of_all + " with most of the gauges";
+    case Advantage::Newer:
+      return "the newest" + of_all;
+    case Advantage::FirstMet:
+      return "one" + of_all;
+  }
+  return {};
 }
 
 }  // namespace panelkit

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "cabinet/entry_name.h"
 #include "gauges/gauge_file.h"
 #include "text/matching.h"
 
@@ -66,6 +67,12 @@ std::string OriginalName(std::string_view name) {
   }
   const std::string original = std::string(stem) + std::string(extension);
   return original == given ? std::string() : original;
+}
+
+bool NamesAFile(std::string_view name) {
+  return IsSafeEntryName(name) && name.find_first_of("\\*?<>|\"") == std::string_view::npos &&
+         std::none_of(name.begin(), name.end(),
+                      [](char c) { return static_cast<unsigned char>(c) < 0x20; });
 }
 
 std::string_view FileNameOf(std::string_view path) {

@@ -23,6 +23,9 @@ FileKind KindOf(std::string_view name);
 /// name.
 std::string OriginalName(std::string_view name);
 
+/// Whether a file can have this plain name on every system, and nothing else is named by it.
+bool NamesAFile(std::string_view name);
+
 /// The text behind the last backslash.
 std::string_view FileNameOf(std::string_view path);
 

@@ -3,11 +3,14 @@
 
 #include <cstddef>
 #include <string>
+#include <unordered_set>
 #include <vector>
 
 #include "gauges/gauge_mover.h"
+#include "gauges/gauge_report.h"
 #include "platform/machine.h"
 #include "search/candidate_pool.h"
+#include "search/candidate_search.h"
 #include "search/near_name.h"
 #include "search/required_files.h"
 
@@ -18,11 +21,12 @@ enum class HintKind {
   InSpareGauges,   ///< A file that satisfies an entry lies in SpareGauges.
   Elsewhere,       ///< One lies in the simulator, but not in Gauges itself.
   Hidden,          ///< One lies in Gauges, but is hidden or a system file.
-  OtherExtension,  ///< Gauges has a file of the required name that is neither .gau nor .cab.
-  NotACabinet,     ///< Gauges has a .cab file that is a program library, as gauge files are.
+  OtherExtension,  ///< Gauges has it under the required name, but with another ending.
+  NotACabinet,     ///< Gauges has a .cab file that is none.
   LacksEntry,      ///< Gauges has the cabinet, but without the gauge.
   DamagedCabinet,  ///< Gauges has the cabinet, but it cannot be read to its end.
   Misnamed,        ///< A file that satisfies an entry has been renamed, as by a browser.
+  SameEntries,     ///< A cabinet of another name holds exactly the gauges that are wanted.
   EndingInPanel,   ///< The panel names the file with its ending, which does not belong there.
   NearName,        ///< A gauge file or cabinet has nearly the required name.
 };
@@ -30,53 +34,65 @@ enum class HintKind {
 /// One fact.
 struct Hint {
   HintKind kind = HintKind::Elsewhere;
-  std::string path;             ///< Windows path of the file that was seen.
-  std::string wanted = {};      ///< LacksEntry: the gauge; empty if the panel names the file alone.
-  std::string right_name = {};  ///< Misnamed, OtherExtension: what to rename the file to.
-                                ///< EndingInPanel: what the panel should say.
-  std::string nearest = {};     ///< LacksEntry: the entry most like it. DamagedCabinet: the last
-                                ///< that can be read. Empty if there is none.
-  std::size_t entries = 0;      ///< DamagedCabinet: how many can be read.
-  bool ending_is_wrong = false;        ///< LacksEntry: `nearest` is the gauge, but not with ".xml".
-  Likeness likeness = Likeness::None;  ///< NearName.
-  bool name_is_taken = false;          ///< InSpareGauges: Gauges has another file of that name.
-  bool only_holds_name = false;        ///< InSpareGauges: its own name is a longer one.
+  std::string path = {};      ///< Windows path of the file that was seen; empty of EndingInPanel.
+  std::string place = {};     ///< The same as it is told: below the simulator's folder.
+  std::string required = {};  ///< The required file.
+  std::string wanted = {};    ///< LacksEntry: the gauge; empty if the panel names the file alone.
+  /// Misnamed, OtherExtension: the file name that it should have. NotACabinet: that too, if it has
+  /// one. EndingInPanel: what the panel should say.
+  std::string right_name = {};
+  std::string nearest = {};  ///< LacksEntry: the entry most like it. DamagedCabinet: the last that
+                             ///< can be read. Empty if there is none.
+  std::string reason = {};   ///< NotACabinet, DamagedCabinet without entries: what it is instead.
+  std::size_t entries = 0;   ///< DamagedCabinet: how many can be read.
+  bool ending_is_wrong = false;  ///< LacksEntry: `nearest` is the gauge, but not with ".xml".
+  bool is_archive = false;       ///< OtherExtension: it may hold the file.
+  bool is_in_gauges = false;     ///< The file lies in Gauges itself.
+  bool only_holds_name = false;  ///< InSpareGauges: its own name is a longer one.
+  std::string in_the_way = {};   ///< What Gauges has under the name that the file would get there.
+  Likeness likeness = Likeness::Separators;  ///< NearName.
 };
 
 /// Answers for one state of the disk, which it reads when it is made.
 class HintFinder {
  public:
-  /// `folders` are the Gauges and SpareGauges folders of the simulator `FSPath`.
-  HintFinder(const Machine& machine, std::string FSPath, GaugeFolders folders);
+  /// `folders` are the Gauges and SpareGauges folders of the simulator `FSPath`, of which `report`
+  /// is a probe. `on_progress` hears of the search through both; its exceptions come out of here.
+  HintFinder(const Machine& machine, std::string FSPath, GaugeFolders folders,
+             const GaugeReport& report, CandidateSearch::OnProgress on_progress);
 
   /// What would satisfy an entry comes first, then what stands in the required file's place, then
-  /// what may be the same file under a slightly different name.
+  /// what may be the same file under a slightly different name, which no panel names.
   std::vector<Hint> HintsFor(const RequiredFile& required) const;
 
-  /// A hint as one line for the user.
-  std::string LineOf(const Hint& hint) const;
-
  private:
-  struct NamedFile {
+  struct InGauges {
+    std::string lowered;  // The name.
     std::string path;
-    ComparableName stem;
   };
 
   void ReadGauges();
+  Hint NewHint(HintKind kind, const RequiredFile& required, const std::string& path) const;
   void AddSatisfying(const RequiredFile& required, std::vector<Hint>& hints) const;
   void AddInPlace(const RequiredFile& required, std::vector<Hint>& hints) const;
+  void AddOtherExtension(const RequiredFile& required, const std::string& path,
+                         std::vector<Hint>& hints) const;
   void AddCabinet(const RequiredFile& required, const std::string& path,
                   std::vector<Hint>& hints) const;
+  void AddSameEntries(const RequiredFile& required, std::vector<Hint>& hints) const;
   void AddNearNames(const RequiredFile& required, std::vector<Hint>& hints) const;
+  std::string InTheWay(const std::string& name) const;
   bool IsIn(const std::string& folder, const std::string& path) const;
   std::string RelativePath(const std::string& path) const;
 
   const Machine& machine_;
   std::string FSPath_;
   GaugeFolders folders_;
+  std::unordered_set<std::string> named_;  // As NamedFileParts.
   CandidatePool pool_;
-  std::vector<std::string> in_gauges_;  // Paths of the files in Gauges itself.
-  std::vector<NamedFile> gauge_files_;  // All gauge files and cabinets that were met.
+  std::vector<InGauges> in_gauges_;  // The files in Gauges itself, by `lowered`.
+  NearNames near_names_;             // Of all candidates that no panel names.
+  std::vector<const Candidate*> near_candidates_;
 };
 
 }  // namespace panelkit

@@ -1,21 +1,23 @@
 #include "search/near_name.h"
 
 #include <algorithm>
-#include <cstdint>
+#include <bitset>
 #include <numeric>
-#include <vector>
 
 namespace panelkit {
 namespace {
 
+constexpr std::size_t kMostMatches = 3;
+constexpr std::size_t kLargestDistance = 2;
+
 // The characters of a UTF-8 text, each as its bytes in one number.
-std::vector<std::uint32_t> Characters(std::string_view text) {
-  std::vector<std::uint32_t> characters;
+std::u32string Characters(std::string_view text) {
+  std::u32string characters;
   for (const char c : text) {
     const auto byte = static_cast<unsigned char>(c);
     const bool goes_on = (byte & 0xC0U) == 0x80U && !characters.empty();
     if (goes_on) {
-      characters.back() = characters.back() << 8U | byte;
+      characters.back() = static_cast<char32_t>(characters.back() << 8U | byte);
     } else {
       characters.push_back(byte);
     }
@@ -23,19 +25,9 @@ std::vector<std::uint32_t> Characters(std::string_view text) {
   return characters;
 }
 
-// Whether the lengths alone put the distance above the limit: a character has at most 4 bytes.
-bool LengthsDiffer(std::string_view a, std::string_view b, std::size_t limit) {
-  const std::size_t difference = a.size() > b.size() ? a.size() - b.size() : b.size() - a.size();
-  return difference > 4 * limit;
-}
-
-}  // namespace
-
 // By Wagner and Fischer, one row of their table after the other.
-std::optional<std::size_t> EditDistance(std::string_view a, std::string_view b, std::size_t limit) {
-  if (LengthsDiffer(a, b, limit)) return std::nullopt;
-  const auto from = Characters(a);
-  const auto to = Characters(b);
+std::optional<std::size_t> Distance(std::u32string_view from, std::u32string_view to,
+                                    std::size_t limit) {
   std::vector<std::size_t> row(to.size() + 1);
   std::iota(row.begin(), row.end(), std::size_t{0});
   for (std::size_t i = 0; i < from.size(); ++i) {
@@ -53,40 +45,101 @@ std::optional<std::size_t> EditDistance(std::string_view a, std::string_view b, 
   return row.back() <= limit ? std::optional(row.back()) : std::nullopt;
 }
 
-namespace {
+// One edit changes the parity of at most two letters.
+bool MayBeNear(std::uint64_t a, std::uint64_t b) {
+  return std::bitset<64>(a ^ b).count() <= 2 * kLargestDistance;
+}
 
-std::string WithoutDigits(std::string_view name) {
-  std::string rest(name);
-  std::erase_if(rest, [](char c) { return c >= '0' && c <= '9'; });
-  return rest;
+std::uint64_t ParityBit(char32_t letter) {
+  return std::uint64_t{1} << (letter * 0x9E3779B1U >> 26U);
 }
 
 // Whether two names differ in the numbers that count them up: "VOR1" and "VOR2".
-bool AreCounted(std::string_view a, std::string_view b) {
-  const std::string rest = WithoutDigits(a);
-  return rest.size() < a.size() && rest.size() != b.size() && rest == WithoutDigits(b);
+bool AreCounted(const std::u32string& a, const std::u32string& b) {
+  const auto without_digits = [](std::u32string name) {
+    std::erase_if(name, [](char32_t c) { return c >= '0' && c <= '9'; });
+    return name;
+  };
+  const std::u32string rest = without_digits(a);
+  return rest.size() < a.size() && rest.size() < b.size() && rest == without_digits(b);
 }
 
 }  // namespace
 
-ComparableName::ComparableName(const Text& text, std::string_view name)
-    : lowered_(text.Lower(name)),
-      letters_(Characters(lowered_).size()),
-      without_separators_(lowered_) {
-  std::erase_if(without_separators_, [](char c) { return c == ' ' || c == '_' || c == '-'; });
+std::optional<std::size_t> EditDistance(std::string_view a, std::string_view b, std::size_t limit) {
+  return Distance(Characters(a), Characters(b), limit);
 }
 
-Likeness ComparableName::LikenessTo(const ComparableName& other) const {
-  if (lowered_ == other.lowered_) return Likeness::None;
-  if (!without_separators_.empty() && without_separators_ == other.without_separators_) {
-    return Likeness::Separators;
+std::string DifferenceText(Likeness likeness) {
+  switch (likeness) {
+    case Likeness::Separators:
+      return R"(in blanks, "_" and "-" alone)";
+    case Likeness::OneLetter:
+      return "in one letter";
+    case Likeness::TwoLetters:
+      return "in two letters";
   }
-  if (AreCounted(lowered_, other.lowered_)) return Likeness::None;
-  const auto distance = EditDistance(lowered_, other.lowered_, 2);
-  if (!distance || *distance * 2 >= std::min(letters_, other.letters_)) {
-    return Likeness::None;
-  }
+  return {};
+}
+
+NearNames::Name NearNames::Prepared(std::string_view name) const {
+  Name prepared{Characters(text_.Lower(name)), {}, 0};
+  for (const char32_t letter : prepared.letters) prepared.parities ^= ParityBit(letter);
+  prepared.without_separators = prepared.letters;
+  std::erase_if(prepared.without_separators,
+                [](char32_t c) { return c == ' ' || c == '_' || c == '-'; });
+  return prepared;
+}
+
+void NearNames::Add(std::string_view name) {
+  const Name& added = names_.emplace_back(Prepared(name));
+  const std::size_t number = names_.size() - 1;
+  const std::size_t length = added.letters.size();
+  if (by_length_.size() <= length) by_length_.resize(length + 1);
+  by_length_[length].push_back({added.parities, number});
+  if (!added.without_separators.empty()) by_letters_.emplace(added.without_separators, number);
+}
+
+std::optional<Likeness> NearNames::LikenessOf(const Name& a, const Name& b) {
+  if (AreCounted(a.without_separators, b.without_separators)) return std::nullopt;
+  const auto distance = Distance(a.letters, b.letters, kLargestDistance);
+  const std::size_t shorter = std::min(a.letters.size(), b.letters.size());
+  if (!distance || *distance * 2 >= shorter) return std::nullopt;
   return *distance == 1 ? Likeness::OneLetter : Likeness::TwoLetters;
+}
+
+std::vector<NearNames::Match> NearNames::LikeThis(std::string_view name,
+                                                  const Filter& counts) const {
+  const Name wanted = Prepared(name);
+  std::vector<Match> matches;
+  const auto [begin, end] = by_letters_.equal_range(wanted.without_separators);
+  for (auto same = begin; same != end; ++same) {
+    if (names_[same->second].letters != wanted.letters) {
+      matches.push_back({same->second, Likeness::Separators});
+    }
+  }
+  const std::size_t length = wanted.letters.size();
+  const std::size_t shortest = length - std::min(length, kLargestDistance);
+  const std::size_t behind_longest = std::min(by_length_.size(), length + kLargestDistance + 1);
+  for (std::size_t other = shortest; other < behind_longest; ++other) {
+    for (const Slot& slot : by_length_[other]) {
+      if (!MayBeNear(slot.parities, wanted.parities)) continue;
+      const Name& near = names_[slot.number];
+      if (near.without_separators == wanted.without_separators) continue;
+      if (const auto likeness = LikenessOf(wanted, near))
+        matches.push_back({slot.number, *likeness});
+    }
+  }
+  std::erase_if(matches, [&](const Match& match) { return !counts(match.number); });
+  std::sort(matches.begin(), matches.end(), [](const Match& a, const Match& b) {
+    return std::pair(a.likeness, a.number) < std::pair(b.likeness, b.number);
+  });
+  if (!matches.empty() && matches.front().likeness != Likeness::TwoLetters) {
+    std::erase_if(matches,
+                  [](const Match& match) { return match.likeness == Likeness::TwoLetters; });
+  }
+  matches.resize(std::min(matches.size(), kMostMatches));
+  return matches;
 }
 
 }  // namespace panelkit

@@ -1,10 +1,14 @@
-// How alike two names are.
+// How alike two names are, and which of many are like a given one.
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
+#include <vector>
 
 #include "platform/text.h"
 
@@ -16,25 +20,53 @@ std::optional<std::size_t> EditDistance(std::string_view a, std::string_view b, 
 
 /// In what two different names are nearly the same.
 enum class Likeness {
-  None,
   Separators,  ///< They differ in blanks, "_" and "-" alone.
   OneLetter,   ///< Their edit distance is 1.
   TwoLetters,  ///< Their edit distance is 2.
 };
 
-/// A name made ready for comparing it with many others.
-class ComparableName {
- public:
-  ComparableName(const Text& text, std::string_view name);
+/// A likeness as the end of a sentence that begins "differs".
+std::string DifferenceText(Likeness likeness);
 
-  /// Case is ignored. Names that are equal then have no likeness, nor have short names of which
-  /// half the letters differ.
-  Likeness LikenessTo(const ComparableName& other) const;
+/// Many names, of which those like a given one are found without a closer look at all others. Case
+/// is ignored.
+class NearNames {
+ public:
+  /// A name by its number, in the order of adding from 0.
+  struct Match {
+    std::size_t number = 0;
+    Likeness likeness = Likeness::Separators;
+  };
+
+  explicit NearNames(const Text& text) : text_(text) {}
+
+  void Add(std::string_view name);
+
+  /// Whether the name of this number counts.
+  using Filter = std::function<bool(std::size_t number)>;
+
+  /// The names most like `name`, the nearest first, at most three; those that differ in two letters
+  /// only where none is nearer. Equal names are not alike, nor are short ones of which half the
+  /// letters differ, nor those that differ in numbers alone, as "VOR1" and "VOR2".
+  std::vector<Match> LikeThis(std::string_view name, const Filter& counts) const;
 
  private:
-  std::string lowered_;
-  std::size_t letters_;  // Of lowered_.
-  std::string without_separators_;
+  struct Name {
+    std::u32string letters;  // Lowered.
+    std::u32string without_separators;
+    std::uint64_t parities;  // Bit h: whether the letters of hash h are an odd number.
+  };
+  struct Slot {
+    std::uint64_t parities;
+    std::size_t number;
+  };
+  Name Prepared(std::string_view name) const;
+  static std::optional<Likeness> LikenessOf(const Name& a, const Name& b);
+
+  const Text& text_;
+  std::vector<Name> names_;
+  std::vector<std::vector<Slot>> by_length_;                         // In letters.
+  std::unordered_multimap<std::u32string, std::size_t> by_letters_;  // Without separators.
 };
 
 }  // namespace panelkit

@@ -1,17 +1,10 @@
 #include "search/offers.h"
 
 #include <algorithm>
-#include <iterator>
-#include <map>
-#include <optional>
 #include <set>
 #include <tuple>
-#include <utility>
 
 #include "gauges/gauge_file.h"
-#include "gauges/gauge_mover.h"
-#include "search/gauge_names.h"
-#include "search/reasons.h"
 
 namespace panelkit {
 namespace {
@@ -21,96 +14,11 @@ auto Rank(const Offer& offer) {
                     offer.candidate->modified);
 }
 
-// The content of an entry of an archive; nullopt if it cannot be had.
-class EntryFinder {
- public:
-  EntryFinder(const Candidate& candidate, const ArchiveReader& archives)
-      : candidate_(candidate), archives_(archives) {}
-
-  std::optional<std::string> Find() {
-    archives_.Read(candidate_.path, Taking(0));
-    if (!content_ || candidate_.inside.size() == 1) return std::move(content_);
-    const std::string archive = *std::exchange(content_, std::nullopt);
-    archives_.ReadBytes(archive, Taking(1));
-    return std::move(content_);
-  }
-
- private:
-  // Takes the entry of that level. Names may stand in an archive more than once.
-  OnArchiveEntry Taking(std::size_t level) {
-    const bool is_last = level + 1 == candidate_.inside.size();
-    return [this, level, is_last](const ArchiveEntry& entry, const ReadArchiveEntry& read) {
-      if (!entry.is_plain_file || entry.name != candidate_.inside[level]) return true;
-      if (is_last && (entry.size != candidate_.size || entry.modified != candidate_.modified)) {
-        return true;
-      }
-      content_ = read().bytes;
-      return !content_.has_value();
-    };
-  }
-
-  const Candidate& candidate_;
-  const ArchiveReader& archives_;
-  std::optional<std::string> content_;
-};
-
-using Doubtful = std::vector<const Candidate*>;
-
-// Reads an archive once for all candidates in it, and tells `judge` the content of each that it
-// meets.
-class ContentReader {
- public:
-  using Judge = std::function<void(const Candidate&, const ArchiveContent&)>;
-
-  ContentReader(const ArchiveReader& archives, Judge judge)
-      : archives_(archives), judge_(std::move(judge)) {}
-
-  /// All of `candidates` lie in the archive file `path`. Gives the archive's own fault.
-  ArchiveFault Read(const std::string& path, const Doubtful& candidates) const {
-    return archives_.Read(path, Visiting(candidates, 0));
-  }
-
- private:
-  OnArchiveEntry Visiting(const Doubtful& candidates, std::size_t level) const {
-    return [this, &candidates, level](const ArchiveEntry& entry, const ReadArchiveEntry& read) {
-      Doubtful here;
-      std::copy_if(candidates.begin(), candidates.end(), std::back_inserter(here),
-                   [&](const Candidate* candidate) {
-                     const auto& inside = candidate->inside;
-                     if (!entry.is_plain_file || inside[level] != entry.name) return false;
-                     return level + 1 < inside.size() || (entry.size == candidate->size &&
-                                                          entry.modified == candidate->modified);
-                   });
-      if (!here.empty()) Take(here, read(), level);
-      return true;
-    };
-  }
-
-  void Take(const Doubtful& candidates, const ArchiveContent& content, std::size_t level) const {
-    Doubtful deeper;
-    for (const Candidate* candidate : candidates) {
-      if (level + 1 == candidate->inside.size() || !content.bytes) {
-        judge_(*candidate, content);
-      } else {
-        deeper.push_back(candidate);
-      }
-    }
-    if (!deeper.empty()) archives_.ReadBytes(*content.bytes, Visiting(deeper, level + 1));
-  }
-
-  const ArchiveReader& archives_;
-  Judge judge_;
-};
-
-InstallFault Copy(Files& files, const std::string& source, const std::string& gauges,
-                  const std::string& name) {
-  return CopyGauge(files, source, gauges, name) ? InstallFault::None : InstallFault::CannotCopy;
-}
-
 }  // namespace
 
 std::vector<Offer> OffersFor(const RequiredFile& required, const CandidatePool& pool,
-                             const Text& text) {
+                             const Machine& machine, const std::string& gauges) {
+  const Text& text = machine.text;
   std::vector<Offer> offers;
   for (const std::string& entry : required.entries) {
     for (const Candidate* candidate : pool.ThatSatisfy(entry)) {
@@ -119,7 +27,7 @@ std::vector<Offer> OffersFor(const RequiredFile& required, const CandidatePool& 
       if (offer == offers.end()) {
         const std::string stem = LessExtension(candidate->name);
         const bool exact = text.Lower(stem) == text.Lower(required.name);
-        offer = offers.insert(offers.end(), {candidate, exact, {}});
+        offer = offers.insert(offers.end(), {candidate, exact, false, {}});
       }
       offer->entries.push_back(entry);
     }
@@ -134,68 +42,28 @@ std::vector<Offer> OffersFor(const RequiredFile& required, const CandidatePool& 
     });
     offer = is_there ? offers.erase(offer) : std::next(offer);
   }
+  for (Offer& offer : offers) {
+    offer.name_is_taken = machine.files.Exists(gauges + "\\" + offer.candidate->name);
+  }
   return offers;
 }
 
-std::vector<PassedOver> RejectUnfit(const Machine& machine,
-                                    const std::vector<RequiredFile>& required,
-                                    CandidatePool& pool) {
-  std::map<std::string, Doubtful> by_path;
-  std::set<const Candidate*> known;
-  for (const RequiredFile& file : required) {
-    for (const Offer& offer : OffersFor(file, pool, machine.text)) {
-      const bool is_gauge_file = KindOf(offer.candidate->name) == FileKind::GaugeFile;
-      if (is_gauge_file && known.insert(offer.candidate).second) {
-        by_path[offer.candidate->path].push_back(offer.candidate);
-      }
-    }
-  }
-  std::vector<PassedOver> passed_over;
-  const auto judge = [&](const Candidate& candidate, const ArchiveContent& content) {
-    if (known.erase(&candidate) == 0) return;
-    std::string reason =
-        content.bytes ? ReasonAgainstGaugeFile(*content.bytes) : ReasonOf(content.fault);
-    if (reason.empty()) return;
-    pool.Reject(&candidate);
-    passed_over.push_back({candidate.path, candidate.inside, std::move(reason)});
-  };
-  const ContentReader reader(machine.archives, judge);
-  for (const auto& [path, candidates] : by_path) {
-    ArchiveFault fault = ArchiveFault::Damaged;
-    if (!candidates.front()->inside.empty()) fault = reader.Read(path, candidates);
-    for (const Candidate* candidate : candidates) {
-      if (candidate->inside.empty()) {
-        judge(*candidate, {machine.files.Read(path).bytes, ArchiveFault::Unreadable});
-      } else {
-        // What the reading did not meet.
-        judge(*candidate,
-              {std::nullopt, fault == ArchiveFault::None ? ArchiveFault::Damaged : fault});
-      }
-    }
-  }
-  return passed_over;
+Advantage AdvantageOver(const Offer& a, const Offer& b) {
+  if (a.has_exact_name != b.has_exact_name) return Advantage::ExactName;
+  if (a.candidate->is_renamed != b.candidate->is_renamed) return Advantage::NotRenamed;
+  if (a.entries.size() != b.entries.size()) return Advantage::MoreEntries;
+  return a.candidate->modified != b.candidate->modified ? Advantage::Newer : Advantage::FirstMet;
 }
 
-InstallFault Install(const Machine& machine, const Candidate& candidate,
-                     const std::string& gauges) {
-  if (machine.files.Exists(gauges + "\\" + candidate.name)) return InstallFault::NameTaken;
-  if (candidate.inside.empty()) {
-    return Copy(machine.files, candidate.path, gauges, candidate.name);
-  }
-  const auto bytes = EntryFinder(candidate, machine.archives).Find();
-  const auto unpacked = bytes ? machine.archives.Unpack(*bytes, candidate.modified) : nullptr;
-  if (!unpacked) return InstallFault::CannotRead;
-  return Copy(machine.files, unpacked->Path(), gauges, candidate.name);
-}
-
-void ForEachChoice(const std::vector<RequiredFile>& required, const CandidatePool& pool,
-                   const Machine& machine, const std::string& gauges,
+void ForEachChoice(const std::vector<RequiredFile>& required,
+                   const std::vector<std::vector<Offer>>& all_offers, const Text& text,
                    const std::function<bool(const Candidate&)>& take) {
   std::set<const Candidate*> taken;
   std::set<const Candidate*> refused;
   std::set<std::string> names;  // Of the taken ones, lowered.
-  for (const RequiredFile& file : required) {
-    std::set<std::string_view> open(file.entries.begin(), file.entries.end());
+  for (std::size_t i = 0; i < required.size(); ++i) {
+    const std::vector<Offer>& offers = all_offers[i];
+    std::set<std::string_view> open(required[i].entries.begin(), required[i].entries.end());
     const auto satisfies_open = [&open](const Offer& offer) {
       return std::any_of(offer.entries.begin(), offer.entries.end(),
                          [&open](std::string_view entry) { return open.contains(entry); });
@@ -203,15 +71,14 @@ void ForEachChoice(const std::vector<RequiredFile>& required, const CandidatePoo
     const auto close = [&open](const Offer& offer) {
       for (const std::string_view entry : offer.entries) open.erase(entry);
     };
-    const auto offers = OffersFor(file, pool, machine.text);
     for (const Offer& offer : offers) {
       if (taken.contains(offer.candidate)) close(offer);
     }
     for (const Offer& offer : offers) {
       const Candidate& candidate = *offer.candidate;
-      const std::string name = machine.text.Lower(candidate.name);
+      const std::string name = text.Lower(candidate.name);
       if (!satisfies_open(offer) || names.contains(name) || refused.contains(&candidate) ||
-          machine.files.Exists(gauges + "\\" + candidate.name)) {
+          offer.name_is_taken) {
         continue;
       }
       if (!take(candidate)) {

@@ -2,7 +2,7 @@
 #include "cabinet/entry_name.h"
 #include "fuzz/fuzz.h"
 #include "search/candidate_search.h"
-#include "search/offers.h"
+#include "search/installation.h"
 
 void panelkit::fuzz::Try(std::string_view input) {
   static Prefix prefix;

@@ -28,6 +28,20 @@ std::string UserFolder() {
   return is_there ? folder : std::string();
 }
 
+std::string UserDownloadFolder() {
+  std::array<wchar_t, MAX_PATH> folder{};
+  if (SUCCEEDED(SHGetFolderPathW(nullptr, CSIDL_PROFILE, nullptr, 0, folder.data()))) {
+    const std::wstring downloads = std::wstring(folder.data()) + L"\\Downloads";
+    const DWORD attributes = GetFileAttributesW(downloads.c_str());
+    const bool is_folder =
+        attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+    if (is_folder) return Utf8(downloads);
+  }
+  const bool has_desktop =
+      SUCCEEDED(SHGetFolderPathW(nullptr, CSIDL_DESKTOPDIRECTORY, nullptr, 0, folder.data()));
+  return has_desktop ? Utf8(folder.data()) : std::string();
+}
+
 bool CanWriteTo(const std::string& folder) {
   const FilesOfAllUsers files_of_all;
   // Deleted by the system with its handle, so that a killed process leaves nothing.

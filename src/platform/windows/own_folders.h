@@ -5,6 +5,10 @@
 
 namespace panelkit::windows {
 
+/// "Downloads" in the user's profile or, where Windows has none, the desktop; empty if it is not
+/// there.
+std::string UserDownloadFolder();
+
 /// "%LOCALAPPDATA%\Panelkit" (on XP "...\Local Settings\Application Data\Panelkit"), without a
 /// closing backslash, whether or not it is there. Empty for a user without such a place.
 std::string UserFolderPath();

@@ -37,6 +37,8 @@ class ThisWindows : public LocalMachine {
 
   std::string PictureFolder() const override { return program_folder_; }
 
+  std::string DownloadFolder() const override { return UserDownloadFolder(); }
+
   std::string AppFolderOrigin() const override {
     return files_.AppFolder() == program_folder_
                ? "the program's own folder"

@@ -7,6 +7,8 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <fstream>
+#include <string_view>
 
 #include "platform/wine/directory.h"
 #include "platform/wine/native_file.h"
@@ -45,6 +47,22 @@ std::string HomeFolder() {
 std::string UserDataFolder() {
   std::string data = AbsolutePathIn("XDG_DATA_HOME");
   return data.empty() ? HomeFolder() + "/.local/share" : data;
+}
+
+std::string UserDownloadFolder() {
+  const std::string home = HomeFolder();
+  std::string folder = home + "/Downloads";
+  const std::string config = AbsolutePathIn("XDG_CONFIG_HOME");
+  std::ifstream notes((config.empty() ? home + "/.config" : config) + "/user-dirs.dirs");
+  constexpr std::string_view kBegin = "XDG_DOWNLOAD_DIR=\"";
+  constexpr std::string_view kHome = "$HOME";
+  for (std::string line; std::getline(notes, line);) {
+    if (!line.starts_with(kBegin) || !line.ends_with('"')) continue;
+    folder = line.substr(kBegin.size(), line.size() - kBegin.size() - 1);
+    if (folder.starts_with(kHome)) folder.replace(0, kHome.size(), home);
+  }
+  const auto status = StatusOf(folder);
+  return status && S_ISDIR(status->st_mode) ? folder : std::string();
 }
 
 OwnFolders OwnFoldersOf(const std::string& program) {

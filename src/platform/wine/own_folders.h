@@ -26,6 +26,10 @@ bool MakePrivateFolder(const std::string& folder);
 /// $XDG_DATA_HOME, or its default; empty if there is no home.
 std::string UserDataFolder();
 
+/// The folder that the desktop's programs download to, as xdg-user-dirs notes it, or else
+/// "Downloads" in the user's home; empty if it is not there.
+std::string UserDownloadFolder();
+
 /// The user's home; "/" if the system knows none.
 std::string HomeFolder();
 

@@ -25,6 +25,7 @@ class WineMachine final : public LocalMachine {
   std::string WindowsPath(std::string_view typed) const override;
   std::string NativePath(std::string_view windows_path) const override;
   std::string PictureFolder() const override;
+  std::string DownloadFolder() const override { return UserDownloadFolder(); }
   std::string AppFolderOrigin() const override;
   std::vector<std::string> FoldersOfOwnFiles() const override;
   std::string Charset() const override;
