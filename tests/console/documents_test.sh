@@ -39,6 +39,7 @@ compopt() { :; }
 documented() {
   program=$1
   local name=${program##*/} all=() command words word file
+  # shellcheck source=/dev/null
   . "$documents/$name.bash"
   while read -r -a command; do
     mapfile -t words < <(commands "${command[@]}"; options "${command[@]}")

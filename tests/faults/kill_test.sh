@@ -122,6 +122,7 @@ prepare() {
 older_back() {
   for i in {1..4}; do cat "$gauges/$i.gau" "$spare/Older/$i.gau."* 2>/dev/null | sort -u | cmp -s - "$work/older" || return 1; done
 }
+# shellcheck disable=SC2218 # It is the one above.
 prepare
 killed older_back restore --older {1..4}
 

@@ -8,7 +8,7 @@
 #include "platform/disk.h"
 #include "platform/windows/replaced_call.h"
 #include "search/candidate_pool.h"
-#include "search/offers.h"
+#include "search/installation.h"
 
 namespace panelkit::test {
 namespace {
