@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <optional>
 #include <unordered_map>
+#include <unordered_set>
 #include <utility>
 
 #include "gauges/name_list.h"
@@ -55,24 +56,22 @@ void MentionFinder::Begin(const std::string& aircraft) {
   open_.clear();
 }
 
-void MentionFinder::Look(const std::string& path, std::string_view content,
-                         std::span<const std::string_view> reported) {
-  seen_.insert(text_.Lower(path));
-  LineReader lines(content, LoneLf::EndsLine);
-  for (int number = 1; !lines.AtEnd(); ++number) {
-    const std::string_view line = WithoutBlanks(lines.Next());
-    if (line.empty()) continue;
-    if (line[0] == 'a' || line[0] == 'A') {
-      if (const auto folder = ValueOf(line, "alias", false)) Open(WithoutBlanks(*folder));
-    }
-    if (line[0] != 'g' && line[0] != 'G') continue;
-    const std::string_view entry = MentionedEntry(line);
-    if (entry.empty()) continue;
-    while (!reported.empty() && reported[0].data() < entry.data()) reported = reported.subspan(1);
-    const bool is_reported = !reported.empty() && reported[0].data() == entry.data() &&
-                             reported[0].size() == entry.size();
-    if (is_reported) continue;
-    mentions_.push_back({std::string(entry), aircraft_, path.substr(FSPath_.size() + 1), number});
+void MentionFinder::BeginPanel(const std::string& path) {
+  panel_ = path.substr(FSPath_.size() + 1);
+  seen_.push_back(path);
+}
+
+void MentionFinder::OnLine(std::string_view line, int number, std::string_view reported) {
+  while (!line.empty() && (line[0] == ' ' || line[0] == '\t')) line.remove_prefix(1);
+  if (line.empty()) return;
+  if (line[0] == 'a' || line[0] == 'A') {
+    if (const auto folder = ValueOf(line, "alias", false)) Open(WithoutBlanks(*folder));
+  }
+  if (line[0] != 'g' && line[0] != 'G') return;
+  const std::string_view entry = MentionedEntry(line);
+  const bool is_reported = entry.data() == reported.data() && entry.size() == reported.size();
+  if (!entry.empty() && !is_reported) {
+    mentions_.push_back({std::string(entry), aircraft_, panel_, number});
   }
 }
 
@@ -95,10 +94,23 @@ void MentionFinder::Open(std::string_view folder) {
 }
 
 void MentionFinder::Read(const std::string& path) {
-  if (seen_.size() == kMostPanels || !seen_.insert(text_.Lower(path)).second) return;
+  const std::string lowered = text_.Lower(path);
+  const bool is_known = std::any_of(seen_.begin(), seen_.end(), [&](const std::string& other) {
+    return text_.Lower(other) == lowered;
+  });
+  if (is_known || seen_.size() >= kMostPanels) return;
+  BeginPanel(path);
   const FileContent file = files_.Read(path);
-  if (file.bytes) return Look(path, text_.FromAnsi(*file.bytes), {});
-  if (file.fault != FileFault::Absent) unreadable_.push_back(path.substr(FSPath_.size() + 1));
+  if (!file.bytes) {
+    if (file.fault != FileFault::Absent) unreadable_.push_back(panel_);
+    return;
+  }
+  const std::string content = text_.FromAnsi(*file.bytes);
+  LineReader lines(content, LoneLf::EndsLine);
+  while (!lines.AtEnd()) {
+    const std::string_view line = lines.Next();
+    OnLine(line, lines.Number());
+  }
 }
 
 std::vector<OtherwiseNamedFile> OtherwiseNamedFiles(

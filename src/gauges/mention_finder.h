@@ -1,11 +1,10 @@
 // The gauges that panels name in ways which the reports do not read.
 #pragma once
 
+#include <algorithm>
 #include <functional>
-#include <span>
 #include <string>
 #include <string_view>
-#include <unordered_set>
 #include <vector>
 
 #include "gauges/gauge_report.h"
@@ -14,10 +13,11 @@
 
 namespace panelkit {
 
-/// Reads panels generously, beside the reader of the reports. A line counts in any section, and in
-/// none, if it begins, after blanks, with "gauge", digits and "="; blanks around the name do not
-/// belong to it. Beside `Panel`, the folders `Panel.*` of an aircraft are looked into, which
-/// aircraft.cfg names as panels of variants. Alias lines are followed wherever they stand.
+/// Reads panels generously, beside the reader of the reports, which hands it each line. A line
+/// counts in any section, and in none, if it begins, after blanks, with "gauge", digits and "=";
+/// blanks around the name do not belong to it. Beside `Panel`, the folders `Panel.*` of an aircraft
+/// are looked into, which aircraft.cfg names as panels of variants. Alias lines are followed
+/// wherever they stand.
 class MentionFinder {
  public:
   MentionFinder(const Files& files, const Text& text, std::string FSPath);
@@ -25,10 +25,19 @@ class MentionFinder {
   /// Turns to the next aircraft, a folder of Aircraft.
   void Begin(const std::string& aircraft);
 
-  /// Looks through a panel that the reports have read from `path`. `reported` are the entries in
-  /// `content` that they have taken, in its order: these are no news.
-  void Look(const std::string& path, std::string_view content,
-            std::span<const std::string_view> reported);
+  /// Turns to a panel that the reports read from `path`.
+  void BeginPanel(const std::string& path);
+
+  /// Looks at one of its lines. `reported` is the entry in `line` that the reports have taken, if
+  /// they have: this is no news.
+  void OnLine(std::string_view line, int number, std::string_view reported = {});
+
+  /// Whether a line may name another gauge than `reported`, the entry that the reports have taken
+  /// from it. OnLine need not see the others.
+  static bool MayNameAnother(std::string_view reported) {
+    return std::any_of(reported.begin(), reported.end(),
+                       [](char c) { return c == ' ' || c == '\t' || c == ';' || c == '/'; });
+  }
 
   /// Reads the aircraft's other panels, and what their alias lines lead to.
   void LookFurther();
@@ -47,8 +56,9 @@ class MentionFinder {
   const Text& text_;
   std::string FSPath_;
   std::string aircraft_;
-  std::unordered_set<std::string> seen_;  // The aircraft's panels by lowered path.
-  std::vector<std::string> open_;         // Panels that alias lines lead to.
+  std::string panel_;              // By its path below the simulator's folder.
+  std::vector<std::string> seen_;  // The aircraft's panels by path.
+  std::vector<std::string> open_;  // Panels that alias lines lead to.
   std::vector<Mention> mentions_;
   std::vector<std::string> unreadable_;
 };

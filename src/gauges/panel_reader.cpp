@@ -63,10 +63,8 @@ FileFault PanelReader::Follow(const std::string& FSPath, const std::string& pane
     const FileContent file = files_.Read(path);
     if (!file.bytes) return file.fault == FileFault::Absent ? FileFault::None : file.fault;
     report.OnFile();
-    const std::string content = text_.FromAnsi(*file.bytes);
-    entries_.clear();
-    const std::optional<std::string> alias = Scan(content, report);
-    mentions_.Look(path, content, entries_);
+    mentions_.BeginPanel(path);
+    const std::optional<std::string> alias = Scan(text_.FromAnsi(*file.bytes), report);
     if (!alias) break;
     path = FSPath + R"(\Aircraft\)" + *alias + R"(\panel.cfg)";
   }
@@ -79,8 +77,11 @@ std::optional<std::string> PanelReader::Scan(std::string_view content, PanelRepo
   LineReader lines(content, LoneLf::EndsLine);
   while (!lines.AtEnd()) {
     loop_.ProcessPending();
-    const std::string_view line = lines.Next();
-    if (ContainsIgnoringCase(line, "alias=")) return std::string(AliasValue(line));
+    const std::string_view line = NextLine(lines);
+    if (ContainsIgnoringCase(line, "alias=")) {
+      while (!lines.AtEnd()) NextLine(lines);
+      return std::string(AliasValue(line));
+    }
     if (lines.LineHasBracket() && ContainsIgnoringCase(line, "[window titles]")) ReadTitles(lines);
     // Not only at the titles header: windows beyond the titles start again at the first title.
     if (TitleCount > 0) ReadWindows(lines, report);
@@ -88,11 +89,18 @@ std::optional<std::string> PanelReader::Scan(std::string_view content, PanelRepo
   return std::nullopt;
 }
 
+// The next line, which the report takes no gauge from.
+std::string_view PanelReader::NextLine(LineReader& lines) {
+  const std::string_view line = lines.Next();
+  mentions_.OnLine(line, lines.Number());
+  return line;
+}
+
 void PanelReader::ReadTitles(LineReader& lines) {
   TitleCount = 0;
   for (std::string& title : WindowTitles) {
     if (lines.AtEnd()) return;
-    const std::string_view line = lines.Next();
+    const std::string_view line = NextLine(lines);
     if (!ContainsIgnoringCase(line, "window")) return;
     title = line;
     ++TitleCount;
@@ -104,12 +112,13 @@ void PanelReader::ReadWindows(LineReader& lines, PanelReport& report) {
     report.OnWindow(WindowTitles.at(window));
     while (!lines.AtEnd()) {
       const std::string_view line = lines.Next();
-      if (lines.LineHasBracket() && IsWindowHeader(line)) break;
-      if (!IsGaugeLine(line)) continue;
-      const auto entry = EntryOf(line);
-      if (!entry) continue;
-      entries_.push_back(*entry);
-      report.OnEntry(*entry);
+      const bool ends_window = lines.LineHasBracket() && IsWindowHeader(line);
+      const auto entry = !ends_window && IsGaugeLine(line) ? EntryOf(line) : std::nullopt;
+      if (!entry || MentionFinder::MayNameAnother(*entry)) {
+        mentions_.OnLine(line, lines.Number(), entry.value_or(""));
+      }
+      if (ends_window) break;
+      if (entry) report.OnEntry(*entry);
     }
   }
 }

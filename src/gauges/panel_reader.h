@@ -6,7 +6,6 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "gauges/mention_finder.h"
 #include "gauges/panel_report.h"
@@ -34,6 +33,7 @@ class PanelReader {
  private:
   FileFault Follow(const std::string& FSPath, const std::string& panel, PanelReport& report);
   std::optional<std::string> Scan(std::string_view content, PanelReport& report);
+  std::string_view NextLine(LineReader& lines);
   void ReadTitles(LineReader& lines);
   void ReadWindows(LineReader& lines, PanelReport& report);
 
@@ -41,7 +41,6 @@ class PanelReader {
   const Text& text_;
   EventLoop& loop_;
   MentionFinder& mentions_;
-  std::vector<std::string_view> entries_;  // Of the panel at hand, as reported.
   std::array<std::string, 100> WindowTitles;
   std::int16_t TitleCount = 0;
 };

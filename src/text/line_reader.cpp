@@ -12,6 +12,7 @@ std::string_view LineReader::Next() {
   has_bracket_ = bracket_ < end;
   const std::string_view line = text_.substr(position_, end - position_);
   const bool is_cr_lf = end == cr_ && text_.substr(end).starts_with("\r\n");
+  ++number_;
   position_ = std::min(end + (is_cr_lf ? 2 : 1), text_.size());
   return line;
 }

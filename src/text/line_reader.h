@@ -27,6 +27,9 @@ class LineReader {
   /// The next line; the empty text at the end.
   std::string_view Next();
 
+  /// The number of the last line, from 1.
+  int Number() const { return number_; }
+
   /// Whether the last line holds a "[", as a section's header does.
   bool LineHasBracket() const { return has_bracket_; }
 
@@ -42,6 +45,7 @@ class LineReader {
   std::size_t lf_;  // The text's size where a lone one ends no line.
   std::size_t bracket_;
   bool has_bracket_ = false;
+  int number_ = 0;
 };
 
 }  // namespace panelkit

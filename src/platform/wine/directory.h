@@ -3,6 +3,7 @@
 
 #include <sys/stat.h>
 
+#include <ctime>
 #include <optional>
 #include <string>
 #include <vector>
@@ -21,14 +22,18 @@ std::optional<std::vector<DirectoryEntry>> ReadDirectory(const std::string& nati
 /// Whether a Windows path can hold the name: it is UTF-8 and has no backslash.
 bool CanBeNamed(const std::string& name);
 
-/// A folder's state, to be taken before its entries are read.
+/// The time of now, by the clock of time stamps.
+timespec TimeOfStamps();
+
+/// The state of a folder as its entries were read.
 class DirectoryState {
  public:
-  explicit DirectoryState(const struct stat& status);
+  /// `status` was taken, and the reading begun, at or after `since`.
+  DirectoryState(const struct stat& status, const timespec& since);
 
   /// Whether `now`, a later status of the same path, shows the same folder and no entry added,
-  /// renamed or removed since. False also where the folder was so young that such a change might
-  /// not show in its time stamp.
+  /// renamed or removed since. False also where the folder's time stamp was so young that such a
+  /// change might not show in it.
   bool StillHolds(const struct stat& now) const;
 
  private:

@@ -33,9 +33,13 @@ std::string WineFiles::AppFolder() const {
 std::optional<std::vector<ListedEntry>> WineFiles::List(std::string_view pattern,
                                                         ListedEntries entries) const {
   const std::size_t name_start = pattern.find_last_of("\\/") + 1;
-  const auto folder = resolver_.Existing(name_start == 0 ? "." : pattern.substr(0, name_start));
-  if (!folder) return std::nullopt;
-  return listing_.List(*folder, pattern.substr(name_start), entries);
+  const std::string_view path = name_start == 0 ? "." : pattern.substr(0, name_start);
+  const std::string_view names = pattern.substr(name_start);
+  if (const auto spelt = resolver_.AsSpelt(path)) {
+    if (auto listed = listing_.List(*spelt, names, entries)) return listed;
+  }
+  const auto folder = resolver_.Existing(path);
+  return folder ? listing_.List(*folder, names, entries) : std::nullopt;
 }
 
 std::optional<std::string> WineFiles::PlainFile(std::string_view path) const {

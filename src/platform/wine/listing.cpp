@@ -16,6 +16,7 @@ namespace panelkit {
 namespace {
 
 constexpr std::chrono::seconds kAttributesHold{1};
+constexpr std::size_t kFewEntries = 32;
 
 /// The kind of an entry, links followed: DT_REG, DT_DIR or another.
 unsigned char TypeOf(const DirectoryEntry& entry, const std::string& folder) {
@@ -61,26 +62,29 @@ std::optional<std::vector<ListedEntry>> Listing::List(const std::string& folder,
 
 /// False if the folder cannot be read.
 bool Listing::Refresh(const std::string& folder) {
-  const auto status = StatusOf(folder);
   const auto now = std::chrono::steady_clock::now();
-  if (status && folder == folder_ && state_ && state_->StillHolds(*status)) {
-    if (now - read_at_ < kAttributesHold) return true;
-    for (Entry& entry : entries_) entry.is_hidden.reset();
-    read_at_ = now;
-    return true;
+  if (folder == folder_ && state_) {
+    const auto status = StatusOf(folder);
+    if (status && state_->StillHolds(*status)) {
+      if (now - read_at_ < kAttributesHold) return true;
+      for (Entry& entry : entries_) entry.is_hidden.reset();
+      read_at_ = now;
+      return true;
+    }
   }
   state_.reset();
   entries_.clear();
-  if (!status) return false;
-  const DirectoryState state(*status);
+  const timespec since = TimeOfStamps();
   auto found = ReadDirectory(folder);
   if (!found) return false;
   std::erase_if(*found, [](const DirectoryEntry& entry) { return !CanBeNamed(entry.name); });
   Sort(*found);
   entries_.reserve(found->size());
   for (DirectoryEntry& entry : *found) entries_.push_back({std::move(entry)});
+  // To ask for the state of a small folder takes longer than to read it once more.
+  const auto status = entries_.size() < kFewEntries ? std::nullopt : StatusOf(folder);
+  if (status) state_.emplace(*status, since);
   folder_ = folder;
-  state_ = state;
   read_at_ = now;
   return true;
 }

@@ -12,9 +12,9 @@
 
 namespace panelkit {
 
-/// Makes the listings of Files::List. The last folder is remembered: as long as its time stamp
-/// shows no change, a second listing of it reads no entries, and for a second after the first asks
-/// for no attributes again.
+/// Makes the listings of Files::List. The last folder, if it is no small one, is remembered: as
+/// long as its time stamp shows no change, a second listing of it reads no entries, and for a
+/// second after the first asks for no attributes again.
 class Listing {
  public:
   /// The entries of the native folder that match the pattern ("*.gau"); nullopt if the folder

@@ -57,7 +57,7 @@ std::string OrRoot(const std::string& path) {
 }  // namespace
 
 Spellings::Folder Spellings::Read(const std::string& folder, const struct stat& status) {
-  Folder read{DirectoryState(status), {}};
+  Folder read{DirectoryState(status, TimeOfStamps()), {}};
   for (auto& entry : ReadDirectory(folder).value_or(std::vector<DirectoryEntry>{})) {
     read.by_lowered_name[Lowered(entry.name)].push_back(std::move(entry.name));
   }

@@ -21,11 +21,16 @@ bool tells_types = true;
 }  // namespace
 
 /// Stands in for the C library's call, as on a file system whose folders do not tell types.
-extern "C" dirent* readdir(DIR* folder) {
-  static const auto system = reinterpret_cast<dirent* (*)(DIR*)>(dlsym(RTLD_NEXT, "readdir"));
-  dirent* const entry = system(folder);
-  if (entry != nullptr && !tells_types) entry->d_type = DT_UNKNOWN;
-  return entry;
+extern "C" ssize_t getdents64(int folder, void* records, size_t limit) {
+  static const auto system =
+      reinterpret_cast<ssize_t (*)(int, void*, size_t)>(dlsym(RTLD_NEXT, "getdents64"));
+  const ssize_t size = system(folder, records, limit);
+  for (ssize_t at = 0; !tells_types && at < size;) {
+    auto* entry = reinterpret_cast<dirent64*>(static_cast<char*>(records) + at);
+    entry->d_type = DT_UNKNOWN;
+    at += entry->d_reclen;
+  }
+  return size;
 }
 
 namespace panelkit::test {
