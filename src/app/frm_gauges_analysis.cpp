@@ -11,17 +11,6 @@
 namespace panelkit {
 namespace {
 
-// The names of the files in Gauges that have this extension; none where there is no such folder.
-std::vector<std::string> FilesInGauges(const Files& files, const std::string& FSPath,
-                                       std::string_view extension) {
-  const auto listed =
-      files.List(FSPath + R"(\Gauges\*)" + std::string(extension), ListedEntries::PlainFiles);
-  std::vector<std::string> names;
-  if (!listed) return names;
-  for (const ListedEntry& entry : *listed) names.push_back(entry.name);
-  return names;
-}
-
 ReportKind ReportKindOf(bool list_all_gauges, bool collect_required_only) {
   if (collect_required_only) return ReportKind::Clean;
   return list_all_gauges ? ReportKind::Show : ReportKind::Probe;
@@ -63,7 +52,8 @@ void frmGauges::EnumerateGauges() {
 void frmGauges::CreateGaugeArray(const std::string& FSPath) {
   GaugeTable& table = modGauges::InstalledGauges;
   table.Reset();
-  for (const std::string& name : FilesInGauges(machine_.files, FSPath, kGaugeFileExtension)) {
+  for (const std::string& name :
+       FilesNamed(machine_.files, FSPath + R"(\Gauges\*)" + std::string(kGaugeFileExtension))) {
     if (table.Overflowed()) break;
     loop_.ProcessPending();
     table.Add(machine_.text, kGaugeFileOrigin, LessExtension(name));
@@ -73,7 +63,8 @@ void frmGauges::CreateGaugeArray(const std::string& FSPath) {
 
 void frmGauges::AddCabinetRows(const std::string& FSPath) {
   not_named_.clear();
-  for (const std::string& name : FilesInGauges(machine_.files, FSPath, kCabinetExtension)) {
+  for (const std::string& name :
+       FilesNamed(machine_.files, FSPath + R"(\Gauges\*)" + std::string(kCabinetExtension))) {
     loop_.ProcessPending();
     modGauges::CurrentCabinet = LessExtension(name);
     cab = CABFile::Create(machine_);

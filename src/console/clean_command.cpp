@@ -34,30 +34,19 @@ std::string NamesMoved(const std::string& heading, const std::vector<std::string
   return lines.Take();
 }
 
-std::string Quoted(const std::string& argument) {
-  return argument.find(' ') == std::string::npos ? argument : '"' + argument + '"';
-}
-
-// The command that brings an archived file back to this simulator.
-std::string RestoreText(const CommandLine& line, const std::string& file) {
-  std::string text = "panelkit-console restore " + Quoted(file);
-  if (!line.simulator.empty()) text += " --simulator " + Quoted(line.simulator);
-  if (!line.prefix.empty()) text += " --prefix " + Quoted(line.prefix);
-  return text;
-}
-
 // Which of the moved files panels name in a way that the reports do not read.
-Json TellOfNamed(const CommandLine& line, const frmGauges& form,
+Json TellOfNamed(const CommandLine& line, const CommandStyle& style, const frmGauges& form,
                  const std::vector<std::string>& moved, Outcome& outcome) {
   Json array = Json::array();
   for (const auto& [file, mention] : form.NamedOtherwise(moved)) {
-    const std::string help = line.dry_run ? "clean --careful leaves it in Gauges"
-                                          : RestoreText(line, file) + " brings it back";
+    const std::string restore = TextOf(Deed{DeedKind::Restore, file}, style);
+    const std::string help =
+        line.dry_run ? "clean --careful leaves it in Gauges" : restore + " brings it back";
     outcome.complaints.push_back(file + " is named for " + mention.aircraft + " in " +
                                  PlaceOf(mention) + ": " + help + ".");
     Json named{{"file", file}};
     named.update(JsonOf(mention));
-    if (!line.dry_run) named["restore"] = RestoreText(line, file);
+    if (!line.dry_run) named["restore"] = restore;
     array.push_back(std::move(named));
   }
   return array;
@@ -86,7 +75,7 @@ Outcome CleanCommand(LocalMachine& machine, const CommandLine& line, const std::
     outcome.complaints.push_back("The panel of " + aircraft + " could not be read.");
   }
   program.TellInto(outcome);
-  const Json named = TellOfNamed(line, form, files.moved, outcome);
+  const Json named = TellOfNamed(line, StyleFor(machine, line), form, files.moved, outcome);
   const bool is_done = form.Report() != nullptr && outcome.status == kExitDone;
   if (!files.left.empty()) {
     outcome.Interrupt("Unneeded files left in Gauges: " + std::to_string(files.left.size()) + ".");

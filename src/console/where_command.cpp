@@ -3,18 +3,18 @@
 
 #include "console/console_commands.h"
 #include "console/json.h"
+#include "gauges/gauge_file.h"
 #include "simulator/simulator_location.h"
 
 namespace panelkit {
 namespace {
 
-std::size_t Count(const Files& files, const std::string& pattern, ListedEntries kind) {
-  const auto listed = files.List(pattern, kind);
+std::size_t CountFolders(const Files& files, const std::string& pattern) {
+  const auto listed = files.List(pattern, ListedEntries::FilesAndFolders);
   if (!listed) return 0;
   return static_cast<std::size_t>(
-      std::count_if(listed->begin(), listed->end(), [&](const ListedEntry& entry) {
-        const bool is_dots = entry.name == "." || entry.name == "..";
-        return !is_dots && entry.is_folder == (kind == ListedEntries::FilesAndFolders);
+      std::count_if(listed->begin(), listed->end(), [](const ListedEntry& entry) {
+        return entry.is_folder && entry.name != "." && entry.name != "..";
       }));
 }
 
@@ -24,10 +24,11 @@ void Describe(LocalMachine& machine, const std::string& folder, Lines& lines, Js
   const Files& files = services.files;
   const std::string windows = WindowsVersion(services.registry, services.text);
   const bool is_there = files.IsFolder(folder);
-  const std::size_t aircraft =
-      Count(files, folder + R"(\Aircraft\*.*)", ListedEntries::FilesAndFolders);
-  const std::size_t gauges = Count(files, folder + R"(\Gauges\*.gau)", ListedEntries::PlainFiles) +
-                             Count(files, folder + R"(\Gauges\*.cab)", ListedEntries::PlainFiles);
+  const std::size_t aircraft = CountFolders(files, folder + R"(\Aircraft\*.*)");
+  std::size_t gauges = 0;
+  for (const std::string_view extension : kGaugesExtensions) {
+    gauges += FilesNamed(files, folder + R"(\Gauges\*)" + std::string(extension)).size();
+  }
   lines.Add(folder);
   lines.Add("  on disk: " + machine.NativePath(folder));
   lines.Add("  found by: " + machine.Origin());

@@ -4,6 +4,10 @@
 #include <array>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
+
+#include "platform/files.h"
 
 namespace panelkit {
 
@@ -23,6 +27,15 @@ inline constexpr std::size_t kExtensionLength = 4;
 /// A file's or an entry's name without such an extension.
 inline std::string LessExtension(std::string_view name) {
   return std::string(name.substr(0, name.size() - kExtensionLength));
+}
+
+/// The names of the plain files that Files::List gives; none where there is no such folder.
+inline std::vector<std::string> FilesNamed(const Files& files, const std::string& pattern) {
+  std::vector<std::string> names;
+  if (auto listed = files.List(pattern, ListedEntries::PlainFiles)) {
+    for (ListedEntry& entry : *listed) names.push_back(std::move(entry.name));
+  }
+  return names;
 }
 
 }  // namespace panelkit

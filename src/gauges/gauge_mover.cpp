@@ -64,22 +64,15 @@ bool MoveFile(Files& files, const std::string& source, const std::string& folder
   return moved;
 }
 
-std::vector<std::string> FilesOf(const Files& files, const std::string& pattern) {
-  const auto listed = files.List(pattern, ListedEntries::PlainFiles);
-  std::vector<std::string> names;
-  for (std::size_t i = 0; listed && i < listed->size(); ++i) names.push_back((*listed)[i].name);
-  return names;
-}
-
 // Clean and restore may both have been killed half-way.
 void TidyUp(Files& files, const GaugeFolders& folders) {
   const auto lock = files.Lock(folders.spare);  // Another program's move is not half-way for good.
   for (const std::string& folder : {folders.gauges, folders.spare, folders.spare + "\\Older"}) {
-    for (const std::string& name : FilesOf(files, folder + kHalfMoved + "*")) {
+    for (const std::string& name : FilesNamed(files, folder + kHalfMoved + "*")) {
       files.Delete(folder + "\\" + name);
     }
   }
-  for (const std::string& older : FilesOf(files, folders.spare + "\\*" + std::string(kOlder))) {
+  for (const std::string& older : FilesNamed(files, folders.spare + "\\*" + std::string(kOlder))) {
     const std::string name = older.substr(0, older.size() - kOlder.size());
     Settle(files, folders.gauges + "\\" + name, folders.spare, name);
   }
@@ -99,10 +92,10 @@ bool IsAmong(const std::vector<std::string>& names, const std::string& name) {
 std::vector<std::string> ArchivedNames(const Files& files, const std::string& spare,
                                        const std::string& typed) {
   if (typed.find_first_of("\\/:") != std::string::npos) return {};
-  if (HasGaugesExtension(typed)) return FilesOf(files, spare + "\\" + typed);
+  if (HasGaugesExtension(typed)) return FilesNamed(files, spare + "\\" + typed);
   std::vector<std::string> names;
   for (const std::string_view extension : kGaugesExtensions) {
-    const auto found = FilesOf(files, spare + "\\" + typed + std::string(extension));
+    const auto found = FilesNamed(files, spare + "\\" + typed + std::string(extension));
     names.insert(names.end(), found.begin(), found.end());
   }
   return names;
@@ -184,7 +177,7 @@ MoveOutcome ArchiveGauges(Files& files, const Text& text, const GaugeFolders& fo
   const bool is_apart = !files.IsSame(folders.gauges, folders.spare);
   if (is_apart) TidyUp(files, folders);
   std::unordered_map<std::string, std::string> spelt;
-  for (std::string& name : FilesOf(files, folders.gauges + "\\*")) {
+  for (std::string& name : FilesNamed(files, folders.gauges + "\\*")) {
     spelt.emplace(text.Lower(name), std::move(name));
   }
   MoveOutcome outcome;

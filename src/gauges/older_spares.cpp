@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "gauges/gauge_file.h"
 #include "gauges/gauge_mover.h"
 #include "text/time_text.h"
 
@@ -13,9 +14,7 @@ constexpr const char* kOlderFolder = "\\Older";
 // The files whose names the pattern stands for, the newest last.
 std::vector<std::string> KeptFiles(const Files& files, const std::string& spare,
                                    const std::string& pattern) {
-  const auto listed = files.List(spare + kOlderFolder + "\\" + pattern, ListedEntries::PlainFiles);
-  std::vector<std::string> names;
-  for (std::size_t i = 0; listed && i < listed->size(); ++i) names.push_back((*listed)[i].name);
+  auto names = FilesNamed(files, spare + kOlderFolder + "\\" + pattern);
   std::sort(names.begin(), names.end());
   return names;
 }

@@ -85,7 +85,7 @@ panelkit-console: LAST_SPEED.gau is named for Titles last in Aircraft\Titles las
 TEXT
 holds "$gauges" Plain.gau
 expect 1 probe --hints
-grep -qF 'a name that holds it lies in SpareGauges: panelkit-console restore Longer.gau' "$work/out" || fail 'no word of Longer'
+grep -qF 'SpareGauges has Longer.gau, whose name holds this one: panelkit-console restore Longer.gau' "$work/out" || fail 'no word of Longer'
 expect 1 probe --hints --format json
 has '"kind": "in-spare-gauges", "exact_name": false, '
 expect 0 restore --list
