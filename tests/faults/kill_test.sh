@@ -44,10 +44,13 @@ all=$(sums "$gauges")
 # All gauges are there, and the ledger knows of each one in the archive.
 nothing_lost() {
   [ "$(sums "$gauges" "$spare" "${written[@]}" | uniq)" = "$all" ] &&
-    [ -z "$(comm -13 <(tr -d '\r' <"$app/SpareGauges.txt" | cut -f3 | sort) \
+    [ -z "$(comm -13 <(tr -d '\r' <"$app/SpareGauges.txt" 2>/dev/null | cut -f3 | sort) \
       <(cd "$spare" && find . -type f "${written[@]}" -printf '%P\n' | sort))" ]
 }
-prepare() { "$app/panelkit-console" restore >"$work/out" 2>&1; }
+prepare() {
+  "$app/panelkit-console" restore >"$work/out" 2>&1
+  rm -f "$app/SpareGauges.txt"
+}
 killed nothing_lost clean
 expect 0 clean
 expect 0 restore
