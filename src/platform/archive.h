@@ -65,8 +65,9 @@ class ArchiveReader {
   /// has been visited. An archive that the visitor ended counts as read.
   virtual ArchiveFault Read(std::string_view path, const OnArchiveEntry& visit) const = 0;
 
-  /// The same for an archive in memory.
-  virtual ArchiveFault ReadBytes(std::string_view bytes, const OnArchiveEntry& visit) const = 0;
+  /// The same for an archive in memory. Long ones are read from an UnpackedFile, so that they are
+  /// not in memory beside their entries.
+  virtual ArchiveFault ReadBytes(std::string bytes, const OnArchiveEntry& visit) const = 0;
 
   /// A temporary file of these bytes, closed to other users, with `modified` (seconds since 1970,
   /// UTC) as its time stamp; null if it cannot be made.

@@ -53,7 +53,6 @@ bool HoldsGaugesOrArchives(const CabinetListing& listing) {
 struct CandidateSearch::Place {
   Candidate candidate;
   std::vector<std::string> other_names = {};  ///< File names that it may have in its archive.
-  std::string_view archive_bytes = {};        ///< Of an archive that is an entry itself.
 
   Place Entry(const ArchiveEntry& entry) const {
     Place place{candidate};
@@ -166,7 +165,9 @@ void CandidateSearch::LookAt(const FoundFile& file) {
       return LookIntoCabinet(place, file.path);
     case FileKind::Archive:
     case FileKind::Program:
-      return LookIntoArchive(place);
+      return LookIntoArchive(place, [&](const OnArchiveEntry& visit) {
+        return machine_.archives.Read(file.path, visit);
+      });
     case FileKind::Other:
       return;
   }
@@ -193,11 +194,12 @@ void CandidateSearch::LookIntoCabinet(const Place& cabinet, const std::string& p
   } else if (listing.rows.Overflowed()) {
     PassOver(cabinet, "it holds more than 32,767 gauges");
   } else if (depth_ == SearchDepth::Archives && HoldsGaugesOrArchives(listing)) {
-    LookIntoArchive(cabinet);
+    LookIntoArchive(
+        cabinet, [&](const OnArchiveEntry& visit) { return machine_.archives.Read(path, visit); });
   }
 }
 
-void CandidateSearch::LookIntoArchive(const Place& archive) {
+void CandidateSearch::LookIntoArchive(const Place& archive, const ReadArchive& read_archive) {
   if (archive.Depth() == kDeepestArchive) {
     return PassOver(archive, "it lies too deep in other archives");
   }
@@ -207,9 +209,7 @@ void CandidateSearch::LookIntoArchive(const Place& archive) {
     has_entries = true;
     return LookAtEntry(archive, entry, read);
   };
-  const ArchiveFault fault = archive.Depth() == 0
-                                 ? machine_.archives.Read(archive.candidate.path, visit)
-                                 : machine_.archives.ReadBytes(archive.archive_bytes, visit);
+  const ArchiveFault fault = read_archive(visit);
   // Most programs are no archives, whatever stands in them by chance.
   const bool is_program = KindOf(archive.candidate.name) == FileKind::Program && !has_entries;
   if (fault != ArchiveFault::None && !is_program) PassOver(archive, ReasonOf(fault));
@@ -231,14 +231,17 @@ bool CandidateSearch::LookAtEntry(const Place& archive, const ArchiveEntry& entr
 }
 
 void CandidateSearch::OpenEntry(const Place& place, const ReadArchiveEntry& read) {
-  const ArchiveContent content = read();
+  ArchiveContent content = read();
   if (!content.bytes) return PassOver(place, ReasonOf(content.fault));
-  Place opened = place;
-  opened.archive_bytes = *content.bytes;
-  if (FirstKindOf(place.candidate.name) != FileKind::Cabinet) return LookIntoArchive(opened);
+  if (FirstKindOf(place.candidate.name) != FileKind::Cabinet) {
+    return LookIntoArchive(place, [&](const OnArchiveEntry& visit) {
+      return machine_.archives.ReadBytes(std::move(*content.bytes), visit);
+    });
+  }
   const auto file = machine_.archives.Unpack(*content.bytes, place.candidate.modified);
   if (!file) return PassOver(place, ReasonOf(ArchiveFault::NoRoom));
-  LookIntoCabinet(opened, file->Path());
+  content.bytes.reset();
+  LookIntoCabinet(place, file->Path());
 }
 
 void CandidateSearch::PassOver(const Place& place, std::string reason) {

@@ -55,12 +55,13 @@ class CandidateSearch {
   class Visitor;
   class NamedFiles;
   struct Place;
+  using ReadArchive = std::function<ArchiveFault(const OnArchiveEntry& visit)>;
 
   bool LookAtNamed(const std::string& path);
   void LookAt(const FoundFile& file);
   void AddGaugeFile(const Place& place);
   void LookIntoCabinet(const Place& cabinet, const std::string& path);
-  void LookIntoArchive(const Place& archive);
+  void LookIntoArchive(const Place& archive, const ReadArchive& read);
   bool LookAtEntry(const Place& archive, const ArchiveEntry& entry, const ReadArchiveEntry& read);
   void OpenEntry(const Place& place, const ReadArchiveEntry& read);
   void PassOver(const Place& place, std::string reason);

@@ -47,7 +47,7 @@ class ContentReader {
     };
   }
 
-  void Take(const Candidates& candidates, const ArchiveContent& content, std::size_t level) const {
+  void Take(const Candidates& candidates, ArchiveContent content, std::size_t level) const {
     Candidates deeper;
     for (const Candidate* candidate : candidates) {
       if (level + 1 == candidate->inside.size() || !content.bytes) {
@@ -56,7 +56,9 @@ class ContentReader {
         deeper.push_back(candidate);
       }
     }
-    if (!deeper.empty()) archives_.ReadBytes(*content.bytes, Visiting(deeper, level + 1));
+    if (!deeper.empty()) {
+      archives_.ReadBytes(std::move(*content.bytes), Visiting(deeper, level + 1));
+    }
   }
 
   const ArchiveReader& archives_;

@@ -65,6 +65,7 @@ std::string OriginalName(std::string_view name) {
   if (stem.size() > kCopyOf.size() && EqualsIgnoringCase(stem.substr(0, kCopyOf.size()), kCopyOf)) {
     stem.remove_prefix(kCopyOf.size());
   }
+  if (stem.empty()) return {};
   const std::string original = std::string(stem) + std::string(extension);
   return original == given ? std::string() : original;
 }

@@ -17,8 +17,7 @@ class EntryFinder {
   std::optional<std::string> Find() {
     archives_.Read(candidate_.path, Taking(0));
     if (!content_ || candidate_.inside.size() == 1) return std::move(content_);
-    const std::string archive = *std::exchange(content_, std::nullopt);
-    archives_.ReadBytes(archive, Taking(1));
+    archives_.ReadBytes(*std::exchange(content_, std::nullopt), Taking(1));
     return std::move(content_);
   }
 

@@ -50,18 +50,40 @@ bool MayBeNear(std::uint64_t a, std::uint64_t b) {
   return std::bitset<64>(a ^ b).count() <= 2 * kLargestDistance;
 }
 
-std::uint64_t ParityBit(char32_t letter) {
-  return std::uint64_t{1} << (letter * 0x9E3779B1U >> 26U);
+std::uint64_t ParitiesOf(const std::u32string& letters) {
+  std::uint64_t parities = 0;
+  for (const char32_t letter : letters) {
+    parities ^= std::uint64_t{1} << (static_cast<std::uint32_t>(letter * 0x9E3779B1U) >> 26U);
+  }
+  return parities;
+}
+
+std::string WithoutSeparators(std::string name) {
+  std::erase_if(name, [](char c) { return c == ' ' || c == '_' || c == '-'; });
+  return name;
+}
+
+std::string WithoutDigits(std::string name) {
+  std::erase_if(name, [](char c) { return c >= '0' && c <= '9'; });
+  return name;
 }
 
 // Whether two names differ in the numbers that count them up: "VOR1" and "VOR2".
-bool AreCounted(const std::u32string& a, const std::u32string& b) {
-  const auto without_digits = [](std::u32string name) {
-    std::erase_if(name, [](char32_t c) { return c >= '0' && c <= '9'; });
-    return name;
-  };
-  const std::u32string rest = without_digits(a);
-  return rest.size() < a.size() && rest.size() < b.size() && rest == without_digits(b);
+bool AreCounted(const std::string& a, const std::string& b) {
+  const std::string rest = WithoutDigits(a);
+  return rest.size() < a.size() && rest.size() < b.size() && rest == WithoutDigits(b);
+}
+
+// Of two lowered names that differ in more than separators.
+std::optional<Likeness> LikenessOf(const std::string& a, const std::string& b) {
+  const std::string letters_of_a = WithoutSeparators(a);
+  const std::string letters_of_b = WithoutSeparators(b);
+  if (letters_of_a == letters_of_b || AreCounted(letters_of_a, letters_of_b)) return std::nullopt;
+  const std::u32string from = Characters(a);
+  const std::u32string to = Characters(b);
+  const auto distance = Distance(from, to, kLargestDistance);
+  if (!distance || *distance * 2 >= std::min(from.size(), to.size())) return std::nullopt;
+  return *distance == 1 ? Likeness::OneLetter : Likeness::TwoLetters;
 }
 
 }  // namespace
@@ -82,52 +104,37 @@ std::string DifferenceText(Likeness likeness) {
   return {};
 }
 
-NearNames::Name NearNames::Prepared(std::string_view name) const {
-  Name prepared{Characters(text_.Lower(name)), {}, 0};
-  for (const char32_t letter : prepared.letters) prepared.parities ^= ParityBit(letter);
-  prepared.without_separators = prepared.letters;
-  std::erase_if(prepared.without_separators,
-                [](char32_t c) { return c == ' ' || c == '_' || c == '-'; });
-  return prepared;
-}
-
 void NearNames::Add(std::string_view name) {
-  const Name& added = names_.emplace_back(Prepared(name));
+  const std::string& added = names_.emplace_back(text_.Lower(name));
   const std::size_t number = names_.size() - 1;
-  const std::size_t length = added.letters.size();
-  if (by_length_.size() <= length) by_length_.resize(length + 1);
-  by_length_[length].push_back({added.parities, number});
-  if (!added.without_separators.empty()) by_letters_.emplace(added.without_separators, number);
-}
-
-std::optional<Likeness> NearNames::LikenessOf(const Name& a, const Name& b) {
-  if (AreCounted(a.without_separators, b.without_separators)) return std::nullopt;
-  const auto distance = Distance(a.letters, b.letters, kLargestDistance);
-  const std::size_t shorter = std::min(a.letters.size(), b.letters.size());
-  if (!distance || *distance * 2 >= shorter) return std::nullopt;
-  return *distance == 1 ? Likeness::OneLetter : Likeness::TwoLetters;
+  const std::u32string letters = Characters(added);
+  if (by_length_.size() <= letters.size()) by_length_.resize(letters.size() + 1);
+  by_length_[letters.size()].push_back({ParitiesOf(letters), number});
+  by_letters_.emplace(std::hash<std::string>()(WithoutSeparators(added)), number);
 }
 
 std::vector<NearNames::Match> NearNames::LikeThis(std::string_view name,
                                                   const Filter& counts) const {
-  const Name wanted = Prepared(name);
+  const std::string wanted = text_.Lower(name);
+  const std::string without_separators = WithoutSeparators(wanted);
   std::vector<Match> matches;
-  const auto [begin, end] = by_letters_.equal_range(wanted.without_separators);
+  const auto [begin, end] = by_letters_.equal_range(std::hash<std::string>()(without_separators));
   for (auto same = begin; same != end; ++same) {
-    if (names_[same->second].letters != wanted.letters) {
-      matches.push_back({same->second, Likeness::Separators});
-    }
+    const std::string& other = names_[same->second];
+    if (other == wanted || without_separators.empty()) continue;
+    if (WithoutSeparators(other) != without_separators) continue;
+    matches.push_back({same->second, Likeness::Separators});
   }
-  const std::size_t length = wanted.letters.size();
-  const std::size_t shortest = length - std::min(length, kLargestDistance);
-  const std::size_t behind_longest = std::min(by_length_.size(), length + kLargestDistance + 1);
-  for (std::size_t other = shortest; other < behind_longest; ++other) {
-    for (const Slot& slot : by_length_[other]) {
-      if (!MayBeNear(slot.parities, wanted.parities)) continue;
-      const Name& near = names_[slot.number];
-      if (near.without_separators == wanted.without_separators) continue;
-      if (const auto likeness = LikenessOf(wanted, near))
-        matches.push_back({slot.number, *likeness});
+  const std::u32string letters = Characters(wanted);
+  const std::uint64_t parities = ParitiesOf(letters);
+  const std::size_t shortest = letters.size() - std::min(letters.size(), kLargestDistance);
+  const std::size_t behind_longest =
+      std::min(by_length_.size(), letters.size() + kLargestDistance + 1);
+  for (std::size_t length = shortest; length < behind_longest; ++length) {
+    for (const Slot& slot : by_length_[length]) {
+      if (!MayBeNear(slot.parities, parities)) continue;
+      const auto likeness = LikenessOf(wanted, names_[slot.number]);
+      if (likeness) matches.push_back({slot.number, *likeness});
     }
   }
   std::erase_if(matches, [&](const Match& match) { return !counts(match.number); });

@@ -51,22 +51,15 @@ class NearNames {
   std::vector<Match> LikeThis(std::string_view name, const Filter& counts) const;
 
  private:
-  struct Name {
-    std::u32string letters;  // Lowered.
-    std::u32string without_separators;
-    std::uint64_t parities;  // Bit h: whether the letters of hash h are an odd number.
-  };
   struct Slot {
-    std::uint64_t parities;
+    std::uint64_t parities;  // Bit h: whether the letters of hash h are an odd number.
     std::size_t number;
   };
-  Name Prepared(std::string_view name) const;
-  static std::optional<Likeness> LikenessOf(const Name& a, const Name& b);
 
   const Text& text_;
-  std::vector<Name> names_;
-  std::vector<std::vector<Slot>> by_length_;                         // In letters.
-  std::unordered_multimap<std::u32string, std::size_t> by_letters_;  // Without separators.
+  std::vector<std::string> names_;                                // Lowered.
+  std::vector<std::vector<Slot>> by_length_;                      // In letters.
+  std::unordered_multimap<std::size_t, std::size_t> by_letters_;  // Hashes without separators.
 };
 
 }  // namespace panelkit

@@ -205,11 +205,13 @@ mkdir "$work/panel"
 cp "$work/gauge" "$work/panel/Étoile_Dépression.gau"
 tar -C "$work/panel" -czf "$people/dot.tgz" .
 (cd "$work/panel" && 7z a -mm=Deflate64 "$people/deflate64.zip" . && 7z a -ptop "$people/locked.zip" . &&
+  7z a -m0=Deflate64 "$people/deflate64.7z" . &&
   7z a -m0=BZip2 "$people/bzip2.7z" . && 7z a "$people/lzma.7z" .) >/dev/null || fail '7z'
 genisoimage -quiet -J -o "$people/disk.iso" "$work/panel" || fail 'genisoimage'
 for case in 'dos.zip|> panel\Étoile_Dépression.gau  (' 'unix.zip|> panel\Étoile_Dépression.gau  (' \
   'ansi.zip|.gau  (' 'setup.exe|> panel\Étoile_Dépression.gau  (' 'plain.exe|Not found' 'cut.zip|: it is cut off' \
   'dot.tgz|> Étoile_Dépression.gau  (' 'deflate64.zip|: it is packed by a method that cannot be read here' \
+  'deflate64.7z|: it is packed by a method that cannot be read here' \
   'locked.zip|: it is encrypted' 'bzip2.7z|> Étoile_Dépression.gau  (' 'lzma.7z|> Étoile_Dépression.gau  (' \
   'disk.iso|> Étoile_Dépression.gau  (' 'Étoile_Dépression (1).gau|, as Étoile_Dépression.gau' \
   'Copy of Étoile_Dépression.gau|, as Étoile_Dépression.gau' 'étoile_dépression.GAU.txt|, as étoile_dépression.GAU' \

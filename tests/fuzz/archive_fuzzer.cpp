@@ -1,8 +1,7 @@
 // Any bytes as an archive of each kind: searched, and what is found in it installed.
 #include "cabinet/entry_name.h"
 #include "fuzz/fuzz.h"
-#include "search/candidate_search.h"
-#include "search/installation.h"
+#include "search/find_result.h"
 
 void panelkit::fuzz::Try(std::string_view input) {
   static Prefix prefix;
@@ -12,10 +11,15 @@ void panelkit::fuzz::Try(std::string_view input) {
     std::filesystem::remove_all(prefix.c);
     std::filesystem::create_directories(gauges);
     test::Put(prefix.c / "in" / name, input);
-    CandidatePool pool(machine.text);
-    CandidateSearch search(machine, pool, SearchDepth::Archives, {});
+    FindResult result(machine.text);
+    CandidateSearch search(machine, result.pool, SearchDepth::Archives, {});
     Require(search.LookThrough("C:\\in"));
-    for (const Candidate& candidate : pool.All()) {
+    result.required = {{"J900_FMC", {"J900_FMC!Left"}, {{"a"}}},
+                       {"..\\TCAS", {"..\\TCAS!Display", "..\\TCAS!Control"}, {{"a"}, {"b"}}},
+                       {"J900FMC", {"J900FMC!Right"}, {{"b"}}}};
+    FindOffers(machine, "C:\\Gauges", {"J900FMC"}, result);
+    InstallBest(machine, "C:\\Gauges", false, {[] { return false; }}, result);
+    for (const Candidate& candidate : result.pool.All()) {
       Require(IsSafeEntryName(candidate.name) && candidate.name.find('\\') == std::string::npos);
       if (candidate.size > (1U << 20)) continue;
       const InstallFault fault = Install(machine, candidate, "C:\\Gauges");

@@ -50,7 +50,8 @@ ArchiveFault FaultOf(archive* reader) {
   };
   if (says("Unrecognized archive format")) return ArchiveFault::NoArchive;
   if (says("ncrypt") || says("assphrase")) return ArchiveFault::Encrypted;
-  if (says("nsupported") || says("ot supported") || says("unavailable") || says("not available")) {
+  if (says("nsupported") || says("ot supported") || says("unavailable") || says("not available") ||
+      says("codec")) {
     return ArchiveFault::OtherMethod;
   }
   // zlib's -5 asks for more bytes.
@@ -209,6 +210,8 @@ ArchiveContent EntryWalk::Content(const ArchiveEntry& entry) {
   if (entry.is_encrypted) return {std::nullopt, ArchiveFault::Encrypted};
   if (entry.size > kLargestFile) return {std::nullopt, ArchiveFault::TooLarge};
   std::string content;
+  // Growing by doubling, it would be there twice.
+  content.reserve(static_cast<std::size_t>(std::min(entry.size, limit_ - unpacked_)));
   std::vector<char> buffer(65536);
   for (;;) {
     const la_ssize_t count = archive_read_data(reader_, buffer.data(), buffer.size());
@@ -233,8 +236,14 @@ ArchiveFault LibarchiveReader::Read(std::string_view path, const OnArchiveEntry&
   return EntryWalk(reader.get(), static_cast<std::uint64_t>(file.size), text_).Run(visit);
 }
 
-ArchiveFault LibarchiveReader::ReadBytes(std::string_view bytes,
-                                         const OnArchiveEntry& visit) const {
+ArchiveFault LibarchiveReader::ReadBytes(std::string bytes, const OnArchiveEntry& visit) const {
+  constexpr std::size_t kLong = std::size_t{16} * 1024 * 1024;
+  if (bytes.size() > kLong) {
+    const auto file = Unpack(bytes, 0);
+    if (!file) return ArchiveFault::NoRoom;
+    std::string().swap(bytes);
+    return Read(file->Path(), visit);
+  }
   const auto utf8 = ConvertNamesToUtf8();
   const Reader reader = NewReader();
   if (archive_read_open_memory(reader.get(), bytes.data(), bytes.size()) != ARCHIVE_OK) {

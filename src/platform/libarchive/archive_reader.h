@@ -22,7 +22,7 @@ class LibarchiveReader : public ArchiveReader {
       : text_(text), native_path_(std::move(native_path)) {}
 
   ArchiveFault Read(std::string_view path, const OnArchiveEntry& visit) const override;
-  ArchiveFault ReadBytes(std::string_view bytes, const OnArchiveEntry& visit) const override;
+  ArchiveFault ReadBytes(std::string bytes, const OnArchiveEntry& visit) const override;
 
  private:
   const Text& text_;
