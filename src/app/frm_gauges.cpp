@@ -17,6 +17,7 @@ frmGauges::frmGauges(Toolkit& toolkit, const Machine& machine, std::string simul
       form_(toolkit.CreateForm(kGaugesWindow)),
       loop_(toolkit.Loop()),
       WebBrowser1(form_->BrowserNamed("WebBrowser1")),
+      strip_(form_->StripOf("WebBrowser1")),
       lblFilePath(form_->LabelNamed("lblFilePath")),
       ProgressBar1(form_->ProgressBarNamed("ProgressBar1")),
       List1(machine.text),
@@ -37,22 +38,27 @@ void frmGauges::WireEvents() {
   OnClick("menAboutFS", &frmGauges::menAboutFS_Click);
   form_->OnClick("menExit", [this] { menExit_Click(); });
   form_->OnClose([this] { menExit_Click(); });
+  form_->OnDrop([this](const Places& places) { FindIn(places); });
   WebBrowser1.OnLinkNotOpened([this] { status_.Show(kLinkNotOpenedText); });
 }
 
 void frmGauges::OnClick(std::string_view item, Handler handler) {
-  form_->OnClick(item, [this, handler] { RunAlone(handler); });
+  form_->OnClick(item, [this, handler] {
+    if (at_work_) return;
+    report_.reset();
+    moved_ = {};
+    RunAlone([this, handler] { (this->*handler)(); });
+  });
 }
 
 // Keeps every other handler out, also while the menus are enabled: a pick of the brake item
 // processes pending events without entering the Busy state.
-void frmGauges::RunAlone(Handler handler) {
+void frmGauges::RunAlone(const std::function<void()>& work) {
   if (std::exchange(at_work_, true)) return;
   status_.Begin();
-  report_.reset();
-  moved_ = {};
+  strip_.Hide();
   try {
-    (this->*handler)();
+    work();
   } catch (const std::bad_alloc&) {
     GiveUp("there is not enough memory");
   } catch (const std::exception& failure) {

@@ -17,6 +17,8 @@
 #include "pages/page_file.h"
 #include "platform/machine.h"
 #include "platform/toolkit.h"
+#include "search/look.h"
+#include "search/written_files.h"
 
 namespace panelkit {
 
@@ -45,6 +47,10 @@ class frmGauges {
   void menVirtual_Click();
   void menVisit_Click();
   void menAboutFS_Click();
+
+  /// Looks for the missing gauges in these folders and files (Windows paths), after a probe if none
+  /// has run. Does nothing while a command runs, and without a simulator.
+  void FindIn(const std::vector<std::string>& places);
 
   /// The simulator's folder: empty if none is installed, "Not Found" if its entry is damaged.
   std::string GetFSPath() const;
@@ -119,15 +125,24 @@ class frmGauges {
 
  private:
   using Handler = void (frmGauges::*)();
+  using Places = std::vector<std::string>;
+
+  /// A button of the strip.
+  struct NextStep {
+    const char* caption;
+    Handler handler;
+  };
 
   void WireEvents();
   void OnClick(std::string_view item, Handler handler);
-  void RunAlone(Handler handler);
+  void RunAlone(const std::function<void()>& work);
   void GiveUp(const std::string& reason);
   void MakeReport(bool list_all_gauges);
+  void Scan(bool list_all_gauges);
   std::vector<std::string> Sorted(const std::vector<std::string>& names);
   PagePlace ShowPage(const std::string& PagePath);
   void TellOf(const PagePlace& place);
+  std::string OwnFile(const std::string& name) const;
   void ShowNoSimulator();
   void ShowReport();
   void ArchiveSpare(const SpareSelection& spare);
@@ -137,11 +152,31 @@ class frmGauges {
   void SetBrakeCaption(bool shown);
   void TellOfBrakes();
 
+  // The strip: what it offers after which command, and the steps.
+  void Offer(const std::string& sentence, const std::vector<NextStep>& steps);
+  void OfferHints(const std::string& told = {});
+  void ShowHints();
+  void OfferSearch();
+  void OfferPutBack();
+  void PutThoseBack();
+  void PutAllBack();
+  void PutBack(const std::vector<std::string>& names);
+  void LookForThem();
+  void LookIn(const Places& places);
+  void ShowFound();
+  void OfferInstallation();
+  void InstallThem();
+  void TakeThemOut();
+  GaugeFolders OwnGaugeFolders() const;
+  CandidateSearch::OnProgress ProgressOfSearch(std::size_t places);
+  CandidateSearch::OnProgress KeepAnswering();
+
   Machine machine_;
   std::string simulator_;
   std::unique_ptr<Form> form_;
   EventLoop& loop_;
   WebBrowser& WebBrowser1;
+  Strip& strip_;
   Label& lblFilePath;
   ProgressBar& ProgressBar1;
   SortedList List1;
@@ -155,6 +190,8 @@ class frmGauges {
   std::vector<std::string> unreadable_variants_;  // Panels beside the aircraft's `Panel`.
   std::vector<std::string> not_named_;  // Cabinets whose names the cabinet service does not take.
   MoveOutcome moved_;
+  std::unique_ptr<Look> look_;        // The last search.
+  std::vector<WrittenFile> written_;  // By the last installation.
   BrakeOutcome brakes_;
 };
 

@@ -1,4 +1,5 @@
 // frmGauges: the three report commands.
+#include "app/busy_state.h"
 #include "app/frm_gauges.h"
 #include "cabinet/mod_gauges.h"
 #include "gauges/gauge_file.h"
@@ -7,30 +8,6 @@
 #include "pages/status_text.h"
 
 namespace panelkit {
-namespace {
-
-// While it lives, only File and Exit Program can be picked: a command that processes pending events
-// must not start another. Its destructor enables the menus, however the command ended.
-class BusyState {
- public:
-  explicit BusyState(Form& form) : form_(form) {
-    for (const char* item : {"menMain", "menProbe", "menShow", "menRemove", "menCool", "menHelp"}) {
-      form_.MenuNamed(item).SetEnabled(false);
-    }
-  }
-  ~BusyState() {
-    for (const char* item : {"menMain", "menHelp", "menCool", "menRemove", "menProbe", "menShow"}) {
-      form_.MenuNamed(item).SetEnabled(true);
-    }
-  }
-  BusyState(const BusyState&) = delete;
-  BusyState& operator=(const BusyState&) = delete;
-
- private:
-  Form& form_;
-};
-
-}  // namespace
 
 void frmGauges::menProbe_Click() {
   MakeReport(false);
@@ -44,16 +21,21 @@ void frmGauges::MakeReport(bool list_all_gauges) {
   LoadWorking();
   {
     const BusyState busy(*form_);
-    ListAllGauges = list_all_gauges;
-    CollectRequiredOnly = false;
-    ReportHtml = PagePrelude;
-    ReportHtml += ReportHeading(list_all_gauges ? ReportKind::Show : ReportKind::Probe);
-    EnumerateGauges();
-    report_->names = Sorted(MissingGauges.Names());
-    ReportHtml += SummaryLines(*report_);
+    Scan(list_all_gauges);
     ShowReport();
   }
   status_.End();
+  OfferHints();
+}
+
+void frmGauges::Scan(bool list_all_gauges) {
+  ListAllGauges = list_all_gauges;
+  CollectRequiredOnly = false;
+  ReportHtml = PagePrelude;
+  ReportHtml += ReportHeading(list_all_gauges ? ReportKind::Show : ReportKind::Probe);
+  EnumerateGauges();
+  report_->names = Sorted(MissingGauges.Names());
+  ReportHtml += SummaryLines(*report_);
 }
 
 // An empty report must not read as "nothing is missing", nor a cut one as a whole one.
@@ -80,6 +62,7 @@ void frmGauges::menRemove_Click() {
     }
   }
   status_.End();
+  OfferPutBack();
 }
 
 std::optional<SpareSelection> frmGauges::FindSpare() {

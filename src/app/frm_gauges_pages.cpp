@@ -5,12 +5,16 @@
 
 namespace panelkit {
 
+std::string frmGauges::OwnFile(const std::string& name) const {
+  return machine_.files.AppFolder() + "\\" + name;
+}
+
 std::string frmGauges::PageFile() const {
-  return machine_.files.AppFolder() + "\\GAUGES.HTM";
+  return OwnFile("GAUGES.HTM");
 }
 
 std::string frmGauges::BrakePageFile() const {
-  return machine_.files.AppFolder() + "\\BRAKES.HTM";
+  return OwnFile("BRAKES.HTM");
 }
 
 void frmGauges::LoadWelcome() {

@@ -3,6 +3,7 @@
 #include "console/console_program.h"
 #include "console/json_findings.h"
 #include "pages/report_text.h"
+#include "pages/status_text.h"
 #include "platform/terminal.h"
 
 namespace panelkit {
@@ -57,7 +58,7 @@ Json TellOfNamed(const CommandLine& line, const CommandStyle& style, const frmGa
 Outcome CleanCommand(LocalMachine& machine, const CommandLine& line, const std::string& simulator) {
   const Machine services = machine.Services();
   const GaugeFolders folders = FoldersOf(simulator, services.files.AppFolder());
-  const std::string archive = BothNames(machine, folders.spare) + ":";
+  const std::string archive = BothNames(services.files, folders.spare) + ":";
   const terminal::InterruptGuard guard;
   ConsoleProgram program(services, simulator);
   frmGauges& form = program.Form();

@@ -58,11 +58,6 @@ std::string SimulatorFor(LocalMachine& machine, const CommandLine& line) {
   return FindSimulator(services.registry, services.text);
 }
 
-std::string BothNames(const LocalMachine& machine, const std::string& windows_path) {
-  const std::string native = machine.NativePath(windows_path);
-  return native == windows_path ? native : windows_path + " (" + native + ")";
-}
-
 CommandStyle StyleFor(const LocalMachine& machine, const CommandLine& line) {
   CommandStyle style;
   style.is_posix = machine.NativePath(R"(C:\)") != R"(C:\)";

@@ -17,9 +17,6 @@ Outcome RunConsoleCommand(LocalMachine& machine, const CommandLine& line);
 /// the registry's answer.
 std::string SimulatorFor(LocalMachine& machine, const CommandLine& line);
 
-/// Both names of a folder in one line, "C:\FS2002 (/home/...)"; one of them if they are equal.
-std::string BothNames(const LocalMachine& machine, const std::string& windows_path);
-
 /// How a command is written that goes on with the simulator of `line`.
 CommandStyle StyleFor(const LocalMachine& machine, const CommandLine& line);
 

@@ -15,16 +15,6 @@ std::vector<DoubtfulEntry> Doubtful(const GaugeReport& report, const Text& text)
   return DoubtfulEntries(report.named, modGauges::InstalledGauges, text);
 }
 
-void TellDoubtful(const std::vector<DoubtfulEntry>& entries, Lines& lines) {
-  if (entries.empty()) return;
-  lines.Add("");
-  lines.Add("Present only because a longer name holds theirs:");
-  for (const DoubtfulEntry& entry : entries) {
-    lines.Add("    " + entry.entry + " in " + entry.held_by +
-              " (aircraft: " + std::to_string(entry.aircraft) + ")");
-  }
-}
-
 Json DoubtfulJson(const std::vector<DoubtfulEntry>& entries) {
   Json array = Json::array();
   for (const DoubtfulEntry& entry : entries) {
@@ -43,7 +33,7 @@ std::string TextOf(const GaugeReport& report, const Text& text, const Hints* hin
       lines.Add("        " + LineOf(hint, hints->style));
     }
   });
-  if (hints != nullptr) TellDoubtful(Doubtful(report, text), lines);
+  if (hints != nullptr) TellDoubtful(Doubtful(report, text), add);
   if (careful) TellOtherwiseNamed(report.otherwise_named, add);
   return lines.Take();
 }

@@ -2,24 +2,19 @@
 #include "console/console_commands.h"
 #include "console/json.h"
 #include "gauges/gauge_mover.h"
+#include "pages/restored_page.h"
+#include "pages/status_text.h"
 #include "platform/terminal.h"
 
 namespace panelkit {
 namespace {
 
 std::string TextOf(const RestoreOutcome& files, const std::string& gauges) {
-  const auto& [restored, already_there, failed, from_elsewhere, stopped] = files;
   Lines lines;
-  if (!restored.empty()) lines.AddNames("Restored to " + gauges + ":", restored);
-  if (!already_there.empty()) {
-    lines.AddNames("Left in SpareGauges, since Gauges has a file of that name:", already_there);
+  for (const auto& [heading, names] : RestoredSections(files, gauges)) {
+    lines.AddNames(heading, names);
   }
-  if (!from_elsewhere.empty()) {
-    lines.AddNames(
-        "Left in SpareGauges, since they came from another simulator (--all brings them):",
-        from_elsewhere);
-  }
-  if (lines.IsEmpty() && failed.empty() && !stopped) {
+  if (lines.IsEmpty() && files.failed.empty() && !files.stopped) {
     lines.Add("Nothing to restore.");
   }
   return lines.Take();
@@ -32,7 +27,7 @@ Outcome ListSpares(LocalMachine& machine, const CommandLine& line,
   Lines lines;
   Json archives = Json::array();
   for (const GaugeFolders& pair : folders) {
-    lines.Add(BothNames(machine, pair.spare));
+    lines.Add(BothNames(services.files, pair.spare));
     Json archive = JsonOfPath(machine, pair.spare);
     archive["files"] = Json::array();
     for (const ArchivedGauge& gauge : ArchivedGauges(services.files, services.text, pair.spare)) {
@@ -62,15 +57,15 @@ RestoreChoice ChoiceOf(const CommandLine& line) {
 
 Outcome RestoreCommand(LocalMachine& machine, const CommandLine& line,
                        const std::string& simulator) {
+  const Machine services = machine.Services();
   const terminal::InterruptGuard guard;
   std::vector<GaugeFolders> folders;
   std::string archives;
   for (const std::string& own_folder : machine.FoldersOfOwnFiles()) {
     folders.push_back(FoldersOf(simulator, own_folder));
-    archives += (archives.empty() ? "" : " and ") + BothNames(machine, folders.back().spare);
+    archives += (archives.empty() ? "" : " and ") + BothNames(services.files, folders.back().spare);
   }
   if (line.list) return ListSpares(machine, line, folders);
-  const Machine services = machine.Services();
   const std::string& gauges = folders.front().gauges;
   const auto names = line.gauges.empty() ? std::vector<std::string>{kEveryGauge} : line.gauges;
   const RestoreOutcome files = RestoreGauges(services.files, services.text, folders, names,
@@ -87,7 +82,7 @@ Outcome RestoreCommand(LocalMachine& machine, const CommandLine& line,
                                          {"already_there", files.already_there},
                                          {"from_elsewhere", files.from_elsewhere},
                                          {"failed", files.failed}})
-                       : TextOf(files, BothNames(machine, gauges));
+                       : TextOf(files, BothNames(services.files, gauges));
   return outcome;
 }
 

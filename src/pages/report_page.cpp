@@ -5,10 +5,6 @@
 namespace panelkit {
 namespace {
 
-std::string RedHeading(std::string_view words) {
-  return std::string("<font color=\"red\"><b>").append(words) + "</b></font><hr size=1>\r\n";
-}
-
 std::string MissingFilesHeading(const GaugeReport& report) {
   return "<br><br>" + RedHeading(SummaryTitle(report.kind)) + "<b>There are " +
          std::to_string(report.names.size()) + " Required Files:</b><br><br>\r\n";
@@ -34,6 +30,10 @@ void AppendWindow(const ReportedWindow& window, std::string& lines) {
 }
 
 }  // namespace
+
+std::string RedHeading(std::string_view words) {
+  return std::string("<font color=\"red\"><b>").append(words) + "</b></font><hr size=1>\r\n";
+}
 
 std::string_view ReportTitle(ReportKind kind) {
   return kind == ReportKind::Show ? "ALL GAUGES REPORT" : "PROBE FOR MISSING GAUGES REPORT";

@@ -11,6 +11,9 @@
 
 namespace panelkit {
 
+/// A heading line of the words as they are.
+std::string RedHeading(std::string_view words);
+
 /// The heading words above the aircraft of a probe or of all gauges.
 std::string_view ReportTitle(ReportKind kind);
 

@@ -55,6 +55,16 @@ void TellReport(const GaugeReport& report, const Text& text, const OnLine& on_li
   }
 }
 
+void TellDoubtful(const std::vector<DoubtfulEntry>& entries, const OnLine& on_line) {
+  if (entries.empty()) return;
+  on_line("");
+  on_line("Present only because a longer name holds theirs:");
+  for (const DoubtfulEntry& entry : entries) {
+    on_line("    " + entry.entry + " in " + entry.held_by +
+            " (aircraft: " + std::to_string(entry.aircraft) + ")");
+  }
+}
+
 void TellOtherwiseNamed(const std::vector<OtherwiseNamedFile>& files, const OnLine& on_line) {
   on_line("");
   on_line("FILES THAT PANELS NAME IN ANOTHER WAY: " + std::to_string(files.size()));

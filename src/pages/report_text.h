@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "gauges/doubtful_entries.h"
 #include "gauges/gauge_report.h"
 #include "platform/text.h"
 
@@ -19,6 +20,11 @@ void TellReport(
     const GaugeReport& report, const Text& text,
     const std::function<void(std::string_view line)>& on_line,
     const std::function<void(std::size_t position)>& below = [](std::size_t) {});
+
+/// Tells `on_line` of entries that are present only by a longer name, likewise; nothing if there
+/// are none.
+void TellDoubtful(const std::vector<DoubtfulEntry>& entries,
+                  const std::function<void(std::string_view line)>& on_line);
 
 /// Tells `on_line` of the files that panels name in a way which the report does not read: a section
 /// of its own, with an empty line before it.

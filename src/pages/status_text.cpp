@@ -58,6 +58,11 @@ std::string NoAircraftText(const Files& files, const std::string& FSPath) {
   return "the Aircraft folder cannot be read";
 }
 
+std::string BothNames(const Files& files, const std::string& windows_path) {
+  const std::string native = files.NativePath(windows_path);
+  return native == windows_path ? native : windows_path + " (" + native + ")";
+}
+
 std::string CabinetsNotNamedText(const std::vector<std::string>& cabinets) {
   std::string names;
   for (const std::string& cabinet : cabinets) names += (names.empty() ? "" : ", ") + cabinet;

@@ -29,6 +29,9 @@ std::string PageUnwrittenText(const std::string& path, FileFault fault);
 /// C:\FS is not there".
 std::string NoAircraftText(const Files& files, const std::string& FSPath);
 
+/// Both names of a folder in one line, "C:\FS2002 (/home/...)"; one of them if they are equal.
+std::string BothNames(const Files& files, const std::string& windows_path);
+
 /// The end of a Clean Gauges run: "Done", with the number of files that stayed in Gauges, of panels
 /// that could not be read and of moved files that panels name in a way which the reports do not
 /// read, as far as there are any.
@@ -48,6 +51,8 @@ inline constexpr const char* kNoPlaceForSettingText =
     "fs2002.cfg has no SYSCLOCK line to put the setting behind.";
 inline constexpr const char* kReportNotWholeText =
     "There are more than 32,767 gauges: the report is not whole.";
+inline constexpr const char* kNotAllCopiedText =
+    "Not all files could be copied: the page says why.";
 inline constexpr const char* kLinkNotOpenedText =
     "The link could not be opened: no web browser was found.";
 

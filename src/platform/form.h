@@ -8,8 +8,10 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/browser.h"
+#include "platform/strip.h"
 
 namespace panelkit {
 
@@ -99,6 +101,9 @@ class Form {
   virtual ProgressBar& ProgressBarNamed(std::string_view name) = 0;
   virtual WebBrowser& BrowserNamed(std::string_view name) = 0;
 
+  /// The strip of the browser pane `name`, hidden at first.
+  virtual Strip& StripOf(std::string_view name) = 0;
+
   /// Calls `handler` at each click on the menu item or button `name`, from the event loop and never
   /// from inside the toolkit's own dispatch. Without a handler a click does nothing.
   virtual void OnClick(std::string_view name, std::function<void()> handler) = 0;
@@ -106,6 +111,15 @@ class Form {
   /// Calls `handler`, from the event loop, when the user closes the window. The window has left the
   /// screen by then; the handler may destroy the form.
   virtual void OnClose(std::function<void()> handler) = 0;
+
+  /// Asks the user for folders, of which more than one can be picked where the system offers that,
+  /// and waits for the answer; begins where downloads go. Windows paths; empty if the user picks
+  /// none. `title` says what for. Events are delivered meanwhile.
+  virtual std::vector<std::string> ChooseFolders(const std::string& title) = 0;
+
+  /// Calls `handler`, from the event loop, with the Windows paths of files and folders that the
+  /// user drops on the window, the browser pane included, which never goes there.
+  virtual void OnDrop(std::function<void(const std::vector<std::string>& paths)> handler) = 0;
 
   /// Shows the window, in front; one that is shown already comes to the front.
   virtual void Show() = 0;

@@ -135,7 +135,9 @@ bool CandidateSearch::LookThrough(const std::string& path) {
   if (outcome.unreadable > 0) {
     passed_over_.push_back({path, {}, "a folder in it cannot be read", outcome.unreadable - 1});
   }
-  return outcome.is_folder || LookAtNamed(path);
+  const bool is_there = outcome.is_folder || LookAtNamed(path);
+  ++progress_.places;
+  return is_there;
 }
 
 bool CandidateSearch::LookAtNamed(const std::string& path) {

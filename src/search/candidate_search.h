@@ -13,6 +13,7 @@ namespace panelkit {
 
 /// What a search has looked at so far.
 struct SearchProgress {
+  std::size_t places = 0;  ///< Of the LookThrough calls, those that are over.
   std::size_t files = 0;
   std::size_t archives = 0;
 };

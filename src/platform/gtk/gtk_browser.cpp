@@ -106,6 +106,7 @@ GtkBrowser::GtkBrowser(const LocalMachine& machine)
       pages_(context_.get(), machine.Charset(), machine.NativePath(machine.PictureFolder())),
       view_(KeepObject(NewWebView(context_.get(), machine))),
       find_bar_(view_.get()),
+      strip_(GTK_WIDGET(view_.get())),
       pane_(KeepObject(gtk_box_new(GTK_ORIENTATION_VERTICAL, 0))) {
   g_signal_connect(view_.get(), "decide-policy", G_CALLBACK(DecidePolicy), this);
   g_signal_connect(view_.get(), "create", G_CALLBACK(NewWindow), this);
@@ -114,6 +115,7 @@ GtkBrowser::GtkBrowser(const LocalMachine& machine)
   g_signal_connect(view_.get(), "web-process-terminated", G_CALLBACK(ProcessEnded), this);
   gtk_box_pack_start(GTK_BOX(pane_.get()), GTK_WIDGET(view_.get()), TRUE, TRUE, 0);
   gtk_box_pack_start(GTK_BOX(pane_.get()), find_bar_.Widget(), FALSE, FALSE, 0);
+  gtk_box_pack_start(GTK_BOX(pane_.get()), strip_.Widget(), FALSE, FALSE, 0);
   atk_object_set_role(gtk_widget_get_accessible(pane_.get()), ATK_ROLE_PANEL);
   AttachPaneMenu(view_.get(), policy_);
   AttachPaneKeys(view_.get(), find_bar_);

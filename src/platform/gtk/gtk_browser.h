@@ -12,6 +12,7 @@
 #include "platform/browser.h"
 #include "platform/gtk/find_bar.h"
 #include "platform/gtk/gtk_pointers.h"
+#include "platform/gtk/gtk_strip.h"
 #include "platform/gtk/page_files.h"
 #include "platform/local_machine.h"
 
@@ -32,6 +33,8 @@ class GtkBrowser final : public WebBrowser {
   }
 
   GtkWidget* Widget() const { return pane_.get(); }
+
+  Strip& PaneStrip() { return strip_; }
 
  private:
   void Load(const std::string& address);
@@ -56,7 +59,8 @@ class GtkBrowser final : public WebBrowser {
   PanePolicy policy_;
   ObjectPtr<WebKitWebView> view_;
   FindBar find_bar_;
-  ObjectPtr<GtkWidget> pane_;   ///< Holds the view and the find bar.
+  GtkStrip strip_;
+  ObjectPtr<GtkWidget> pane_;   ///< Holds the view, the find bar and the strip.
   bool failure_comes_ = false;  ///< The page that comes tells of a failure.
   std::function<void()> link_not_opened_;
 

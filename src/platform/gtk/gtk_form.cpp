@@ -4,6 +4,8 @@
 #include <utility>
 #include <vector>
 
+#include "platform/gtk/folder_chooser.h"
+#include "platform/gtk/gtk_drop.h"
 #include "platform/gtk/gtk_event_loop.h"
 #include "platform/gtk/gtk_style.h"
 #include "platform/gtk/window_frame.h"
@@ -12,7 +14,8 @@ namespace panelkit {
 
 GtkForm::GtkForm(const FormDescription& description, const ScreenScale& scale,
                  const LocalMachine& machine)
-    : scale_(scale),
+    : machine_(machine),
+      scale_(scale),
       help_menu_(description.help_menu),
       menu_(description.menu, [this](const std::string& name) { Clicked(name); }),
       window_(GTK_WINDOW(gtk_window_new(GTK_WINDOW_TOPLEVEL))),
@@ -131,6 +134,10 @@ WebBrowser& GtkForm::BrowserNamed(std::string_view name) {
   return EntryNamed(browsers_, name);
 }
 
+Strip& GtkForm::StripOf(std::string_view name) {
+  return EntryNamed(browsers_, name).PaneStrip();
+}
+
 void GtkForm::OnClick(std::string_view name, std::function<void()> handler) {
   clicks_.insert_or_assign(std::string(name), std::move(handler));
 }
@@ -153,6 +160,22 @@ gboolean GtkForm::KeyPressed(GtkWidget*, const GdkEventKey* key, gpointer self) 
                           key->keyval == GDK_KEY_F1 && !form->help_menu_.empty();
   if (opens_help) form->menu_.Open(form->help_menu_);
   return opens_help ? TRUE : FALSE;
+}
+
+std::vector<std::string> GtkForm::ChooseFolders(const std::string& title) {
+  std::vector<std::string> paths;
+  for (const std::string& native : AskForFolders(window_, title)) {
+    paths.push_back(machine_.WindowsPath(native));
+  }
+  return paths;
+}
+
+void GtkForm::OnDrop(std::function<void(const std::vector<std::string>& paths)> handler) {
+  TakeDrops(GTK_WIDGET(window_), [this, handler = std::move(handler)](const auto& natives) {
+    std::vector<std::string> paths;
+    for (const std::string& native : natives) paths.push_back(machine_.WindowsPath(native));
+    PostToLoop(alive_, [handler, paths] { handler(paths); });
+  });
 }
 
 void GtkForm::Show() {

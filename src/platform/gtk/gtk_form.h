@@ -7,6 +7,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "platform/form.h"
 #include "platform/gtk/gtk_browser.h"
@@ -30,8 +31,11 @@ class GtkForm final : public Form {
   MenuItem& MenuNamed(std::string_view name) override { return menu_.Named(name); }
   ProgressBar& ProgressBarNamed(std::string_view name) override;
   WebBrowser& BrowserNamed(std::string_view name) override;
+  Strip& StripOf(std::string_view name) override;
   void OnClick(std::string_view name, std::function<void()> handler) override;
   void OnClose(std::function<void()> handler) override { close_ = std::move(handler); }
+  std::vector<std::string> ChooseFolders(const std::string& title) override;
+  void OnDrop(std::function<void(const std::vector<std::string>& paths)> handler) override;
   void Show() override;
   void Hide() override;
   Twips Width() const override;
@@ -52,6 +56,7 @@ class GtkForm final : public Form {
   static gboolean CloseRequested(GtkWidget* window, GdkEvent* event, gpointer self);
   static gboolean KeyPressed(GtkWidget* window, const GdkEventKey* key, gpointer self);
 
+  const LocalMachine& machine_;
   ScreenScale scale_;
   ByName<std::function<void()>> clicks_;
   std::function<void()> close_;

@@ -49,6 +49,7 @@ std::string StyleSheet(const ScreenScale& scale) {
       << ".panelkit menuitem { min-height: 0; }\n"
       << ".panelkit label { padding: 0; margin: 0; }\n"
       << ".panelkit button { padding: 0; margin: 0; min-width: 0; min-height: 0; }\n"
+      << ".panelkit infobar button { padding: " << unit << "px " << 6 * unit << "px; }\n"
       << ".panelkit progressbar, .panelkit trough, .panelkit progress {"
       << " margin: 0; padding: 0; min-width: 0; min-height: 0; border-radius: 0; }\n"
       << ".panelkit trough { min-height: " << 15 * unit << "px; }\n"

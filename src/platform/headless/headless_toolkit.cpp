@@ -10,6 +10,22 @@ void HeadlessProgressBar::SetValue(int value) {
   if (watcher_) watcher_(value_, max_);
 }
 
+std::string HeadlessStrip::Shown() const {
+  std::string shown = content_.sentence;
+  for (const StripButton& button : content_.buttons) shown += " [" + button.caption + "]";
+  return shown;
+}
+
+void HeadlessStrip::Press(std::string_view caption) {
+  const auto button = std::find_if(
+      content_.buttons.begin(), content_.buttons.end(),
+      [caption](const StripButton& candidate) { return candidate.caption == caption; });
+  if (button == content_.buttons.end()) return;
+  // The step that it takes may show something else.
+  const auto on_click = button->on_click;
+  on_click();
+}
+
 HeadlessForm::HeadlessForm(const FormDescription& description, HeadlessProgressBar::Watcher watcher)
     : description_(description) {
   for (const ControlDescription& control : description.controls) {
@@ -23,6 +39,7 @@ HeadlessForm::HeadlessForm(const FormDescription& description, HeadlessProgressB
         break;
       case ControlKind::WebBrowser:
         browsers_[name];
+        strips_[name];
         break;
       case ControlKind::PictureBox:
       case ControlKind::CommandButton:

@@ -76,6 +76,20 @@ class HeadlessBrowser : public WebBrowser {
   std::function<void()> on_link_not_opened_;
 };
 
+/// A strip whose buttons are pressed by the program that owns the toolkit.
+class HeadlessStrip : public Strip {
+ public:
+  void Show(StripContent content) override { content_ = std::move(content); }
+  void Hide() override { content_ = {}; }
+  /// The sentence and the captions, "A sentence. [&One] [&Two]"; empty while it is hidden.
+  std::string Shown() const;
+  /// Presses a button as a user would; nothing happens if there is none of that caption.
+  void Press(std::string_view caption);
+
+ private:
+  StripContent content_;
+};
+
 /// A form whose clicks come from the program that owns the toolkit.
 class HeadlessForm : public Form {
  public:
@@ -92,8 +106,17 @@ class HeadlessForm : public Form {
   HeadlessMenuItem& MenuNamed(std::string_view name) override;
   HeadlessProgressBar& ProgressBarNamed(std::string_view name) override;
   HeadlessBrowser& BrowserNamed(std::string_view name) override;
+  HeadlessStrip& StripOf(std::string_view name) override { return EntryNamed(strips_, name); }
   void OnClick(std::string_view name, std::function<void()> handler) override;
   void OnClose(std::function<void()> handler) override { on_close_ = std::move(handler); }
+  /// Gives what the owner of the toolkit has put there for the next question.
+  std::vector<std::string> ChooseFolders(const std::string&) override { return std::move(choice); }
+  void OnDrop(std::function<void(const std::vector<std::string>&)> handler) override {
+    drop = std::move(handler);
+  }
+  std::vector<std::string> choice;
+  std::function<void(const std::vector<std::string>& paths)> drop;
+
   void Show() override { visible_ = true; }
   void Hide() override { visible_ = false; }
   Twips Width() const override { return description_.width; }
@@ -110,6 +133,7 @@ class HeadlessForm : public Form {
   ByName<HeadlessMenuItem> menu_;
   ByName<HeadlessProgressBar> bars_;
   ByName<HeadlessBrowser> browsers_;
+  ByName<HeadlessStrip> strips_;
   ByName<std::function<void()>> on_click_;
   std::function<void()> on_close_;
   bool visible_ = false;

@@ -43,6 +43,14 @@ void BrowserHost::Activate() {
   }
 }
 
+void BrowserHost::Resized() {
+  ComPtr<IOleInPlaceObject> in_place;
+  const RECT place = Place();
+  if (control_ != nullptr && SUCCEEDED(control_.As(&in_place))) {
+    in_place->SetObjectRects(&place, &place);
+  }
+}
+
 void BrowserHost::RulesChanged() {
   ComPtr<IOleControl> control;
   if (control_ == nullptr) return;

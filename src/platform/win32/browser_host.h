@@ -35,6 +35,9 @@ class BrowserHost final : public IOleClientSite,
   /// Gives the keyboard to the page.
   void Activate();
 
+  /// The window has another size.
+  void Resized();
+
   /// Makes the control ask again what it may download and run. Dialogs of its own, such as the one
   /// that prints, are for pages without scripts, which would open others.
   void RulesChanged();

@@ -71,13 +71,13 @@ Win32Browser::Win32Browser(HWND form, const ControlDescription& control, const S
                rules->policy.Awaits(Utf8(url));
       }) {
   static const ATOM pane_class = RegisterPaneClass();
-  const int left = scale.PixelsX(control.left);
-  const int top = scale.PixelsY(control.top);
+  place_ = {scale.PixelsX(control.left), scale.PixelsY(control.top),
+            scale.PixelsX(control.left + control.width),
+            scale.PixelsY(control.top + control.height)};
   pane_ = CreateWindowExW(
       WS_EX_CLIENTEDGE, MAKEINTATOM(pane_class), Wide(control.accessible_name).c_str(),
-      WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_TABSTOP, left, top,
-      scale.PixelsX(control.left + control.width) - left,
-      scale.PixelsY(control.top + control.height) - top, form,
+      WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_TABSTOP, place_.left, place_.top,
+      place_.right - place_.left, place_.bottom - place_.top, form,
       reinterpret_cast<HMENU>(static_cast<UINT_PTR>(id)), GetModuleHandleW(nullptr), nullptr);
   SetWindowLongPtrW(pane_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
   Connect();
@@ -106,6 +106,15 @@ void Win32Browser::Connect() {
   if (host_->Control() == nullptr) return;
   host_->Control()->put_RegisterAsDropTarget(VARIANT_FALSE);
   events_->ListenTo(*host_->Control());
+}
+
+RECT Win32Browser::GiveRoom(int height) {
+  RECT room = place_;
+  room.top = room.bottom - height;
+  SetWindowPos(pane_, nullptr, 0, 0, place_.right - place_.left, room.top - place_.top,
+               SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+  host_->Resized();
+  return room;
 }
 
 void Win32Browser::Navigate(const std::string& address) {

@@ -58,6 +58,10 @@ class Win32Browser final : public WebBrowser {
 
   HWND Window() const { return pane_; }
 
+  /// Leaves `height` pixels at the lower edge of its place free and gives that room, in the form's
+  /// coordinates.
+  RECT GiveRoom(int height);
+
  private:
   void Connect();
   void Go(const std::wstring& address);
@@ -75,6 +79,7 @@ class Win32Browser final : public WebBrowser {
 
   Win32EventLoop& loop_;
   HWND pane_ = nullptr;
+  RECT place_;  ///< In the form, with the room that it can give.
   /// Shared with the guard, which other threads may still ask when the pane has gone.
   struct Rules {
     PanePolicy policy;

@@ -6,8 +6,8 @@
 namespace panelkit::windows {
 namespace {
 
-constexpr DWORD kPause = 10;           // Milliseconds: the window answers ...
-constexpr DWORD kLongestDelivery = 8;  // ... and a scan gets half of the time or more.
+constexpr DWORD kPause = 20;           // Milliseconds: the window answers ...
+constexpr DWORD kLongestDelivery = 8;  // ... and the work gets most of the time.
 
 }  // namespace
 

@@ -15,7 +15,7 @@ namespace panelkit::windows {
 class Win32EventLoop final : public EventLoop {
  public:
   /// Delivers messages for 8 milliseconds at most, and only if the last call that did so returned
-  /// 10 milliseconds ago; any other call reads the clock and returns.
+  /// 20 milliseconds ago; any other call reads the clock and returns.
   void ProcessPending() override;
   [[noreturn]] void End() override;
 

@@ -4,6 +4,7 @@
 #include <stdexcept>
 #include <vector>
 
+#include "platform/win32/folder_dialog.h"
 #include "platform/win32/form_size.h"
 #include "platform/windows/wide.h"
 
@@ -66,6 +67,7 @@ Win32Form::Win32Form(const FormDescription& description, const ScreenScale& scal
 Win32Form::~Win32Form() {
   loop_.Remove(window_);
   SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
+  strips_.clear();
   browsers_.clear();  // Before the windows that they lie in.
   DestroyWindow(window_);
   DeleteObject(font_);
@@ -84,7 +86,8 @@ void Win32Form::AddControls(const FormDescription& description) {
 void Win32Form::AddControl(const ControlDescription& control, UINT id) {
   const std::string name(control.name);
   if (control.kind == ControlKind::WebBrowser) {
-    browsers_.try_emplace(name, window_, control, scale_, id, loop_);
+    auto& pane = browsers_.try_emplace(name, window_, control, scale_, id, loop_).first->second;
+    strips_.try_emplace(name, window_, pane, scale_, font_, loop_);
     return;
   }
   const HWND window = CreateControl(window_, control, scale_, id);
@@ -122,6 +125,28 @@ void Win32Form::OnClick(std::string_view name, std::function<void()> handler) {
   clicks_.insert_or_assign(std::string(name), std::move(handler));
 }
 
+std::vector<std::string> Win32Form::ChooseFolders(const std::string& title) {
+  return AskForFolders(window_, title);
+}
+
+// The pane's control takes no drops itself, so those on it come to the form.
+void Win32Form::OnDrop(std::function<void(const std::vector<std::string>& paths)> handler) {
+  drop_ = std::move(handler);
+  DragAcceptFiles(window_, TRUE);
+}
+
+void Win32Form::Dropped(HDROP drop) {
+  constexpr UINT kCount = 0xFFFFFFFF;
+  std::vector<std::string> paths;
+  for (UINT i = 0; i < DragQueryFileW(drop, kCount, nullptr, 0); ++i) {
+    std::wstring path(DragQueryFileW(drop, i, nullptr, 0), L'\0');
+    DragQueryFileW(drop, i, path.data(), static_cast<UINT>(path.size() + 1));
+    paths.push_back(Utf8(path));
+  }
+  DragFinish(drop);
+  loop_.Post(alive_, [this, paths] { drop_(paths); });
+}
+
 // Not by ShowWindow, which shows a process's first window as its shortcut asks for: maximised or
 // minimised, where a window of fixed size cannot be brought back from.
 void Win32Form::Show() {
@@ -151,8 +176,13 @@ bool Win32Form::Filter(MSG& message) {
     PostMessageW(window_, WM_SYSCOMMAND, SC_KEYMENU, help_key_);
     return true;
   }
+  for (auto& [name, strip] : strips_) {
+    if (strip.Takes(message)) return true;
+  }
   for (auto& [name, browser] : browsers_) {
-    if (browser.HasFocus()) return IsForWindow(message) || browser.Translate(message);
+    if (!browser.HasFocus()) continue;
+    return IsForWindow(message) || browser.Translate(message) ||
+           EntryNamed(strips_, name).TakesTab(message);
   }
   // Windows itself presses only default buttons by Enter.
   if (message.message == WM_KEYDOWN && message.wParam == VK_RETURN &&
@@ -231,6 +261,9 @@ LRESULT Win32Form::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
         DrawPicture(*reinterpret_cast<const DRAWITEMSTRUCT*>(lparam), picture->second, scale_);
       }
       return TRUE;
+    case WM_DROPFILES:
+      Dropped(reinterpret_cast<HDROP>(wparam));
+      return 0;
     case WM_ACTIVATE:
       if (LOWORD(wparam) == WA_INACTIVE) last_focus_ = GetFocus();
       break;

@@ -3,10 +3,13 @@
 
 #include <windows.h>
 
+#include <shellapi.h>
+
 #include <functional>
 #include <map>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "platform/form.h"
 #include "platform/win32/screen_scale.h"
@@ -14,6 +17,7 @@
 #include "platform/win32/win32_controls.h"
 #include "platform/win32/win32_event_loop.h"
 #include "platform/win32/win32_menu.h"
+#include "platform/win32/win32_strip.h"
 
 namespace panelkit::windows {
 
@@ -31,8 +35,11 @@ class Win32Form final : public Form {
   MenuItem& MenuNamed(std::string_view name) override { return menu_->Named(name); }
   ProgressBar& ProgressBarNamed(std::string_view name) override;
   WebBrowser& BrowserNamed(std::string_view name) override;
+  Strip& StripOf(std::string_view name) override { return EntryNamed(strips_, name); }
   void OnClick(std::string_view name, std::function<void()> handler) override;
   void OnClose(std::function<void()> handler) override { close_ = std::move(handler); }
+  std::vector<std::string> ChooseFolders(const std::string& title) override;
+  void OnDrop(std::function<void(const std::vector<std::string>& paths)> handler) override;
   void Show() override;
   void Hide() override { ShowWindow(window_, SW_HIDE); }
   Twips Width() const override;
@@ -47,6 +54,7 @@ class Win32Form final : public Form {
   bool IsForWindow(MSG& message) const;
   void Clicked(const std::string& name);
   void Closed();
+  void Dropped(HDROP drop);
   void Command(UINT id);
   LRESULT Handle(UINT message, WPARAM wparam, LPARAM lparam);
   static LRESULT CALLBACK WindowProcedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
@@ -62,10 +70,12 @@ class Win32Form final : public Form {
   ByName<Win32Label> labels_;
   ByName<Win32ProgressBar> bars_;
   ByName<Win32Browser> browsers_;
+  ByName<Win32Strip> strips_;
   ByName<std::function<void()>> clicks_;
   std::map<UINT, std::string> buttons_;
   std::map<UINT, std::string> pictures_;
   std::function<void()> close_;
+  std::function<void(const std::vector<std::string>& paths)> drop_;
 
   /// Expires with the form, so that clicks posted for it no longer run.
   std::shared_ptr<const void> alive_ = std::make_shared<int>();

@@ -8,6 +8,7 @@ import pathlib
 import shutil
 import socket
 import struct
+import subprocess
 import sys
 import tempfile
 import threading
@@ -18,6 +19,22 @@ from window_driver import Program, move_to_a_screen, run, wait
 PROGRAM, PICTURES = (pathlib.Path(argument) for argument in sys.argv[1:3])
 MAIN = " Panelkit for FS2002 ONLY"
 ABOUT = "About Panelkit "
+
+
+DRAG_SOURCE = """
+import sys, gi
+gi.require_version("Gtk", "3.0")
+from gi.repository import Gdk, Gtk
+window = Gtk.Window(type=Gtk.WindowType.POPUP, title="Drag source")
+window.add(Gtk.EventBox())
+box = window.get_child()
+box.drag_source_set(Gdk.ModifierType.BUTTON1_MASK, [], Gdk.DragAction.COPY)
+box.drag_source_add_uri_targets()
+box.connect("drag-data-get", lambda box, drag, data, info, time: data.set_uris(sys.argv[1:]))
+window.set_default_size(60, 60)
+window.show_all()
+Gtk.main()
+"""
 
 
 def words(page):
@@ -87,6 +104,52 @@ class WindowTest(unittest.TestCase):
         program.wait_for_page("ABSOLUTELY HATE")
         self.assertTrue(program.named("menu item", "Turn Parking Brake Annunciator ON"))
         wait(lambda: shows(program, "easy.gif"), "its picture")
+
+    def test_the_strip_leads_from_missing_gauges_to_installed_ones_and_back(self):
+        program = self.start()
+        whole = program.place("document web")
+        program.press("alt+p")
+        program.wait_for_page("There are 13 Required Files")
+        strip = "info bar", "13 required files are missing."
+        wait(lambda: program.named(*strip), "the strip")
+        pane, bar = program.place("document web"), program.place(*strip)
+        self.assertLess(pane.height, whole.height)
+        self.assertLessEqual(bar.y + bar.height, whole.y + whole.height)
+        program.press("Next", "Home")  # The page still has the keyboard.
+        program.press("alt+y")
+        program.wait_for_page("WHY GAUGES ARE MISSING")
+        program.press("alt+l")
+        wait(lambda: program.named("file chooser", "Look for*"), "the chooser")
+        program.press("ctrl+l", "ctrl+a")
+        downloads = self.root / "prefix" / "drive_c" / "Downloads"
+        run("xdotool", "type", str(downloads))
+        program.press("Return")
+        program.wait_for_page("SEARCH FOR MISSING GAUGES")
+        wait(lambda: program.named("info bar", "10 of the 13 can be copied to Gauges."), "the offer")
+        program.click("push button", "Install Them")
+        program.wait_for_page("GAUGES COPIED")
+        program.press("alt+p")
+        program.wait_for_page("There are 3 Required Files")
+        wait(lambda: program.named("info bar", "3 required files*"), "the strip")
+        program.press("Tab", "Tab")  # From the page's link to the first button.
+        wait(lambda: program.has_focus("push button", "Why?"), "the keyboard in the strip")
+        program.press("Escape")
+        wait(lambda: program.place("document web").height == whole.height, "the whole pane")
+        self.drag(downloads / "old drive", program.place("document web"))
+        program.wait_for_page("SEARCH FOR MISSING GAUGES")
+        wait(lambda: program.named("info bar", "None of the 3 was found there."), "what came of it")
+        self.assertFalse(program.greyed())
+
+    def drag(self, file, place):
+        """Drags a file from a window of its own to the middle of a place on the screen."""
+        source = subprocess.Popen(["/usr/bin/python3", "-c", DRAG_SOURCE, file.as_uri()])
+        self.addCleanup(source.wait)
+        self.addCleanup(source.kill)
+        wait(lambda: run("xdotool", "search", "--name", "^Drag source$"), "the drag source")
+        run("xdotool", "mousemove", "30", "30", "mousedown", "1")
+        for x in range(40, place.x + place.width // 2, 40):
+            run("xdotool", "mousemove", str(x), str(place.y + place.height // 2))
+        run("xdotool", "mouseup", "1")
 
     def test_during_a_scan_only_exit_and_close_can_be_picked_and_end_the_program(self):
         # Together these take far longer to read than any test lasts.

@@ -4,12 +4,14 @@
 #include <commctrl.h>
 #include <doctest/doctest.h>
 #include <exdisp.h>
+#include <shlobj.h>
 #include <wrl/client.h>
 
 #include "platform/win32/win32_toolkit.h"
 #include "platform/win32/windows_on_screen.h"
 #include "platform/windows/replaced_call.h"
 #include "platform/windows/wide.h"
+#include "support/cabinet_writer.h"
 #include "support/simulator.h"
 
 namespace panelkit::test {
@@ -87,6 +89,19 @@ bool IsCentred(HWND window) {
   const RECT outer = Outer(window);
   return std::abs(outer.left + outer.right - GetSystemMetrics(SM_CXSCREEN)) <= 3 &&
          std::abs(outer.top + outer.bottom - GetSystemMetrics(SM_CYSCREEN)) <= 3;
+}
+
+/// What Windows hands over when `path` is dropped.
+HGLOBAL DropOf(const std::string& path) {
+  const std::wstring names = windows::Wide(path) + L'\0';
+  const HGLOBAL drop = GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT,
+                                   sizeof(DROPFILES) + (names.size() + 1) * sizeof(wchar_t));
+  auto* head = static_cast<DROPFILES*>(GlobalLock(drop));
+  head->pFiles = sizeof(DROPFILES);
+  head->fWide = TRUE;
+  names.copy(reinterpret_cast<wchar_t*>(head + 1), names.size());
+  GlobalUnlock(drop);
+  return drop;
 }
 
 /// Goes where a link in the page would go.
@@ -253,6 +268,43 @@ TEST_CASE_FIXTURE(Screen, "A window too large for its monitor is smaller as a wh
   const HWND bar = FindWindowExW(window, nullptr, PROGRESS_CLASSW, nullptr);
   CHECK(Outer(bar).right - outer.left > client.right * 9 / 10);
   CHECK(Outer(bar).right < outer.right);
+}
+
+TEST_CASE_FIXTURE(Screen,
+                  "A drop and the strip's keys lead to an installed gauge, and Escape back") {
+  simulator.AddAircraft("Alpha", "[Window Titles]\nWindow00=W\n\ngauge00=absent!dial,1\n");
+  Put(simulator.App() / "new" / "absent.cab", MakeCabinet({{"dial.xml"}}));
+  Start();
+  const HWND pane = FindWindowExW(window, nullptr, L"PanelkitPane", nullptr);
+  const LONG whole = Outer(pane).bottom;
+  const auto strip = [this] { return FindWindowExW(window, nullptr, L"PanelkitStrip", nullptr); };
+  const auto says = [&](const std::string& text) {
+    return Until([&] { return strip() != nullptr && WindowText(strip()) == text; });
+  };
+  SetFocus(pane);
+  PostMessageW(window, WM_SYSCOMMAND, SC_KEYMENU, 'p');
+  CHECK(says("1 required file is missing."));
+  CHECK(Outer(strip()).bottom == whole);
+  CHECK(Outer(pane).bottom == Outer(strip()).top);
+  CHECK_FALSE(IsChild(strip(), GetFocus()));
+  CHECK(FindWindowExW(strip(), nullptr, L"BUTTON", L"Wh&y?") != nullptr);
+
+  PostMessageW(window, WM_DROPFILES,
+               reinterpret_cast<WPARAM>(DropOf(simulator.AppFolder() + "\\new")), 0);
+  CHECK(says("The required file can be copied to Gauges."));
+  CHECK(simulator.Page().find("SUMMARY") != std::string::npos);  // The pane went to no folder.
+  SetFocus(pane);
+  constexpr LPARAM kWithAlt = 1 << 29;
+  PostMessageW(GetFocus(), WM_SYSKEYDOWN, 'I', kWithAlt);
+  CHECK(says("1 file was copied to Gauges; none is missing now."));
+  CHECK(Tree(simulator.Fs() / "Gauges") == "absent.cab\n");
+
+  PostMessageW(GetFocus(), WM_KEYDOWN, VK_F6, 0);
+  CHECK(Until([&] { return IsChild(strip(), GetFocus()) != 0; }));
+  PostMessageW(GetFocus(), WM_KEYDOWN, VK_ESCAPE, 0);
+  CHECK(Until([&] { return strip() == nullptr; }));
+  CHECK(Outer(pane).bottom == whole);
+  CHECK((GetFocus() == pane || IsChild(pane, GetFocus())));
 }
 
 TEST_CASE_FIXTURE(Screen, "About comes back where it stood after OK, and centred after a close") {

@@ -1,0 +1,21 @@
+// The page of a search for missing gauges, and of the installation after it.
+#pragma once
+
+#include <string>
+
+#include "search/hints.h"
+#include "search/look.h"
+#include "search/written_files.h"
+
+namespace panelkit {
+
+/// Each required file with what is, or would be, installed for it in the folder `gauges` and from
+/// where, what else was found, or what `hints` knows; then what was passed over, and after an
+/// installation what is still missing.
+std::string FoundPage(const Machine& machine, const Look& look, const std::string& gauges,
+                      const HintFinder& hints);
+
+/// The page that tells which files of an installation are gone again and which stayed in `gauges`.
+std::string TakenOutPage(const TakenOut& files, const std::string& gauges);
+
+}  // namespace panelkit

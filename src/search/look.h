@@ -1,0 +1,38 @@
+// A search for missing gauges in places that the user has named, from the question to the offers.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "platform/machine.h"
+#include "search/candidate_search.h"
+#include "search/find_result.h"
+
+namespace panelkit {
+
+/// What a search has come to.
+struct Look {
+  explicit Look(const Text& text) : found(text) {}
+
+  FindResult found;
+  std::vector<std::string> absent;  ///< Places that are not there.
+  bool stopped = false;             ///< There may be more to find.
+};
+
+/// Fills `look` with what lies in these places (Windows paths of folders and files) for its
+/// required files. `on_progress` is as in CandidateSearch; after its end no place is begun.
+void LookThrough(const Machine& machine, const std::vector<std::string>& places,
+                 const CandidateSearch::OnProgress& on_progress, Look& look);
+
+/// For how many of the required files something is, or would be, installed.
+std::size_t CountOfHelped(const FindResult& found, const Text& text);
+
+/// An offer for `required`, as one line for the user: where it lies on this machine, how large and
+/// old it is, and in what it is not the file that is asked for.
+std::string OfferText(const Machine& machine, const RequiredFile& required, const Offer& offer);
+
+/// What was passed over, and why, as one line for the user.
+std::string PassedOverText(const Machine& machine, const PassedOver& what);
+
+}  // namespace panelkit

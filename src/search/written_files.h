@@ -1,0 +1,33 @@
+// The files that an installation has written, and taking them out of Gauges again.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "platform/files.h"
+#include "search/candidate_pool.h"
+
+namespace panelkit {
+
+/// A file of Gauges as the installation left it.
+struct WrittenFile {
+  std::string name;
+  std::size_t size = 0;
+  std::size_t hash = 0;  ///< Of its bytes.
+};
+
+/// What stands in the folder `gauges` for these candidates, which have just been installed there.
+std::vector<WrittenFile> WrittenFiles(const Files& files, const std::string& gauges,
+                                      const std::vector<const Candidate*>& installed);
+
+/// Names of files.
+struct TakenOut {
+  std::vector<std::string> removed;
+  std::vector<std::string> kept;  ///< They have changed, or could not be removed.
+};
+
+/// Removes from `gauges` each of these files that still has the bytes that were written.
+TakenOut TakeOut(Files& files, const std::string& gauges, const std::vector<WrittenFile>& written);
+
+}  // namespace panelkit
