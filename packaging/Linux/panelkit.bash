@@ -7,7 +7,13 @@ _panelkit() {
       compopt -o filenames
       mapfile -t COMPREPLY < <(compgen -d -- "$word")
       ;;
-    *) mapfile -t COMPREPLY < <(compgen -W '--simulator --prefix --help --version' -- "$word") ;;
+    *)
+      compopt -o filenames
+      mapfile -t COMPREPLY < <(
+        compgen -W '--simulator --prefix --help --version' -- "$word"
+        compgen -f -- "$word"
+      )
+      ;;
   esac
 }
 complete -F _panelkit panelkit

@@ -1,5 +1,4 @@
 # Completion of panelkit for fish.
-complete -c panelkit -f
 complete -c panelkit -l simulator -xa '(__fish_complete_directories)' -d "The simulator's folder"
 complete -c panelkit -l prefix -xa '(__fish_complete_directories)' -d 'The Wine prefix to use'
 complete -c panelkit -s h -l help -d 'Print a help'

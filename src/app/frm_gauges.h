@@ -52,6 +52,11 @@ class frmGauges {
   /// has run. Does nothing while a command runs, and without a simulator.
   void FindIn(const std::vector<std::string>& places);
 
+  /// Offers the choice of another simulator where there may be one: without a simulator, where more
+  /// than one of these `simulators` is there, and where the one chosen earlier is `gone`, a native
+  /// path or empty.
+  void OfferSimulators(const std::string& gone, std::size_t simulators);
+
   /// The simulator's folder: empty if none is installed, "Not Found" if its entry is damaged.
   std::string GetFSPath() const;
 
@@ -167,6 +172,7 @@ class frmGauges {
   void OfferInstallation();
   void InstallThem();
   void TakeThemOut();
+  void ChooseSimulator();
   GaugeFolders OwnGaugeFolders() const;
   CandidateSearch::OnProgress ProgressOfSearch(std::size_t places);
   CandidateSearch::OnProgress KeepAnswering();
@@ -183,6 +189,7 @@ class frmGauges {
   frmAbout about_;
   bool aircraft_listed_ = true;
   bool at_work_ = false;
+  std::size_t simulators_ = 0;   // As told at the start.
   bool told_of_brakes_ = false;  // The status line tells what a brake edit could not do.
   StatusLine status_;            // lblStatus.
   std::optional<GaugeReport> report_;

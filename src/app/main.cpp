@@ -4,6 +4,7 @@
 #include <iterator>
 #include <memory>
 #include <optional>
+#include <set>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -13,6 +14,8 @@
 #include "platform/local_machine.h"
 #include "platform/terminal.h"
 #include "platform/toolkit.h"
+#include "simulator/remembered_simulator.h"
+#include "simulator/simulator_location.h"
 
 namespace panelkit {
 namespace {
@@ -24,12 +27,20 @@ int Refuse(const std::string& sentence) {
   return kCannotRun;
 }
 
+struct CommandLine {
+  SimulatorChoice choice;
+  std::vector<std::string> places;  // To be searched for the missing gauges, as typed.
+};
+
 // Reads the command line. What to end with, where there is no window to open.
-std::optional<int> Read(const std::vector<std::string>& arguments, SimulatorChoice& choice) {
+std::optional<int> Read(const std::vector<std::string>& arguments, CommandLine& line) {
   CLI::App app("Opens the window of Panelkit, which finds the missing gauges of FS2002 panels.",
                "panelkit");
   app.set_version_flag("--version", "panelkit " PANELKIT_VERSION);
-  AddSimulatorOptions(app, choice);
+  app.add_option("places", line.places,
+                 "Folders, archives and gauges: missing gauges are looked for in them at once")
+      ->type_name("FOLDER");
+  AddSimulatorOptions(app, line.choice);
   app.footer("panelkit-console does the same work without a window.");
   const std::string empty = EmptyArgumentComplaint(arguments);
   if (!empty.empty()) return Refuse(empty);
@@ -43,17 +54,52 @@ std::optional<int> Read(const std::vector<std::string>& arguments, SimulatorChoi
   return std::nullopt;
 }
 
-int Run(const SimulatorChoice& choice) {
+// The simulator that was chosen in the window, as a Windows path; empty if there is none. One that
+// is `gone` is forgotten, and its native path given.
+std::string Remembered(LocalMachine& machine, std::string& gone) {
+  Files& files = machine.Services().files;
+  const std::string native = RememberedSimulator(files);
+  if (native.empty()) return {};
+  std::string folder = machine.WindowsPath(native);
+  if (IsSimulator(files, folder)) return folder;
+  ForgetSimulator(files);
+  gone = native;
+  return {};
+}
+
+// How many simulators this machine has: the registered ones, and `chosen` unless it is empty.
+std::size_t CountOfSimulators(const std::string& chosen) {
+  std::set<std::string> folders;
+  if (!chosen.empty()) folders.insert(chosen);
+  for (const auto& machine : OpenLocalMachines({})) {
+    const Machine services = machine->Services();
+    for (const std::string& folder : FindSimulators(services.registry, services.text)) {
+      folders.insert(machine->NativePath(folder));
+    }
+  }
+  return folders.size();
+}
+
+int Run(const CommandLine& line) {
+  const SimulatorChoice& choice = line.choice;
   std::string complaint;
   const std::unique_ptr<LocalMachine> machine = OpenChosenMachine(choice, complaint);
   if (machine == nullptr) return Refuse(complaint);
-  const std::string simulator = machine->WindowsPath(choice.simulator);
+  std::string simulator = machine->WindowsPath(choice.simulator);
   if (!simulator.empty()) complaint = FolderComplaint(*machine, simulator);
   if (!complaint.empty()) return Refuse(complaint);
+  std::string gone;
+  const bool is_named = !choice.simulator.empty() || !choice.prefix.empty();
+  if (!is_named) simulator = Remembered(*machine, gone);
   const std::unique_ptr<Toolkit> toolkit = OpenToolkit(*machine);
   if (toolkit == nullptr) return Refuse("Cannot open a display; panelkit-console needs none.");
   frmGauges program(*toolkit, machine->Services(), simulator);
   program.Show();
+  program.OfferSimulators(
+      gone, is_named ? 1 : CountOfSimulators(RememberedSimulator(machine->Services().files)));
+  std::vector<std::string> places;
+  for (const std::string& place : line.places) places.push_back(machine->WindowsPath(place));
+  if (!places.empty()) program.FindIn(places);
   RunEventLoop(*toolkit);
 }
 
@@ -63,9 +109,9 @@ int Run(const SimulatorChoice& choice) {
 int main(int argc, char** argv) {
   using namespace panelkit;
   try {
-    SimulatorChoice choice;
-    const std::optional<int> end = Read(terminal::Arguments(argc, argv), choice);
-    return end ? *end : Run(choice);
+    CommandLine line;
+    const std::optional<int> end = Read(terminal::Arguments(argc, argv), line);
+    return end ? *end : Run(line);
   } catch (const std::exception& failure) {
     return Refuse(std::string("The program cannot go on: ") + failure.what());
   }

@@ -24,7 +24,12 @@ std::string FateOf(const Machine& machine, const FindResult& result, const std::
   const bool is_installed = std::find(result.installed.begin(), result.installed.end(),
                                       candidate) != result.installed.end();
   if (is_installed) return result.still_required ? "copied: " : "can be copied: ";
-  const bool is_taken = machine.files.Exists(gauges + "\\" + candidate->name);
+  const std::string name = machine.text.Lower(candidate->name);
+  const bool is_taken = machine.files.Exists(gauges + "\\" + candidate->name) &&
+                        std::none_of(result.installed.begin(), result.installed.end(),
+                                     [&](const Candidate* installed) {
+                                       return machine.text.Lower(installed->name) == name;
+                                     });
   return is_taken ? "not copied, since " + FaultText(InstallFault::NameTaken) + ": "
                   : std::string();
 }

@@ -39,7 +39,10 @@ std::string HintsPage(const GaugeReport& report, const HintFinder& hints,
     for (const Hint& hint : found) page.Line("    " + hints.LineOf(hint));
     if (found.empty()) page.Line("    nothing like it was seen on this machine");
   }
-  const auto on_line = [&page](std::string_view line) { page.Line(line); };
+  const auto on_line = [&page](std::string_view line) {
+    if (line.starts_with(' ')) return page.Line(line);
+    if (!line.empty()) page.Heading(line);
+  };
   TellDoubtful(doubtful, on_line);
   if (!report.otherwise_named.empty()) TellOtherwiseNamed(report.otherwise_named, on_line);
   return page.Take();

@@ -8,11 +8,6 @@
 
 namespace panelkit {
 
-/// `text` for a page: what HTML would take for its own, and every letter beyond ASCII, is written
-/// as a reference, so that the code page of the page's file does not matter. Control characters
-/// become "?".
-std::string Escaped(std::string_view text);
-
 /// A page under construction.
 class ShownPage {
  public:

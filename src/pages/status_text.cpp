@@ -63,6 +63,10 @@ std::string BothNames(const Files& files, const std::string& windows_path) {
   return native == windows_path ? native : windows_path + " (" + native + ")";
 }
 
+std::string SimulatorNotKeptText(FileFault fault) {
+  return "The choice could not be kept for the next start: " + WriteFaultText(fault) + ".";
+}
+
 std::string CabinetsNotNamedText(const std::vector<std::string>& cabinets) {
   std::string names;
   for (const std::string& cabinet : cabinets) names += (names.empty() ? "" : ", ") + cabinet;

@@ -32,6 +32,9 @@ std::string NoAircraftText(const Files& files, const std::string& FSPath);
 /// Both names of a folder in one line, "C:\FS2002 (/home/...)"; one of them if they are equal.
 std::string BothNames(const Files& files, const std::string& windows_path);
 
+/// The chosen simulator is not known to the next start.
+std::string SimulatorNotKeptText(FileFault fault);
+
 /// The end of a Clean Gauges run: "Done", with the number of files that stayed in Gauges, of panels
 /// that could not be read and of moved files that panels name in a way which the reports do not
 /// read, as far as there are any.

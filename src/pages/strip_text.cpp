@@ -44,6 +44,19 @@ std::string StillInSpareText(std::size_t files) {
   return Counted(files, "file") + Verb(files, " is", " are") + " still in SpareGauges.";
 }
 
+std::string SimulatorText(const std::string& folder, std::size_t registered) {
+  const std::string told = "This is the simulator in " + folder;
+  return registered > 1 ? told + ", one of " + std::to_string(registered) + "." : told + ".";
+}
+
+std::string SimulatorGoneText(const std::string& folder) {
+  return "The simulator that you chose is no longer in " + folder + ".";
+}
+
+std::string NoSimulatorThereText(const std::string& folder) {
+  return folder + " is no simulator: it lacks Aircraft or Gauges.";
+}
+
 std::string LookingText(std::size_t required) {
   return "Looking for " + Counted(required, "required file") + ".";
 }

@@ -37,4 +37,15 @@ std::string InstalledText(std::size_t copied, std::size_t missing);
 /// So many files of an installation were removed, so many others stayed.
 std::string TakenOutText(std::size_t removed, std::size_t kept);
 
+inline constexpr const char* kNoSimulatorText = "Flight Simulator 2002 was not found.";
+
+/// The window works on the simulator in `folder`; `registered` is how many this machine has.
+std::string SimulatorText(const std::string& folder, std::size_t registered);
+
+/// The chosen `folder` is no simulator's any more.
+std::string SimulatorGoneText(const std::string& folder);
+
+/// `folder`, which the user has picked, is no simulator's.
+std::string NoSimulatorThereText(const std::string& folder);
+
 }  // namespace panelkit

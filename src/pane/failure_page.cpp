@@ -1,21 +1,10 @@
 #include "pane/failure_page.h"
 
 #include "pane/pane_policy.h"
+#include "text/html.h"
 
 namespace panelkit {
 namespace {
-
-std::string Escaped(std::string_view text) {
-  std::string escaped;
-  for (const char c : text) {
-    if (std::string_view("&<>'\"").find(c) == std::string_view::npos) {
-      escaped += c;
-    } else {
-      escaped += "&#" + std::to_string(static_cast<int>(c)) + ";";
-    }
-  }
-  return escaped;
-}
 
 std::string Link(std::string_view address, std::string_view rest, std::string_view text) {
   return "<p><a href='" + Escaped(address) + "'" + std::string(rest) + ">" + std::string(text) +

@@ -3,7 +3,9 @@
 
 #include <regex>
 
+#include "pages/status_text.h"
 #include "pages/strip_text.h"
+#include "simulator/remembered_simulator.h"
 #include "support/cabinet_writer.h"
 #include "support/simulator.h"
 
@@ -47,27 +49,29 @@ TEST_CASE_FIXTURE(WithStrip, "what Clean moved comes back, and no more, and the 
   fs::remove(simulator.App() / "SpareGauges" / "TWO.gau");
   simulator.AddAircraft("Beta", "");
   Strip().Press("Put Them &Back");
-  CHECK(OwnPage("RESTORED.HTM") == simulator.Golden("restored.htm"));
+  const std::string spare =
+      BothNames(simulator.Services().files, simulator.AppFolder() + "\\SpareGauges");
+  CHECK(Replaced(OwnPage("RESTORED.HTM"), spare, "{SPARE}") == simulator.Golden("restored.htm"));
   CHECK(Strip().Shown() ==
         "None of the 2 files was put back into Gauges. 1 file is still in SpareGauges. "
         "[Put Them &Back]");
   Click("menMain");
   CHECK(Strip().Shown().empty());
-  CHECK(Tree(simulator.App() / "SpareGauges") == "SpareGauges.txt\nearlier.gau\none.gau\n");
+  CHECK(Tree(simulator.App() / "SpareGauges") == "earlier.gau\none.gau\n");
 }
 
 TEST_CASE_FIXTURE(WithStrip,
                   "Why tells of each required file, and no name becomes a part of the page") {
   simulator.AddAircraft("Alpha",
                         "[Window Titles]\nWindow00=W\n\ngauge00=Speed!dial,1\n"
-                        "gauge01=<b>&\"bold',1\ngauge02=Oil,1\n[Other]\n  gauge00=späť,1\n");
+                        "gauge01=<b>&\"bold',1\ngauge02=Oil,1\n[Other]\n  gauge00=sp\xE4t,1\n");
   simulator.AddAircraft("Beta", "[Window Titles]\nWindow00=W\n\ngauge00=Speed!dial,1\n");
   Put(simulator.Fs() / "Gauges" / "speed.cab", MakeCabinet({{"dail.xml"}}));
   simulator.AddGauge("OilTemp.gau");
   for (const char* command : {"menProbe", "menShow"}) {
     Click(command);
     const std::string report = simulator.Page();
-    CHECK(Strip().Shown() == "3 required files are missing. [Wh&y?] [&Look for Them...]");
+    CHECK(Strip().Shown() == "2 required files are missing. [Wh&y?] [&Look for Them...]");
     Strip().Press("Wh&y?");
     CHECK(OwnPage("HINTS.HTM") == simulator.Golden("hints.htm"));
     CHECK(simulator.Page() == report);
@@ -110,9 +114,10 @@ struct WithDownloads : WithStrip {
   std::string Found() {
     std::string page =
         std::regex_replace(OwnPage("FOUND.HTM"), std::regex(R"(bytes, [^,)<]*)"), "bytes");
-    for (const char* folder : {"new", "old"}) {
-      const std::string path = simulator.Services().files.NativePath(Path(folder) + "\\");
-      page = Replaced(page, path, "{" + std::string(folder) + "}");
+    const Files& files = simulator.Services().files;
+    page = Replaced(page, files.NativePath(Path("absent")), "{absent}");
+    for (const std::string folder : {"new", "old"}) {
+      page = Replaced(page, files.NativePath(Path(folder) + "\\"), "{" + folder + "}");
     }
     return page;
   }
@@ -122,7 +127,7 @@ TEST_CASE_FIXTURE(WithDownloads, "what a search finds is installed, told, and ta
   const fs::path gauges = simulator.Fs() / "Gauges";
   std::string at_work;
   loop.on_turn = [&] {
-    if (Status().find("archives") != std::string::npos) at_work = Greyed() + Strip().Shown();
+    if (!Strip().Shown().empty()) at_work = Greyed() + Strip().Shown();
     Click("menProbe");
   };
   LookIn({Path("new"), Path("old"), Path("absent")});
@@ -193,6 +198,37 @@ TEST_CASE_FIXTURE(WithDownloads, "a drop looks in what was dropped, but not with
   form.Form_Load();
   Window().drop({Path("new")});
   CHECK(Greyed() == "menProbe menShow menRemove menCool ");
+}
+
+TEST_CASE_FIXTURE(WithStrip,
+                  "a simulator that is chosen is the program's from then on, if it is one") {
+  simulator.registry.applications.clear();
+  Files& files = simulator.Services().files;
+  form.Show();
+  form.OfferSimulators({}, 0);
+  CHECK(Strip().Shown() == "Flight Simulator 2002 was not found. [Choose &Its Folder...]");
+  const auto choose = [this](const std::string& button, const std::string& folder) {
+    Window().choice = {folder};
+    Strip().Press(button);
+  };
+  choose("Choose &Its Folder...", simulator.AppFolder());
+  CHECK(Strip().Shown() ==
+        files.NativePath(simulator.AppFolder()) +
+            " is no simulator: it lacks Aircraft or Gauges. [Choose &Another...]");
+  CHECK(Greyed() == "menProbe menShow menRemove menCool ");
+  CHECK(RememberedSimulator(files).empty());
+  choose("Choose &Another...", simulator.FSPath());
+  CHECK(Greyed().empty());
+  CHECK(simulator.Page() == simulator.Golden("welcome.htm"));
+  CHECK(form.GetFSPath() == simulator.FSPath());
+  CHECK(RememberedSimulator(files) == files.NativePath(simulator.FSPath()));
+  form.OfferSimulators("/gone", 3);
+  CHECK(Strip().Shown() ==
+        "The simulator that you chose is no longer in /gone. This is the simulator in " +
+            files.NativePath(simulator.FSPath()) + ", one of 3. [Choose &Another...]");
+  choose("Choose &Another...", simulator.FSPath());
+  form.OfferSimulators({}, 1);
+  CHECK(Strip().Shown().empty());
 }
 
 TEST_CASE("the strip counts nothing, one and many") {

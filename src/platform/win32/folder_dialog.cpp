@@ -1,7 +1,5 @@
 #include "platform/win32/folder_dialog.h"
 
-#include <initguid.h>
-// The identifiers below are those of this file alone.
 #include <knownfolders.h>
 #include <shlobj.h>
 #include <wrl/client.h>
