@@ -32,6 +32,7 @@ void frmGauges::LookIn(const std::vector<std::string>& places) {
                  {{"S&top", [this] { look_->stopped = true; }}}});
     LookThrough(machine_, places, ProgressOfSearch(places.size()), *look_);
     strip_.Hide();
+    ProgressBar1.SetValue(static_cast<int>(places.size()));
     InstallBest(
         machine_, OwnGaugeFolders().gauges, true, [] { return false; }, look_->found);
     ShowFound();
