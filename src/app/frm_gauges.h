@@ -175,7 +175,9 @@ class frmGauges {
   void ChooseSimulator();
   GaugeFolders OwnGaugeFolders() const;
   CandidateSearch::OnProgress ProgressOfSearch(std::size_t places);
-  CandidateSearch::OnProgress KeepAnswering();
+  StopRequest KeepAnswering();
+  HintFinder Hints();
+  CommandStyle Style() const;
 
   Machine machine_;
   std::string simulator_;

@@ -3,6 +3,7 @@
 
 #include "app/busy_state.h"
 #include "app/frm_gauges.h"
+#include "app/lively_archives.h"
 #include "pages/found_page.h"
 #include "pages/status_text.h"
 #include "pages/strip_text.h"
@@ -28,13 +29,18 @@ void frmGauges::LookIn(const std::vector<std::string>& places) {
     const BusyState busy(*form_);
     look_ = std::make_unique<Look>(machine_.text);
     look_->found.required = RequiredFilesOf(*report_);
+    look_->found.named = NamedFileParts(*report_, machine_.text);
     strip_.Show({LookingText(look_->found.required.size()),
                  {{"S&top", [this] { look_->stopped = true; }}}});
     LookThrough(machine_, places, ProgressOfSearch(places.size()), *look_);
     strip_.Hide();
     ProgressBar1.SetValue(static_cast<int>(places.size()));
-    InstallBest(
-        machine_, OwnGaugeFolders().gauges, true, [] { return false; }, look_->found);
+    const std::string gauges = OwnGaugeFolders().gauges;
+    const LivelyArchives archives(machine_.archives, [this] { loop_.ProcessPending(); });
+    FindOffers({machine_.registry, machine_.files, machine_.text, machine_.cabinets, machine_.dates,
+                machine_.folders, archives},
+               gauges, {}, look_->found);
+    InstallBest(machine_, gauges, true, KeepAnswering(), look_->found);
     ShowFound();
   }
   status_.End();
@@ -59,11 +65,27 @@ CandidateSearch::OnProgress frmGauges::ProgressOfSearch(std::size_t places) {
   };
 }
 
-CandidateSearch::OnProgress frmGauges::KeepAnswering() {
-  return [this](const SearchProgress&) {
+StopRequest frmGauges::KeepAnswering() {
+  return [this] {
     loop_.ProcessPending();
-    return true;
+    return false;
   };
+}
+
+HintFinder frmGauges::Hints() {
+  return HintFinder(machine_, GetFSPath(), OwnGaugeFolders(), *report_,
+                    [answer = KeepAnswering()](const SearchProgress&) { return !answer(); });
+}
+
+// As commands of the console that go on with this simulator.
+CommandStyle frmGauges::Style() const {
+  CommandStyle style;
+  style.is_posix = machine_.files.NativePath(R"(C:\)") != R"(C:\)";
+  if (!simulator_.empty()) {
+    style.program +=
+        " --simulator " + AsArgument(machine_.files.NativePath(simulator_), style.is_posix);
+  }
+  return style;
 }
 
 GaugeFolders frmGauges::OwnGaugeFolders() const {
@@ -71,16 +93,14 @@ GaugeFolders frmGauges::OwnGaugeFolders() const {
 }
 
 void frmGauges::ShowFound() {
-  const HintFinder hints(machine_, GetFSPath(), OwnGaugeFolders(), KeepAnswering());
-  ReportHtml = FoundPage(machine_, *look_, OwnGaugeFolders().gauges, hints);
+  ReportHtml = FoundPage(machine_, *look_, Hints(), Style());
   TellOf(ShowPage(OwnFile("FOUND.HTM")));
 }
 
 void frmGauges::OfferInstallation() {
-  const std::size_t helped = CountOfHelped(look_->found, machine_.text);
-  const std::string sentence = FoundText(helped, look_->found.required.size());
+  const std::string sentence = FoundSentence(look_->found);
   const NextStep elsewhere{"Look Else&where...", &frmGauges::LookForThem};
-  if (helped == 0) return Offer(sentence, {elsewhere});
+  if (look_->found.installed.empty()) return Offer(sentence, {elsewhere});
   Offer(sentence, {{"&Install Them", &frmGauges::InstallThem}, elsewhere});
 }
 
@@ -89,13 +109,7 @@ void frmGauges::InstallThem() {
   {
     const BusyState busy(*form_);
     look_->found.installed.clear();
-    InstallBest(
-        machine_, gauges, false,
-        [this] {
-          loop_.ProcessPending();
-          return false;
-        },
-        look_->found);
+    InstallBest(machine_, gauges, false, KeepAnswering(), look_->found);
     written_ = WrittenFiles(machine_.files, gauges, look_->found.installed);
     Scan(false);
     look_->found.still_required = RequiredFilesOf(*report_);

@@ -31,9 +31,8 @@ void frmGauges::ShowHints() {
   {
     const BusyState busy(*form_);
     status_.Show("Looking through the simulator");
-    const HintFinder hints(machine_, GetFSPath(), OwnGaugeFolders(), KeepAnswering());
     ReportHtml =
-        HintsPage(*report_, hints,
+        HintsPage(*report_, Hints(), Style(),
                   DoubtfulEntries(report_->named, modGauges::InstalledGauges, machine_.text));
     TellOf(ShowPage(OwnFile("HINTS.HTM")));
   }
@@ -71,11 +70,8 @@ void frmGauges::PutBack(const std::vector<std::string>& names) {
   RestoreOutcome files;
   {
     const BusyState busy(*form_);
-    files =
-        RestoreGauges(machine_.files, machine_.text, {folders}, names, RestoreChoice::Own, [this] {
-          loop_.ProcessPending();
-          return false;
-        });
+    files = RestoreGauges(machine_.files, machine_.text, {folders}, names, RestoreChoice::Own,
+                          KeepAnswering());
     ReportHtml = RestoredPage(files, {BothNames(machine_.files, folders.gauges),
                                       BothNames(machine_.files, folders.spare)});
     TellOf(ShowPage(OwnFile("RESTORED.HTM")));

@@ -7,7 +7,9 @@
 #include "console/json_findings.h"
 #include "pages/report_text.h"
 #include "pages/status_text.h"
+#include "pages/strip_text.h"
 #include "platform/terminal.h"
+#include "search/look.h"
 
 namespace panelkit {
 namespace {
@@ -30,21 +32,21 @@ std::optional<Requirements> Probe(const Machine& services, const std::string& si
                       report->otherwise_named};
 }
 
-void Search(LocalMachine& machine, const std::vector<std::string>& folders, FindResult& result,
+void Search(LocalMachine& machine, const std::vector<std::string>& folders, Look& look,
             Outcome& outcome) {
   ProgressLine progress;
-  const Machine services = machine.Services();
   const auto on_progress = [&](const SearchProgress& so_far) {
-    progress.Say(std::to_string(so_far.files) + " files, " + std::to_string(so_far.archives) +
-                 " archives");
+    progress.Say(SearchedText(so_far.files, so_far.archives));
     return !terminal::Interrupted();
   };
-  CandidateSearch search(services, result.pool, SearchDepth::Archives, on_progress);
-  for (const std::string& folder : folders) {
-    if (search.Ended() || search.LookThrough(machine.WindowsPath(folder))) continue;
-    outcome.Fail("There is no folder or file " + folder + ".");
+  std::vector<std::string> places;
+  for (const std::string& folder : folders) places.push_back(machine.WindowsPath(folder));
+  LookThrough(machine.Services(), places, on_progress, look);
+  for (std::size_t i = 0; i < folders.size(); ++i) {
+    const bool is_absent =
+        std::find(look.absent.begin(), look.absent.end(), places[i]) != look.absent.end();
+    if (is_absent) outcome.Fail("There is no folder or file " + folders[i] + ".");
   }
-  result.passed_over = search.WhatWasPassedOver();
 }
 
 void RefuseUnknown(const Text& text, const std::vector<std::string>& accepted,
@@ -78,13 +80,14 @@ Outcome FindCommand(LocalMachine& machine, const CommandLine& line, const std::s
   const terminal::InterruptGuard guard;
   Outcome outcome;
   outcome.complains_first = true;
-  FindResult result(services.text);
+  Look look(services.text);
+  FindResult& result = look.found;
   auto requirements = Probe(services, simulator, outcome);
   if (!requirements) return outcome;
   result.required = std::move(requirements->files);
   result.named = std::move(requirements->named);
   RefuseUnknown(services.text, line.accepted, result, outcome);
-  Search(machine, line.folders, result, outcome);
+  Search(machine, line.folders, look, outcome);
   const std::string gauges = FoldersOf(simulator, services.files.AppFolder()).gauges;
   FindOffers(services, gauges, line.accepted, result);
   if (line.install) InstallBest(services, gauges, line.dry_run, terminal::Interrupted, result);

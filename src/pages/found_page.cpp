@@ -1,6 +1,7 @@
 #include "pages/found_page.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "pages/shown_page.h"
 #include "pages/strip_text.h"
@@ -11,38 +12,31 @@ namespace {
 constexpr std::size_t kMostOffers = 5;
 constexpr std::size_t kMostPassedOver = 200;
 
-// What became of a candidate, or would become of it, as the beginning of its line; empty if another
-// one was chosen.
-std::string FateOf(const Machine& machine, const FindResult& result, const std::string& gauges,
-                   const Candidate* candidate) {
-  const auto failure =
-      std::find_if(result.failed.begin(), result.failed.end(),
-                   [candidate](const auto& failed) { return failed.candidate == candidate; });
-  if (failure != result.failed.end()) {
-    return "not copied, since " + FaultText(failure->fault) + ": ";
+// What became of an offer, or would become of it; the beginning tells whether it was chosen.
+std::string FateOf(const Machine& machine, const FindResult& result, const RequiredFile& required,
+                   const Offer& offer, bool& is_chosen) {
+  const std::string line = OfferText(machine, required, offer);
+  is_chosen = true;
+  for (const auto& [candidate, fault] : result.failed) {
+    if (candidate == offer.candidate) return "not copied, since " + FaultText(fault) + ": " + line;
   }
-  const bool is_installed = std::find(result.installed.begin(), result.installed.end(),
-                                      candidate) != result.installed.end();
-  if (is_installed) return result.still_required ? "copied: " : "can be copied: ";
-  const std::string name = machine.text.Lower(candidate->name);
-  const bool is_taken = machine.files.Exists(gauges + "\\" + candidate->name) &&
-                        std::none_of(result.installed.begin(), result.installed.end(),
-                                     [&](const Candidate* installed) {
-                                       return machine.text.Lower(installed->name) == name;
-                                     });
-  return is_taken ? "not copied, since " + FaultText(InstallFault::NameTaken) + ": "
-                  : std::string();
+  for (const InstalledFile& file : result.installed) {
+    if (file.candidate != offer.candidate) continue;
+    return (result.still_required ? "copied: " : "can be copied: ") + line + PurposeText(file);
+  }
+  is_chosen = false;
+  return "also found: " + line;
 }
 
-// Those with a fate of their own come first.
-void AddOffers(const Machine& machine, const FindResult& result, const std::string& gauges,
-               const RequiredFile& required, ShownPage& page) {
+// The chosen ones come first.
+void AddOffers(const Machine& machine, const FindResult& result, std::size_t place,
+               ShownPage& page) {
   std::vector<std::string> chosen;
   std::vector<std::string> others;
-  for (const Offer& offer : OffersFor(required, result.pool, machine.text)) {
-    const std::string fate = FateOf(machine, result, gauges, offer.candidate);
-    const std::string line = OfferText(machine, required, offer);
-    fate.empty() ? others.push_back("also found: " + line) : chosen.push_back(fate + line);
+  for (const Offer& offer : result.offers[place]) {
+    bool is_chosen = false;
+    std::string line = FateOf(machine, result, result.required[place], offer, is_chosen);
+    (is_chosen ? chosen : others).push_back(std::move(line));
   }
   chosen.insert(chosen.end(), others.begin(), others.end());
   for (std::size_t i = 0; i < std::min(chosen.size(), kMostOffers); ++i) {
@@ -51,6 +45,16 @@ void AddOffers(const Machine& machine, const FindResult& result, const std::stri
   if (chosen.size() > kMostOffers) {
     page.Line("    and " + std::to_string(chosen.size() - kMostOffers) + " more");
   }
+}
+
+void AddNotFound(const Machine& machine, const FindResult& result, std::size_t place,
+                 const HintFinder& hints, const CommandStyle& style, ShownPage& page) {
+  const RequiredFile& required = result.required[place];
+  page.Line("    not found");
+  for (const NearOffer& near : result.near_offers[place]) {
+    page.Line("    " + NearText(machine, style, required, near));
+  }
+  for (const Hint& hint : hints.HintsFor(required)) page.Line("    " + LineOf(hint, style));
 }
 
 void AddPassedOver(const Machine& machine, const std::vector<PassedOver>& passed_over,
@@ -67,26 +71,25 @@ void AddPassedOver(const Machine& machine, const std::vector<PassedOver>& passed
 
 }  // namespace
 
-std::string FoundPage(const Machine& machine, const Look& look, const std::string& gauges,
-                      const HintFinder& hints) {
+std::string FoundPage(const Machine& machine, const Look& look, const HintFinder& hints,
+                      const CommandStyle& style) {
   const FindResult& result = look.found;
   ShownPage page(result.still_required ? "GAUGES COPIED" : "SEARCH FOR MISSING GAUGES");
   page.BoldLine(result.still_required
                     ? InstalledText(result.installed.size(), result.still_required->size())
-                    : FoundText(CountOfHelped(result, machine.text), result.required.size()));
+                    : FoundSentence(result));
   if (look.stopped) page.BoldLine("The search was stopped: there may be more.");
   for (const std::string& place : look.absent) {
     page.BoldLine("There is no folder or file " + machine.files.NativePath(place) + ".");
   }
-  for (const RequiredFile& file : result.required) {
+  for (std::size_t place = 0; place < result.required.size(); ++place) {
     page.Line("");
-    page.BoldLine(file.name);
-    if (!OffersFor(file, result.pool, machine.text).empty()) {
-      AddOffers(machine, result, gauges, file, page);
-      continue;
+    page.BoldLine(result.required[place].name);
+    if (result.offers[place].empty()) {
+      AddNotFound(machine, result, place, hints, style, page);
+    } else {
+      AddOffers(machine, result, place, page);
     }
-    page.Line("    not found");
-    for (const Hint& hint : hints.HintsFor(file)) page.Line("    " + hints.LineOf(hint));
   }
   AddPassedOver(machine, result.passed_over, page);
   if (result.still_required && !result.still_required->empty()) {
@@ -94,6 +97,10 @@ std::string FoundPage(const Machine& machine, const Look& look, const std::strin
     for (const RequiredFile& file : *result.still_required) page.Line(file.name);
   }
   return page.Take();
+}
+
+std::string FoundSentence(const FindResult& found) {
+  return FoundText(CountOfHelped(found), CountOfFound(found), found.required.size());
 }
 
 std::string TakenOutPage(const TakenOut& files, const std::string& gauges) {

@@ -9,11 +9,14 @@
 
 namespace panelkit {
 
-/// Each required file with what is, or would be, installed for it in the folder `gauges` and from
-/// where, what else was found, or what `hints` knows; then what was passed over, and after an
-/// installation what is still missing.
-std::string FoundPage(const Machine& machine, const Look& look, const std::string& gauges,
-                      const HintFinder& hints);
+/// Each required file with what is, or would be, installed for it and from where, what else was
+/// found, or what is nearly it and what `hints` knows; then what was passed over, and after an
+/// installation what is still missing. Commands are written in `style`.
+std::string FoundPage(const Machine& machine, const Look& look, const HintFinder& hints,
+                      const CommandStyle& style);
+
+/// The sentence that says what a search has come to.
+std::string FoundSentence(const FindResult& found);
 
 /// The page that tells which files of an installation are gone again and which stayed in `gauges`.
 std::string TakenOutPage(const TakenOut& files, const std::string& gauges);

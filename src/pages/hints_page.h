@@ -6,14 +6,14 @@
 
 #include "gauges/doubtful_entries.h"
 #include "gauges/gauge_report.h"
-#include "search/hints.h"
+#include "search/deeds.h"
 
 namespace panelkit {
 
 /// Each file that `report`, of a probe or of all gauges, names as missing, with the aircraft that
-/// ask for it and what `hints` knows; then the entries that are `doubtful`, and what the report
-/// does not read.
-std::string HintsPage(const GaugeReport& report, const HintFinder& hints,
+/// ask for it and what `hints` knows, with commands in `style`; then the entries that are
+/// `doubtful`, and what the report does not read.
+std::string HintsPage(const GaugeReport& report, const HintFinder& hints, const CommandStyle& style,
                       const std::vector<DoubtfulEntry>& doubtful);
 
 }  // namespace panelkit

@@ -65,12 +65,14 @@ std::string SearchedText(std::size_t files, std::size_t archives) {
   return Counted(files, "file") + ", " + Counted(archives, "archive");
 }
 
-std::string FoundText(std::size_t helped, std::size_t required) {
+std::string FoundText(std::size_t helped, std::size_t found, std::size_t required) {
   if (required == 0) return MissingText(0);
-  if (required == 1 && helped == 1) return "The required file can be copied to Gauges.";
-  if (required == 1) return "The required file was not found there.";
-  return OfThe(helped, required) +
-         (helped == 0 ? " was found there." : " can be copied to Gauges.");
+  if (required == 1) {
+    if (found == 0) return "The required file was not found there.";
+    return std::string("The required file ") + (helped == 0 ? "cannot" : "can") +
+           " be copied to Gauges.";
+  }
+  return OfThe(helped, required) + (found == 0 ? " was found there." : " can be copied to Gauges.");
 }
 
 std::string InstalledText(std::size_t copied, std::size_t missing) {

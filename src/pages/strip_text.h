@@ -28,8 +28,8 @@ std::string LookingText(std::size_t required);
 /// How far it has come: "120 files, 3 archives".
 std::string SearchedText(std::size_t files, std::size_t archives);
 
-/// For `helped` of the `required` files something was found that can be installed.
-std::string FoundText(std::size_t helped, std::size_t required);
+/// Something was found for `found` of the `required` files, and can be installed for `helped`.
+std::string FoundText(std::size_t helped, std::size_t found, std::size_t required);
 
 /// After an installation of `copied` files.
 std::string InstalledText(std::size_t copied, std::size_t missing);

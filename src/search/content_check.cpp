@@ -65,14 +65,14 @@ class ContentReader {
   Judge judge_;
 };
 
+}  // namespace
+
 // FNV-1a, of 64 bits.
 std::uint64_t HashOf(std::string_view bytes) {
   std::uint64_t hash = 0xCBF29CE484222325U;
   for (const char byte : bytes) hash = (hash ^ static_cast<unsigned char>(byte)) * 0x100000001B3U;
   return hash;
 }
-
-}  // namespace
 
 ContentCheck CheckContents(const Machine& machine,
                            const std::vector<const Candidate*>& candidates) {

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <map>
+#include <string_view>
 #include <vector>
 
 #include "platform/machine.h"
@@ -17,6 +18,9 @@ struct ContentCheck {
   std::map<const Candidate*, std::uint64_t> contents;
   std::vector<PassedOver> unfit;  ///< The others: gauge files that are none, or cannot be read.
 };
+
+/// The number for a content of these bytes.
+std::uint64_t HashOf(std::string_view bytes);
 
 /// Reads these candidates, each archive once.
 ContentCheck CheckContents(const Machine& machine, const std::vector<const Candidate*>& candidates);

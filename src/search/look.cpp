@@ -29,22 +29,25 @@ void LookThrough(const Machine& machine, const std::vector<std::string>& places,
     if (!search.Ended() && !search.LookThrough(place)) look.absent.push_back(place);
   }
   look.found.passed_over = search.WhatWasPassedOver();
-  for (PassedOver& what : RejectUnfit(machine, look.found.required, look.found.pool)) {
-    look.found.passed_over.push_back(std::move(what));
-  }
   look.stopped = search.Ended();
 }
 
-std::size_t CountOfHelped(const FindResult& found, const Text& text) {
-  const auto is_helped = [&](const RequiredFile& file) {
-    const auto offers = OffersFor(file, found.pool, text);
-    return std::any_of(offers.begin(), offers.end(), [&found](const Offer& offer) {
-      return std::find(found.installed.begin(), found.installed.end(), offer.candidate) !=
-             found.installed.end();
-    });
-  };
+std::size_t CountOfFound(const FindResult& found) {
   return static_cast<std::size_t>(
-      std::count_if(found.required.begin(), found.required.end(), is_helped));
+      std::count_if(found.offers.begin(), found.offers.end(),
+                    [](const std::vector<Offer>& offers) { return !offers.empty(); }));
+}
+
+std::size_t CountOfHelped(const FindResult& found) {
+  const auto is_installed = [&found](const Offer& offer) {
+    return std::any_of(
+        found.installed.begin(), found.installed.end(),
+        [&offer](const InstalledFile& file) { return file.candidate == offer.candidate; });
+  };
+  return static_cast<std::size_t>(std::count_if(
+      found.offers.begin(), found.offers.end(), [&](const std::vector<Offer>& offers) {
+        return std::any_of(offers.begin(), offers.end(), is_installed);
+      }));
 }
 
 std::string OfferText(const Machine& machine, const RequiredFile& required, const Offer& offer) {
@@ -59,7 +62,25 @@ std::string OfferText(const Machine& machine, const RequiredFile& required, cons
             std::to_string(required.entries.size()) + " gauges";
   }
   if (candidate.is_renamed) line += ", as " + candidate.name;
+  if (offer.name_is_taken) line += ", but Gauges has another file of that name";
   return line + ")";
+}
+
+std::string PurposeText(const InstalledFile& file) {
+  std::string text;
+  for (const std::string& aircraft : file.aircraft) {
+    text += (text.empty() ? " for " : ", ") + aircraft;
+  }
+  const std::string choice = ChoiceText(file);
+  return choice.empty() ? text : text + " (" + choice + ")";
+}
+
+std::string NearText(const Machine& machine, const CommandStyle& style,
+                     const RequiredFile& required, const NearOffer& near) {
+  const std::string path = machine.files.NativePath(near.candidate->path);
+  const Deed deed{DeedKind::Install, path, required.name, near.in_the_way};
+  return "but " + LocationText(path, near.candidate->inside) + ", which differs " +
+         DifferenceText(near.likeness) + ": " + TextOf(deed, style);
 }
 
 std::string PassedOverText(const Machine& machine, const PassedOver& what) {

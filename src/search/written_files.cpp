@@ -1,22 +1,15 @@
 #include "search/written_files.h"
 
-#include <functional>
+#include "search/content_check.h"
 
 namespace panelkit {
-namespace {
-
-WrittenFile Written(const std::string& name, const std::string& bytes) {
-  return {name, bytes.size(), std::hash<std::string>()(bytes)};
-}
-
-}  // namespace
-
 std::vector<WrittenFile> WrittenFiles(const Files& files, const std::string& gauges,
-                                      const std::vector<const Candidate*>& installed) {
+                                      const std::vector<InstalledFile>& installed) {
   std::vector<WrittenFile> written;
-  for (const Candidate* candidate : installed) {
-    const FileContent content = files.Read(gauges + "\\" + candidate->name);
-    if (content.bytes) written.push_back(Written(candidate->name, *content.bytes));
+  for (const InstalledFile& file : installed) {
+    const std::string& name = file.candidate->name;
+    const FileContent content = files.Read(gauges + "\\" + name);
+    if (content.bytes) written.push_back({name, HashOf(*content.bytes)});
   }
   return written;
 }
@@ -27,8 +20,7 @@ TakenOut TakeOut(Files& files, const std::string& gauges, const std::vector<Writ
     const std::string path = gauges + "\\" + file.name;
     const FileContent content = files.Read(path);
     if (content.fault == FileFault::Absent) continue;
-    const bool is_unchanged = content.bytes && content.bytes->size() == file.size &&
-                              Written(file.name, *content.bytes).hash == file.hash;
+    const bool is_unchanged = content.bytes && HashOf(*content.bytes) == file.content;
     const bool removed = is_unchanged && files.Delete(path);
     (removed ? outcome.removed : outcome.kept).push_back(file.name);
   }

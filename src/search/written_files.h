@@ -1,25 +1,24 @@
 // The files that an installation has written, and taking them out of Gauges again.
 #pragma once
 
-#include <cstddef>
+#include <cstdint>
 #include <string>
 #include <vector>
 
 #include "platform/files.h"
-#include "search/candidate_pool.h"
+#include "search/find_result.h"
 
 namespace panelkit {
 
 /// A file of Gauges as the installation left it.
 struct WrittenFile {
   std::string name;
-  std::size_t size = 0;
-  std::size_t hash = 0;  ///< Of its bytes.
+  std::uint64_t content = 0;  ///< As HashOf.
 };
 
-/// What stands in the folder `gauges` for these candidates, which have just been installed there.
+/// What stands in the folder `gauges` for what has just been installed there.
 std::vector<WrittenFile> WrittenFiles(const Files& files, const std::string& gauges,
-                                      const std::vector<const Candidate*>& installed);
+                                      const std::vector<InstalledFile>& installed);
 
 /// Names of files.
 struct TakenOut {

@@ -238,8 +238,10 @@ TEST_CASE("the strip counts nothing, one and many") {
   CHECK(MovedText(2, 0) == "2 files were moved to SpareGauges.");
   CHECK(MovedText(1, 1) == "The moved file is named by a panel in another way.");
   CHECK(PutBackText(2, 2) == "2 files were put back into Gauges.");
-  CHECK(FoundText(0, 1) == "The required file was not found there.");
-  CHECK(FoundText(1, 1) == "The required file can be copied to Gauges.");
+  CHECK(FoundText(0, 0, 1) == "The required file was not found there.");
+  CHECK(FoundText(1, 1, 1) == "The required file can be copied to Gauges.");
+  CHECK(FoundText(0, 1, 1) == "The required file cannot be copied to Gauges.");
+  CHECK(FoundText(0, 1, 2) == "None of the 2 can be copied to Gauges.");
   CHECK(InstalledText(1, 0) == "1 file was copied to Gauges; none is missing now.");
   CHECK(InstalledText(1, 1) == "1 file was copied to Gauges; 1 is still missing.");
   CHECK(PutBackText(0, 1) == "The file could not be put back into Gauges.");

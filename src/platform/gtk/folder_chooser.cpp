@@ -4,13 +4,13 @@
 
 namespace panelkit {
 
-std::vector<std::string> AskForFolders(GtkWindow* window, const std::string& title) {
+std::vector<std::string> AskForFolders(GtkWindow* window, const std::string& title,
+                                       const std::string& start) {
   const ObjectPtr<GtkFileChooserNative> dialog(gtk_file_chooser_native_new(
       title.c_str(), window, GTK_FILE_CHOOSER_ACTION_SELECT_FOLDER, nullptr, nullptr));
   auto* chooser = GTK_FILE_CHOOSER(dialog.get());
   gtk_file_chooser_set_select_multiple(chooser, TRUE);
-  const char* downloads = g_get_user_special_dir(G_USER_DIRECTORY_DOWNLOAD);
-  gtk_file_chooser_set_current_folder(chooser, downloads != nullptr ? downloads : g_get_home_dir());
+  if (!start.empty()) gtk_file_chooser_set_current_folder(chooser, start.c_str());
   std::vector<std::string> folders;
   if (gtk_native_dialog_run(GTK_NATIVE_DIALOG(dialog.get())) != GTK_RESPONSE_ACCEPT) return folders;
   GSList* names = gtk_file_chooser_get_filenames(chooser);

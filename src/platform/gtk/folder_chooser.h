@@ -8,8 +8,9 @@
 
 namespace panelkit {
 
-/// Asks for folders in front of `window` and waits for the answer; begins in the user's folder of
-/// downloads. Native paths; empty if the user picks none.
-std::vector<std::string> AskForFolders(GtkWindow* window, const std::string& title);
+/// Asks for folders in front of `window` and waits for the answer; begins in the folder `start`, or
+/// where the desktop likes if that is empty. Native paths; empty if the user picks none.
+std::vector<std::string> AskForFolders(GtkWindow* window, const std::string& title,
+                                       const std::string& start);
 
 }  // namespace panelkit

@@ -164,7 +164,7 @@ gboolean GtkForm::KeyPressed(GtkWidget*, const GdkEventKey* key, gpointer self) 
 
 std::vector<std::string> GtkForm::ChooseFolders(const std::string& title) {
   std::vector<std::string> paths;
-  for (const std::string& native : AskForFolders(window_, title)) {
+  for (const std::string& native : AskForFolders(window_, title, machine_.DownloadFolder())) {
     paths.push_back(machine_.WindowsPath(native));
   }
   return paths;

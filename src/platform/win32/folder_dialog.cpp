@@ -1,9 +1,9 @@
 #include "platform/win32/folder_dialog.h"
 
-#include <knownfolders.h>
 #include <shlobj.h>
 #include <wrl/client.h>
 
+#include "platform/windows/own_folders.h"
 #include "platform/windows/system_library.h"
 #include "platform/windows/wide.h"
 
@@ -13,19 +13,13 @@ namespace {
 using Microsoft::WRL::ComPtr;
 
 void BeginInDownloads(IFileOpenDialog& dialog) {
-  const auto known_folder = SystemCall<HRESULT WINAPI(REFKNOWNFOLDERID, DWORD, HANDLE, PWSTR*)>(
-      L"shell32.dll", "SHGetKnownFolderPath");
   const auto item_of = SystemCall<HRESULT WINAPI(PCWSTR, IBindCtx*, REFIID, void**)>(
       L"shell32.dll", "SHCreateItemFromParsingName");
-  PWSTR path = nullptr;
-  if (known_folder == nullptr || item_of == nullptr ||
-      FAILED(known_folder(FOLDERID_Downloads, 0, nullptr, &path))) {
-    return;
-  }
+  const std::wstring path = Wide(UserDownloadFolder());
   ComPtr<IShellItem> folder;
-  if (SUCCEEDED(item_of(path, nullptr, IID_PPV_ARGS(&folder))))
+  if (item_of != nullptr && SUCCEEDED(item_of(path.c_str(), nullptr, IID_PPV_ARGS(&folder)))) {
     dialog.SetDefaultFolder(folder.Get());
-  CoTaskMemFree(path);
+  }
 }
 
 std::vector<std::string> Picked(IFileOpenDialog& dialog) {

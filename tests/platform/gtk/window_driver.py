@@ -71,6 +71,9 @@ class Program(subprocess.Popen):
                     for here in below(top)
                     if here.get_role_name() == role and fnmatchcase(here.get_name(), name))
 
+    def hidden(self, role):
+        return not self.named(role, "*").get_state_set().contains(Atspi.StateType.SHOWING)
+
     def place(self, role, name=""):
         """In pixels of the screen."""
         return Atspi.Component.get_extents(self.named(role, name), Atspi.CoordType.SCREEN)
