@@ -56,7 +56,8 @@ void GtkStrip::Hide() {
 }
 
 void GtkStrip::Responded(GtkInfoBar*, int response, GtkStrip* self) {
-  if (response == GTK_RESPONSE_CLOSE) return self->Hide();
+  // Escape answers with the latter.
+  if (response == GTK_RESPONSE_CLOSE || response == GTK_RESPONSE_CANCEL) return self->Hide();
   const auto index = static_cast<std::size_t>(response);
   if (response < 0 || index >= self->content_.buttons.size()) return;
   PostToLoop(self->alive_, self->content_.buttons[index].on_click);

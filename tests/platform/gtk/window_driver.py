@@ -71,8 +71,12 @@ class Program(subprocess.Popen):
                     for here in below(top)
                     if here.get_role_name() == role and fnmatchcase(here.get_name(), name))
 
-    def hidden(self, role):
-        return not self.named(role, "*").get_state_set().contains(Atspi.StateType.SHOWING)
+    def has_gone(self, role):
+        """Whether nothing of this role is on the screen."""
+        try:
+            return not self.named(role, "*").get_state_set().contains(Atspi.StateType.SHOWING)
+        except StopIteration:
+            return True
 
     def place(self, role, name=""):
         """In pixels of the screen."""
