@@ -19,8 +19,8 @@ class LivelyArchives final : public ArchiveReader {
   ArchiveFault Read(std::string_view path, const OnArchiveEntry& visit) const override {
     return reader_.Read(path, Lively(visit));
   }
-  ArchiveFault ReadBytes(std::string_view bytes, const OnArchiveEntry& visit) const override {
-    return reader_.ReadBytes(bytes, Lively(visit));
+  ArchiveFault ReadBytes(std::string bytes, const OnArchiveEntry& visit) const override {
+    return reader_.ReadBytes(std::move(bytes), Lively(visit));
   }
   std::unique_ptr<UnpackedFile> Unpack(std::string_view bytes,
                                        std::int64_t modified) const override {
