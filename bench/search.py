@@ -1,5 +1,5 @@
 """Measures the search for gauges against what only lists the same files, and prints a table.
-Arguments: a folder with panelkit-console and the simulator `reference`, the number of runs."""
+Arguments: a folder with panelkit-console and the simulators `reference` and `missing`, the number of runs."""
 
 import os
 import pathlib
@@ -16,6 +16,7 @@ FILES = FOLDER / "files"
 ARCHIVES = FOLDER / "archives"
 EMPTY = FOLDER / "empty"
 ENVIRONMENT = dict(os.environ, WINEPREFIX=str(FOLDER / "reference"))
+MISSING = dict(os.environ, WINEPREFIX=str(FOLDER / "missing"))
 
 
 def write_files():
@@ -37,9 +38,9 @@ def write_archives():
                 archive.writestr(f"panel/{number}_{entry}.{ending}", noise.randbytes(512 * 1024))
 
 
-def seconds(command):
+def seconds(command, environment=ENVIRONMENT):
     start = time.perf_counter()
-    status = subprocess.run(command, env=ENVIRONMENT, stdout=subprocess.DEVNULL, check=False).returncode
+    status = subprocess.run(command, env=environment, stdout=subprocess.DEVNULL, check=False).returncode
     if status not in (0, 1):
         sys.exit(f"{command[:2]} ended with status {status}")
     return time.perf_counter() - start
@@ -56,6 +57,15 @@ def compare(name, search, yardstick):
           f"{(best[0] - best[2]) / best[1]:.2f} |", flush=True)
 
 
+def measure_hints(console):
+    """What hints take beyond the probe."""
+    took = [(seconds([console, "probe", "--hints"], MISSING), seconds([console, "probe"], MISSING))
+            for _ in range(RUNS)]
+    best, median = ([1000 * pick(column) for column in zip(*took)] for pick in (min, statistics.median))
+    print("\n| `--hints`, less its probe | Best ms | Median ms |\n|---|--:|--:|\n"
+          f"| 19,000 missing files | {best[0] - best[1]:.0f} | {median[0] - median[1]:.0f} |", flush=True)
+
+
 def main():
     EMPTY.mkdir()
     write_files()
@@ -68,6 +78,7 @@ def main():
     each = 'for archive in "$1"/*; do bsdtar -tf "$archive"; done'
     compare("1 GiB of zip archives, to `bsdtar -tf` of each", [console, "find", ARCHIVES],
             ["bash", "-c", each, "-", ARCHIVES])
+    measure_hints(console)
 
 
 main()
