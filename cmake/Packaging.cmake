@@ -1,11 +1,34 @@
 # What is installed beside the programs, and the packages: archives, each one folder that runs where it is
-# unpacked (PANELKIT_ARCHIVE), and the Debian package.
+# unpacked (PANELKIT_ARCHIVE), the installer for Windows (NSIS.template.in), and the Debian package.
 set(pictures assets/confused.gif assets/easy.gif assets/madhack.gif)
 
 if(WIN32)
   math(EXPR word_size "8 * ${CMAKE_SIZEOF_VOID_P}")
   set(CPACK_GENERATOR ZIP)
   set(CPACK_PACKAGE_FILE_NAME panelkit-${PROJECT_VERSION}-win${word_size})
+  # The check kit is the archive with these, the tests, and a simulator.
+  configure_file(packaging/Windows/check.cmd ${CMAKE_BINARY_DIR}/documents/check.cmd @ONLY
+                 NEWLINE_STYLE CRLF)
+  install(FILES ${CMAKE_BINARY_DIR}/documents/check.cmd DESTINATION . COMPONENT check EXCLUDE_FROM_ALL)
+  install(DIRECTORY "demo/drive_c/Program Files/Microsoft Games/FS2002/" DESTINATION simulator
+          COMPONENT check EXCLUDE_FROM_ALL)
+  find_program(MAKENSIS makensis DOC "The compiler of NSIS, which makes the installer")
+  if(PANELKIT_CHECK_KIT)
+    set(CPACK_PACKAGE_FILE_NAME panelkit-${PROJECT_VERSION}-windows-check)
+    set(CPACK_INSTALL_CMAKE_PROJECTS
+        ${CMAKE_BINARY_DIR} Panelkit ALL / ${CMAKE_BINARY_DIR} Panelkit check /)
+  elseif(MAKENSIS)
+    list(APPEND CPACK_GENERATOR NSIS)
+    if(word_size EQUAL 64)
+      set(CPACK_NSIS_TARGET amd64-unicode)
+    else()
+      set(CPACK_NSIS_TARGET x86-unicode)
+    endif()
+    set(CPACK_NSIS_MUI_ICON ${CMAKE_SOURCE_DIR}/assets/panelkit.ico)
+    set(CPACK_RESOURCE_FILE_LICENSE ${CMAKE_BINARY_DIR}/documents/LICENSE.txt)
+  else()
+    message(STATUS "There is no makensis: the installer is not made")
+  endif()
 elseif(PANELKIT_ARCHIVE)
   set(CPACK_GENERATOR TGZ)
   set(CPACK_PACKAGE_FILE_NAME panelkit-${PROJECT_VERSION}-linux-${CMAKE_SYSTEM_PROCESSOR})
@@ -13,6 +36,7 @@ else()
   set(CPACK_GENERATOR DEB)
 endif()
 set(CPACK_STRIP_FILES ON)
+set(CPACK_MONOLITHIC_INSTALL ON)
 # The programs are built before, maybe without the tests.
 set(CMAKE_SKIP_INSTALL_ALL_DEPENDENCY ON)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS

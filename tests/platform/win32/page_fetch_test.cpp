@@ -4,10 +4,10 @@
 #include <doctest/doctest.h>
 #include <msxml.h>
 #include <urlmon.h>
-#include <winsock2.h>
 
 #include "platform/win32/browser_document.h"
 #include "platform/win32/fetch_guard.h"
+#include "platform/win32/listener.h"
 #include "platform/win32/win32_browser.h"
 #include "platform/win32/windows_on_screen.h"
 #include "platform/windows/wide.h"
@@ -17,36 +17,6 @@ namespace panelkit::test {
 namespace {
 
 using Microsoft::WRL::ComPtr;
-
-/// A socket that listens on the loopback address.
-struct Listener {
-  Listener() {
-    WSADATA data;
-    WSAStartup(MAKEWORD(2, 2), &data);
-    socket = ::socket(AF_INET, SOCK_STREAM, 0);
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    REQUIRE(::bind(socket, reinterpret_cast<sockaddr*>(&address), sizeof address) == 0);
-    listen(socket, 5);
-    u_long non_blocking = 1;
-    ioctlsocket(socket, FIONBIO, &non_blocking);
-    int size = sizeof address;
-    getsockname(socket, reinterpret_cast<sockaddr*>(&address), &size);
-    url = L"http://127.0.0.1:" + std::to_wstring(ntohs(address.sin_port)) + L"/x.gif";
-  }
-  ~Listener() {
-    closesocket(socket);
-    WSACleanup();
-  }
-  Listener(const Listener&) = delete;
-  Listener& operator=(const Listener&) = delete;
-
-  bool SawConnection() const { return accept(socket, nullptr, nullptr) != INVALID_SOCKET; }
-
-  SOCKET socket;
-  std::wstring url;
-};
 
 /// Fetches an address as the browser control does; the bytes, or "refused".
 std::string Fetch(const std::wstring& url) {

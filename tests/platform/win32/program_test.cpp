@@ -7,6 +7,7 @@
 #include <cstring>
 
 #include "platform/win32/windows_on_screen.h"
+#include "platform/windows/check_kit.h"
 #include "platform/windows/handle.h"
 #include "platform/windows/wide.h"
 #include "support/simulator.h"
@@ -53,7 +54,9 @@ class RegisteredSimulator : public Simulator {
 /// Panelkit.exe, copied to the simulator's program folder and started there.
 class RunningProgram {
  public:
-  explicit RunningProgram(const Simulator& simulator, const std::wstring& arguments = {}) {
+  explicit RunningProgram(const Simulator& simulator)
+      : RunningProgram(simulator, Named(simulator)) {}
+  RunningProgram(const Simulator& simulator, const std::wstring& arguments) {
     const char* program = std::getenv("PANELKIT_EXE");
     REQUIRE_MESSAGE(program != nullptr, "PANELKIT_EXE names no program");
     const std::filesystem::path copy = simulator.App() / "Panelkit.exe";
@@ -90,6 +93,10 @@ class RunningProgram {
   }
 
  private:
+  static std::wstring Named(const Simulator& simulator) {
+    return L" --simulator \"" + windows::Wide(simulator.FSPath()) + L"\"";
+  }
+
   PROCESS_INFORMATION process_{};
   HWND window_ = nullptr;
 };
@@ -97,6 +104,7 @@ class RunningProgram {
 constexpr unsigned kExit = 0;
 constexpr unsigned kProbe = 2;
 constexpr unsigned kClean = 4;
+constexpr unsigned kVisit = 8;
 
 /// Aircraft that take a scan far longer than the test waits.
 void AddFleet(Simulator& simulator) {
@@ -108,23 +116,7 @@ void AddFleet(Simulator& simulator) {
   }
 }
 
-}  // namespace
-
-TEST_CASE("Panelkit.exe probes the simulator of the registry or of its command line") {
-  std::optional<RegisteredSimulator> registered;
-  std::optional<Simulator> named;
-  std::wstring arguments;
-  SUBCASE("registered") {
-    registered.emplace();
-  }
-  SUBCASE("named") {
-    named.emplace();
-    arguments = L" --simulator \"" + windows::Wide(named->FSPath()) + L"\"";
-  }
-  Simulator& simulator = registered ? *registered : *named;
-  simulator.AddAircraft("Alpha",
-                        "[Window Titles]\nWindow00=Main\n\n[Window00]\ngauge00=horn,1,2\n");
-  const RunningProgram program(simulator, arguments);
+void CheckProbe(const RunningProgram& program, const Simulator& simulator) {
   program.Pick(kProbe);
   CHECK(WaitFor([&] { return LabelsOf(program.Window())[1] == "Done"; }));
   CHECK(LabelsOf(program.Window())[0] == "Flight Simulator: " + simulator.FSPath());
@@ -133,8 +125,32 @@ TEST_CASE("Panelkit.exe probes the simulator of the registry or of its command l
   CHECK(program.Status() == 0);
 }
 
-TEST_CASE("Exit Program, or a close of the window, ends a scan at once") {
+constexpr const char* kHorn = "[Window Titles]\nWindow00=Main\n\n[Window00]\ngauge00=horn,1,2\n";
+
+}  // namespace
+
+TEST_CASE("Panelkit.exe finds the simulator in the registry and probes it" * kWritesToTheRegistry) {
   RegisteredSimulator simulator;
+  simulator.AddAircraft("Alpha", kHorn);
+  CheckProbe(RunningProgram(simulator, {}), simulator);
+}
+
+TEST_CASE("Panelkit.exe probes the simulator that its command line names") {
+  Simulator simulator;
+  simulator.AddAircraft("Alpha", kHorn);
+  CheckProbe(RunningProgram(simulator), simulator);
+}
+
+TEST_CASE("Exit Program ends the program at once also while a page loads") {
+  const Simulator simulator;
+  const RunningProgram program(simulator);
+  program.Pick(kVisit);
+  program.Pick(kExit);
+  CHECK(program.Status() == 0);
+}
+
+TEST_CASE("Exit Program, or a close of the window, ends a scan at once") {
+  Simulator simulator;
   AddFleet(simulator);
   for (const bool by_menu : {true, false}) {
     CAPTURE(by_menu);
@@ -154,7 +170,7 @@ TEST_CASE("Exit Program, or a close of the window, ends a scan at once") {
 }
 
 TEST_CASE("Exit Program, while Clean waits for a locked gauge, ends nothing half way") {
-  RegisteredSimulator simulator;
+  Simulator simulator;
   simulator.AddAircraft("Alpha", "[Window Titles]\nWindow00=Main\n[Window00]\ngauge00=a,1\n");
   std::vector<windows::Handle> held;
   for (const char* gauge : {"held.gau", "kept.gau", "locked.gau", "spare.gau"}) {

@@ -7,55 +7,13 @@
 #include <shlobj.h>
 #include <wrl/client.h>
 
-#include "platform/win32/win32_toolkit.h"
-#include "platform/win32/windows_on_screen.h"
+#include "platform/win32/screen.h"
 #include "platform/windows/replaced_call.h"
 #include "platform/windows/wide.h"
 #include "support/cabinet_writer.h"
-#include "support/simulator.h"
 
 namespace panelkit::test {
 namespace {
-
-/// The program with its window. The test is its interface thread and gives the loop its turns.
-struct Screen {
-  Simulator simulator;
-  windows::Win32Toolkit toolkit;
-  std::optional<frmGauges> program;
-  HWND window = nullptr;
-
-  void Start() {
-    program.emplace(toolkit, simulator.Services());
-    program->Show();
-    window = TopWindow(kMainTitle);
-    REQUIRE(IsWindowVisible(window));
-  }
-
-  bool Until(const std::function<bool()>& condition) {
-    return WaitFor([&] {
-      toolkit.Loop().ProcessPending();
-      return condition();
-    });
-  }
-
-  /// Picks an entry of a menu on the bar as a mouse click would.
-  void Pick(int menu, int entry) const {
-    PostMessageW(window, WM_COMMAND, GetMenuItemID(GetSubMenu(GetMenu(window), menu), entry), 0);
-  }
-
-  /// The bar's captions, greyed ones in brackets.
-  std::string Bar() const {
-    std::string bar;
-    const HMENU menu = GetMenu(window);
-    for (int i = 0; i < GetMenuItemCount(menu); ++i) {
-      wchar_t caption[100] = {};
-      GetMenuStringW(menu, i, caption, 100, MF_BYPOSITION);
-      const bool greyed = (GetMenuState(menu, i, MF_BYPOSITION) & MF_GRAYED) != 0;
-      bar += (greyed ? "[" : "") + windows::Utf8(caption) + (greyed ? "] " : " ");
-    }
-    return bar;
-  }
-};
 
 /// Called just before a window of the test's thread is given a text.
 std::function<void(std::wstring_view)> before_text;

@@ -4,6 +4,7 @@
 
 #include "platform/disk.h"
 #include "platform/registry_text.h"
+#include "platform/windows/check_kit.h"
 
 namespace panelkit::test {
 namespace {
@@ -29,7 +30,8 @@ struct TestKey {
   HKEY key = nullptr;
 };
 
-TEST_CASE_FIXTURE(Disk, "The registry is the one that a 32-bit simulator has written") {
+TEST_CASE_FIXTURE(Disk, "The registry is the one that a 32-bit simulator has written" *
+                            kWritesToTheRegistry) {
   const Registry& registry = machine->Services().registry;
   const TestKey decoy(kKey, KEY_WOW64_64KEY);
   decoy.Set("Path", REG_SZ, {"C:\\wrong", 9});

@@ -34,17 +34,33 @@ start_wine() {
   end_session
 }
 
-# unit_tests BUILD PANELKIT_EXE: runs every test program of a build.
+# unit_tests BUILD: the test programs that are not in the check kit, and what the kit leaves out so that it changes
+# nothing on its user's machine.
 unit_tests() {
-  local program count=0
-  while IFS= read -r program; do
-    say "$(basename "$program")"
+  local program
+  for program in program pane; do
+    say "test_$program"
     # Wine's cabinet service, unlike Windows', tells nothing of a cabinet that is damaged.
-    PANELKIT_EXE="Z:$2" in_wine "$program" \
-      --test-case-exclude='a damaged cabinet *'
-    count=$((count + 1))
-  done < <(find "$1/tests" -name 'test_*.exe' | sort)
-  [ $count -gt 0 ] || stop 'There are no unit tests for Windows'
+    in_wine "$1/tests/test_$program.exe" --test-case-exclude='a damaged cabinet *'
+  done
+  for program in windows win32; do
+    say "test_$program: the registry"
+    PANELKIT_EXE="Z:$1/src/app/Panelkit.exe" in_wine "$1/tests/platform/$program/test_$program.exe" \
+      --test-case='*registry*'
+  done
+}
+
+# check_kit BUILD: the check kit, as a user starts it.
+check_kit() {
+  local table
+  cmake --install "$1" --prefix "$work/kit" >/dev/null
+  cmake --install "$1" --component check --prefix "$work/kit" >/dev/null
+  PANELKIT_UNATTENDED=1 in_wine cmd /c "Z:${work//\//\\}\\kit\\check.cmd" || stop 'The check kit says that something fails'
+  table=$(echo "$work"/kit/table-*.txt)
+  ! grep -q FAILS "$table" || stop 'Its exit status says nothing of what fails'
+  [ "$(grep -c '^holds' "$table")" -gt 50 ] || stop 'The check kit has looked at too little'
+  [ ! -e "$work/kit/work folder" ] || stop 'The check kit has left files of its tests'
+  say "Left out of the check kit under Wine: $(grep -c '^not applicable' "$table")"
 }
 
 # compare_consoles LINUX WINDOWS: all commands of the two companions over the same files.
@@ -77,4 +93,37 @@ END
   in_wine cmd /c 'ping -n 999 127.0.0.1' >/dev/null 2>&1 &
   TMPDIR=$work tests/faults/kill_test.sh "$work/cut_console" "$PWD" 0 'env PANELKIT_ENDS_AT='{1..24} ||
     stop 'A kill has lost something'
+}
+
+# installer_test SETUP: installs the program, runs it and removes it, without and with files of the user's own,
+# which alone stay. Expects the simulator that compare_consoles leaves.
+installer_test() {
+  local folder own file left i
+  in_drive() { (cd "$WINEPREFIX/drive_c" && find . -path './users/*/Temp' -prune -o -print | sort); }
+  in_drive >"$work/before"
+  for own in '' SpareGauges/own.gau; do
+    in_wine "$1" /S || stop 'The installer failed'
+    folder=$(echo "$WINEPREFIX"/drive_c/users/*/AppData/Local/Programs/Panelkit)
+    for file in Panelkit.exe panelkit-console.exe easy.gif LICENSE.txt; do
+      [ -s "$folder/$file" ] || stop "The installer has left out $file"
+    done
+    ls "$WINEPREFIX"/drive_c/users/*/AppData/Roaming/Microsoft/Windows/{Start\ Menu/Programs,SendTo}/Panelkit.lnk >/dev/null
+    in_wine reg query 'HKCU\Software\Microsoft\Windows\CurrentVersion\Uninstall\Panelkit' >/dev/null
+    if [ "$own" ]; then
+      in_wine "$folder/panelkit-console.exe" probe >/dev/null 2>&1 || [ $? -eq 1 ]
+      mkdir "$folder/SpareGauges"
+      touch "$folder/$own"
+    fi
+    in_wine "$folder/Uninstall.exe" /S
+    # It goes on in a copy of itself.
+    for ((i = 0; i < 600; i++)); do
+      [ -e "$folder/Uninstall.exe" ] || { [ -z "$own" ] && [ -e "$folder" ]; } || break
+      sleep 0.1
+    done
+    ! in_wine reg query 'HKCU\Software\Microsoft\Windows\CurrentVersion\Uninstall\Panelkit' >/dev/null 2>&1 ||
+      stop 'The uninstaller has left its entry'
+  done
+  left=$(in_drive | comm -13 "$work/before" - | sed 's|.*/Local/Programs/*||' | tr '\n' ' ')
+  [ "$left" = ' Panelkit Panelkit/GAUGES.HTM Panelkit/SpareGauges Panelkit/SpareGauges/own.gau ' ] ||
+    stop "The uninstaller has left: $left"
 }
