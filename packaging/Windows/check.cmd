@@ -59,7 +59,7 @@ call :line "                    " "subst makes no drive"
 :end
 echo Not looked at: a simulator under Program Files.>> "%table%"
 if not "%own_files%"=="kept" rd "%LOCALAPPDATA%\Panelkit" >nul 2>&1
-rem What a test has left in its folder stays, for whoever reads the table.
+rem Tests of long paths leave folders that rd cannot follow: Wine's takes them for others. They stay.
 rd "%work%\temp" >nul 2>&1
 if not exist "%work%\temp" rd /s /q "%work%"
 type "%table%"

@@ -29,17 +29,13 @@ TempFolder::TempFolder() {
 
 TempFolder::~TempFolder() {
   std::error_code ignored;
-  // On Windows in the form that may have more than 260 characters: programs that remove folders
-  // mistake what is left of such a path for another.
-  const bool is_windows = fs::path::preferred_separator == '\\';
-  const fs::path whole = is_windows ? FromUtf8(R"(\\?\)" + Utf8(path_)) : path_;
-  for (auto it = fs::recursive_directory_iterator(whole, ignored);
+  for (auto it = fs::recursive_directory_iterator(path_, ignored);
        it != fs::recursive_directory_iterator(); it.increment(ignored)) {
     if (!it->is_symlink(ignored)) {
       fs::permissions(it->path(), fs::perms::owner_all, fs::perm_options::add, ignored);
     }
   }
-  fs::remove_all(whole, ignored);
+  fs::remove_all(path_, ignored);
 }
 
 void Put(const fs::path& file, std::string_view bytes) {
