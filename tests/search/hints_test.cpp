@@ -70,7 +70,7 @@ TEST_CASE("A file that would satisfy a panel is found wherever it lies in the si
 }
 
 TEST_CASE("a damaged cabinet is told with its last whole entry") {
-  const Simulator simulator;
+  Simulator simulator;
   const std::string cabinet = MakeCabinet({{"Speed.xml"}, {"Alt.XML"}, {"Map.bmp"}});
   Put(simulator.Fs() / "Gauges/Cut.cab", std::string_view(cabinet).substr(0, cabinet.find("Map")));
   CHECK(HintsIn(simulator, {"cut", {"cut!Map"}}) ==
