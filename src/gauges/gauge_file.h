@@ -16,7 +16,8 @@ inline constexpr std::string_view kGaugeFileExtension = ".gau";
 inline constexpr std::string_view kCabinetExtension = ".cab";
 
 /// What the Gauges folder holds, the one that is looked for first at the front.
-inline constexpr std::array kGaugesExtensions{kGaugeFileExtension, kCabinetExtension};
+// One in each source: g++ 12 for Windows lays an inline one into sections that cannot be joined.
+[[maybe_unused]] constexpr std::array kGaugesExtensions{kGaugeFileExtension, kCabinetExtension};
 
 /// A gauge among the entries of a cabinet; the case counts.
 inline constexpr std::string_view kGaugeEntryExtension = ".xml";
