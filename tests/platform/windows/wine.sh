@@ -12,8 +12,7 @@ in_wine() { "${place[@]}" "$wine" "$@"; }
 end_session() { "${place[@]}" wineserver -k && "${place[@]}" wineserver -w; }
 
 clean_up() {
-  local prefix
-  for prefix in "$work"/prefix*; do WINEPREFIX=$prefix end_session || true; done
+  end_session || true
   [ -z "${screen-}" ] || kill "$screen"
   rm -rf "$work"
 }
