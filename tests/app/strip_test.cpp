@@ -117,9 +117,9 @@ struct WithDownloads : WithStrip {
     const Files& files = simulator.Services().files;
     page = Replaced(page, files.NativePath(Path("absent")), "{absent}");
     for (const std::string folder : {"new", "old"}) {
-      page = Replaced(page, files.NativePath(Path(folder) + "\\"), "{" + folder + "}");
+      page = Replaced(page, files.NativePath(Path(folder)), "{" + folder + "}");
     }
-    return page;
+    return Replaced(page, "}\\", "}/");
   }
 };
 
