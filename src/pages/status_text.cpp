@@ -87,8 +87,8 @@ std::string CleanDoneText(std::size_t stayed, std::size_t unreadable, std::size_
   if (stayed > 0) text += " - files that stayed in Gauges: " + std::to_string(stayed);
   if (unreadable > 0) text += " - panels that could not be read: " + std::to_string(unreadable);
   if (named_otherwise > 0) {
-    text += " - " + std::to_string(named_otherwise) +
-            " of the moved files are named by panels in another way";
+    text += " - " + std::to_string(named_otherwise) + " of the moved files " +
+            (named_otherwise == 1 ? "is" : "are") + " named by panels in another way";
   }
   return text;
 }
