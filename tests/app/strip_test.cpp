@@ -1,8 +1,6 @@
 // The strip below a report: what it offers after each command, and what its buttons do.
 #include <doctest/doctest.h>
 
-#include <regex>
-
 #include "pages/status_text.h"
 #include "pages/strip_text.h"
 #include "simulator/remembered_simulator.h"
@@ -112,8 +110,10 @@ struct WithDownloads : WithStrip {
 
   // Without times, and with the folders as {new} and {old}.
   std::string Found() {
-    std::string page =
-        std::regex_replace(OwnPage("FOUND.HTM"), std::regex(R"(bytes, [^,)<]*)"), "bytes");
+    std::string page = OwnPage("FOUND.HTM");
+    for (std::size_t at = 0; (at = page.find(" bytes, ", at)) != std::string::npos; ++at) {
+      page.replace(at, page.find_first_of(",)<", at + 8) - at, " bytes");
+    }
     const Files& files = simulator.Services().files;
     page = Replaced(page, files.NativePath(Path("absent")), "{absent}");
     for (const std::string folder : {"new", "old"}) {
