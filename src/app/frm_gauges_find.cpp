@@ -73,8 +73,8 @@ StopRequest frmGauges::KeepAnswering() {
 }
 
 HintFinder frmGauges::Hints() {
-  return HintFinder(machine_, GetFSPath(), OwnGaugeFolders(), *report_,
-                    [answer = KeepAnswering()](const SearchProgress&) { return !answer(); });
+  return {machine_, GetFSPath(), OwnGaugeFolders(), *report_,
+          [answer = KeepAnswering()](const SearchProgress&) { return !answer(); }};
 }
 
 // As commands of the console that go on with this simulator.

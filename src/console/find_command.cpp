@@ -40,6 +40,7 @@ void Search(LocalMachine& machine, const std::vector<std::string>& folders, Look
     return !terminal::Interrupted();
   };
   std::vector<std::string> places;
+  places.reserve(folders.size());
   for (const std::string& folder : folders) places.push_back(machine.WindowsPath(folder));
   LookThrough(machine.Services(), places, on_progress, look);
   for (std::size_t i = 0; i < folders.size(); ++i) {

@@ -173,6 +173,7 @@ std::vector<std::string> GtkForm::ChooseFolders(const std::string& title) {
 void GtkForm::OnDrop(std::function<void(const std::vector<std::string>& paths)> handler) {
   TakeDrops(GTK_WIDGET(window_), [this, handler = std::move(handler)](const auto& natives) {
     std::vector<std::string> paths;
+    paths.reserve(natives.size());
     for (const std::string& native : natives) paths.push_back(machine_.WindowsPath(native));
     PostToLoop(alive_, [handler, paths] { handler(paths); });
   });

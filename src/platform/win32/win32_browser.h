@@ -79,7 +79,7 @@ class Win32Browser final : public WebBrowser {
 
   Win32EventLoop& loop_;
   HWND pane_ = nullptr;
-  RECT place_;  ///< In the form, with the room that it can give.
+  RECT place_{};  ///< In the form, with the room that it can give.
   /// Shared with the guard, which other threads may still ask when the pane has gone.
   struct Rules {
     PanePolicy policy;
