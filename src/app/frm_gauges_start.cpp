@@ -19,7 +19,7 @@ void frmGauges::OfferSimulators(const std::string& gone, std::size_t simulators)
   }
 }
 
-// The state without a simulator ends here as at a new start.
+// Loads the form anew, since nothing else leaves the state without a simulator.
 void frmGauges::ChooseSimulator() {
   const auto folders = form_->ChooseFolders("Choose the folder of Flight Simulator 2002");
   if (folders.empty()) return OfferSimulators({}, simulators_);

@@ -32,7 +32,7 @@ struct CommandLine {
   std::vector<std::string> places;  // To be searched for the missing gauges, as typed.
 };
 
-// Reads the command line. What to end with, where there is no window to open.
+// Reads the command line. Gives the exit status if no window is to be opened.
 std::optional<int> Read(const std::vector<std::string>& arguments, CommandLine& line) {
   CLI::App app("Opens the window of Panelkit, which finds the missing gauges of FS2002 panels.",
                "panelkit");

@@ -55,7 +55,7 @@ bool MoveFile(Files& files, const std::string& source, const std::string& folder
   const std::string target = folder + "\\" + name;
   const std::string older = target + std::string(kOlder);
   const bool replaces = files.Exists(target);
-  // A folder stays where it is; an older one that could not be put away must not give way to this.
+  // Give up if a folder has the name, or an older file still waits to be put into Older.
   if (replaces && (files.IsFolder(target) || files.Exists(older) || !files.Rename(target, older))) {
     return false;
   }

@@ -22,7 +22,7 @@ class EntryFinder {
   }
 
  private:
-  // Takes the entry of that level. Names may stand in an archive more than once.
+  // The visitor that takes the wanted entry of the archive at nesting `level`.
   OnArchiveEntry Taking(std::size_t level) {
     const bool is_last = level + 1 == candidate_.inside.size();
     return [this, level, is_last](const ArchiveEntry& entry, const ReadArchiveEntry& read) {

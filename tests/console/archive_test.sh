@@ -40,7 +40,7 @@ for round in {1..5}; do
   [ "$(find "$spare" -maxdepth 1 -type f)" = '' ] || fail "still there: $(ls "$spare")"
 done
 
-# Whatever stands in the ledger, moves go on, its bytes stay, and what can be read of it counts.
+# A damaged ledger stops no move and loses no bytes, and its readable lines still count.
 damage=("" "torn	C:\\Ga" $'\xff\xfe\t\t\t\n\t\n\n' "$(printf '%s\t%s\t%s\r\n2026-01-01 00:0' '2026-01-01 00:00:00' '/elsewhere' idle_b.gau)")
 for bytes in "${damage[@]}"; do
   rm -rf "$spare" "${gauges:?}"/*

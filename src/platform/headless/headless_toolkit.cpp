@@ -21,7 +21,7 @@ void HeadlessStrip::Press(std::string_view caption) {
       content_.buttons.begin(), content_.buttons.end(),
       [caption](const StripButton& candidate) { return candidate.caption == caption; });
   if (button == content_.buttons.end()) return;
-  // The step that it takes may show something else.
+  // A copy: the handler may show new content, which replaces the button.
   const auto on_click = button->on_click;
   on_click();
 }

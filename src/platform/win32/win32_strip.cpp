@@ -159,7 +159,7 @@ void Win32Strip::Press(std::size_t button) {
 
 void Win32Strip::Command(UINT id) {
   if (id < content_.buttons.size()) Press(id);
-  // Not from inside the button's own message.
+  // Later: Hide destroys the button whose message this is.
   if (id == kClose) loop_.Post(alive_, [this] { Hide(); });
 }
 
