@@ -1,15 +1,9 @@
 #!/usr/bin/env bash
-# Panels that name gauges in ways which the reports do not read, one aircraft a way: what the commands
-# say of them, and what Clean leaves and brings back.
+# The demonstration's unusual panels, which name gauges in ways that the reports do not read, one aircraft
+# a way: what the commands say of them, and what Clean leaves and brings back.
 # usage: careful_test.sh CONSOLE SOURCE_DIR
 set -u
 . "$2/tests/support/console.sh"
-
-# panel PATH LINE...: a panel.cfg below Aircraft.
-panel() {
-  mkdir -p "$fs/Aircraft/$1"
-  printf '%s\r\n' "${@:2}" >"$fs/Aircraft/$1/panel.cfg"
-}
 
 # has JSON: the output holds it, wherever its lines break.
 has() { tr -s '\n ' ' ' <"$work/out" | grep -qF "$1" || fail "no $1 in $(cat "$work/out")"; }
@@ -17,16 +11,8 @@ has() { tr -s '\n ' ' ' <"$work/out" | grep -qF "$1" || fail "no $1 in $(cat "$w
 # says FILE <<TEXT: the file in $work holds this text.
 says() { diff -a - "$work/$1" || fail "$1 differs"; }
 
-rm -r "${fs:?}/Aircraft"/* "${gauges:?}"/*
-panel 'Blank line/Panel' '[Window Titles]' '' 'Window00=Main' '[Window00]' 'gauge00=Blank_Fuel,0,0'
-panel 'Extra window/Panel' '[Window Titles]' 'Window00=Main' '' '[Window00]' '[Window01]' 'gauge00=Extra_Flap,0,0'
-panel 'Indented/Panel' '[Window Titles]' 'Window00=Main' '' '[Window00]' '  gauge00 = Indent_Clock , 0, 0'
-panel 'Titles last/Panel' '[Window00]' 'gauge00=Last_Speed!needle,0,0' '[Window Titles]' 'Window00=Main'
-panel 'Untitled/Panel' '[Window00]' 'gauge00=Untitled_Horizon,0,0'
-panel 'Variant/Panel' '[Window Titles]' 'Window00=Main' '' '[Window00]' 'gauge00=Plain,0,0' 'gauge01=Long,0,0'
-panel 'Variant/Panel.vfr' '[Window00]' '// gauge00=Comment,0,0' 'gauge01=Variant_Map,0,0'
-printf '[fltsim.0]\r\npanel=vfr\r\n' >"$fs/Aircraft/Variant/aircraft.cfg"
-for gauge in Plain Longer Blank_Fuel indent_clock LAST_SPEED Comment Idle; do echo $gauge >"$gauges/$gauge.gau"; done
+rm -r "${fs:?}"
+mv "$WINEPREFIX/drive_c/Unusual Panels" "$fs"
 
 expect 0 probe
 complains 'Files that panels name in another way, which --careful lists: 6.'
