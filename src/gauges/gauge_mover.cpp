@@ -1,6 +1,8 @@
 #include "gauges/gauge_mover.h"
 
 #include <algorithm>
+#include <array>
+#include <memory>
 #include <optional>
 #include <random>
 #include <unordered_map>
@@ -64,9 +66,17 @@ bool MoveFile(Files& files, const std::string& source, const std::string& folder
   return moved;
 }
 
+// While it lives, other programs wait that would change either folder: what they have half done is
+// not what a kill has left. A simulator may have several archives, an archive several simulators.
+using Turn = std::array<std::shared_ptr<void>, 2>;
+
+Turn TakeTurn(Files& files, const GaugeFolders& folders) {
+  return {files.Lock(folders.spare), files.Lock(folders.gauges)};
+}
+
 // Clean and restore may both have been killed half-way.
 void TidyUp(Files& files, const GaugeFolders& folders) {
-  const auto lock = files.Lock(folders.spare);  // Another program's move is not half-way for good.
+  const Turn turn = TakeTurn(files, folders);
   for (const std::string& folder : {folders.gauges, folders.spare, folders.spare + "\\Older"}) {
     for (const std::string& name : FilesNamed(files, folder + kHalfMoved + "*")) {
       files.Delete(folder + "\\" + name);
@@ -182,7 +192,7 @@ MoveOutcome ArchiveGauges(Files& files, const Text& text, const GaugeFolders& fo
   }
   MoveOutcome outcome;
   for (const std::string& entry : SpareFiles) {
-    const auto lock = files.Lock(folders.spare);
+    const Turn turn = is_apart ? TakeTurn(files, folders) : Turn();
     const std::string name = SpareFileName(files, folders.gauges, entry);
     if (name.empty()) continue;
     if (!outcome.left.empty() || (stop && stop())) {
@@ -220,7 +230,7 @@ RestoreOutcome RestoreGauges(Files& files, const Text& text,
       TidyUp(files, pair);
       const SpareLedger ledger(files, text, pair.spare);
       if (choice == RestoreChoice::Older) {
-        const auto lock = files.Lock(pair.spare);
+        const Turn turn = TakeTurn(files, pair);
         const std::string older = OlderFileName(files, pair.spare, typed);
         if (older.empty() || is_archived) continue;
         is_archived = true;
@@ -236,7 +246,7 @@ RestoreOutcome RestoreGauges(Files& files, const Text& text,
         const SpareRecord* record = ledger.Find(archived);
         const std::string& name = record == nullptr ? archived : record->name;
         if (outcome.stopped) continue;
-        const auto lock = files.Lock(pair.spare);
+        const Turn turn = TakeTurn(files, pair);
         Restore(files, pair.spare, archived, pair.gauges, name, outcome);
       }
       is_archived = is_archived || outcome.from_elsewhere.size() > others;

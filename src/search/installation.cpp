@@ -42,6 +42,8 @@ class EntryFinder {
 
 InstallFault Copy(Files& files, const std::string& source, const std::string& gauges,
                   const std::string& name) {
+  const auto lock = files.Lock(gauges);  // Another program may bring a file of that name meanwhile.
+  if (files.Exists(gauges + "\\" + name)) return InstallFault::NameTaken;
   return CopyGauge(files, source, gauges, name) ? InstallFault::None : InstallFault::CannotCopy;
 }
 
@@ -49,7 +51,6 @@ InstallFault Copy(Files& files, const std::string& source, const std::string& ga
 
 InstallFault Install(const Machine& machine, const Candidate& candidate,
                      const std::string& gauges) {
-  if (machine.files.Exists(gauges + "\\" + candidate.name)) return InstallFault::NameTaken;
   if (candidate.inside.empty()) {
     return Copy(machine.files, candidate.path, gauges, candidate.name);
   }

@@ -17,7 +17,8 @@ enum class InstallFault {
 };
 
 /// Copies a candidate into the folder `gauges` under its own plain name, never over a file that is
-/// there. A kill at any moment leaves no half copied gauge.
+/// there or that another program brings there meanwhile: by the lock of that folder, as every move
+/// takes it. A kill at any moment leaves no half copied gauge.
 InstallFault Install(const Machine& machine, const Candidate& candidate, const std::string& gauges);
 
 }  // namespace panelkit

@@ -89,4 +89,22 @@ done
 holds "$spare" Idle.gau Older
 expect 0 restore --older idle
 [ "$(cat "$gauges/Idle.gau" "$spare/Idle.gau")" = $'older\nnewer' ] || fail 'not the older one'
+
+# While one program is in the middle of an installation, another one installs another file of that name, and a
+# third cleans: none takes the half copy for a killed run's, and no file goes over another.
+if works strace -o /dev/null true; then
+  fresh
+  for folder in one two; do
+    install -D "$WINEPREFIX/drive_c/Downloads/old drive/Kittering_Tach.gau" "$work/$folder/J900_FMC.gau"
+  done
+  echo two >>"$work/two/J900_FMC.gau"
+  ASAN_OPTIONS=$ASAN_OPTIONS:detect_leaks=0 strace -qq -o /dev/null -e inject=rename,renameat2:delay_enter=500000 \
+    "$app/panelkit-console" find "$work/one" --install >"$work/out1" 2>&1 &
+  until ls "$gauges"/panelkit.moving* >/dev/null 2>&1; do kill -0 $! || break; done
+  "$app/panelkit-console" find "$work/two" --install >"$work/out2" 2>&1 &
+  expect 0 clean
+  wait
+  cmp "$work/one/J900_FMC.gau" "$gauges/J900_FMC.gau" && [ "$(grep -h '^Installed' "$work"/out[12] | wc -l)" = 1 ] ||
+    fail "two installations: $(cat "$work"/out[12])"
+fi
 finish
