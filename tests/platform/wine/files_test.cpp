@@ -42,6 +42,11 @@ void SetDosAttributes(const fs::path& file, std::string_view text) {
   REQUIRE(setxattr(file.c_str(), "user.DOSATTRIB", text.data(), text.size(), 0) == 0);
 }
 
+/// So many entries that a listing of the folder is remembered.
+void PutMany(const fs::path& folder) {
+  for (int i = 0; i < 40; ++i) Put(folder / std::to_string(i), "x");
+}
+
 /// Has root's own steps bound by permissions, as any other user's are.
 class Bound {
  public:
@@ -91,6 +96,7 @@ TEST_CASE_FIXTURE(Disk, "On a disk whose folders tell no types, every file is li
 }
 
 TEST_CASE_FIXTURE(Disk, "A file that appears or goes is seen at once, in other case too") {
+  PutMany(folder.Path());
   // As on a disk whose time stamps move in large steps: no change shows in this one.
   const auto stamp = fs::file_time_type::clock::now() + std::chrono::hours(1);
   for (const bool is_there : {false, true, false}) {
@@ -98,6 +104,7 @@ TEST_CASE_FIXTURE(Disk, "A file that appears or goes is seen at once, in other c
     if (!is_there) fs::remove(folder / "File.gau");
     fs::last_write_time(folder.Path(), stamp);
     CHECK(files.Exists(At("FILE.GAU")) == is_there);
+    CHECK(List("*.gau", ListedEntries::PlainFiles) == (is_there ? "File.gau " : ""));
   }
 }
 
@@ -107,6 +114,7 @@ TEST_CASE_FIXTURE(Disk, "A listing shows what has changed since the last one") {
   const auto age = [this] {
     fs::last_write_time(folder / "in", fs::file_time_type::clock::now() - std::chrono::hours(1));
   };
+  PutMany(folder / "in");
   for (const char* name : {"in/a.gau", "in/b.gau", "elsewhere"}) Put(folder / name, "x");
   fs::create_symlink("../elsewhere", folder / "in/link.gau");
   age();
