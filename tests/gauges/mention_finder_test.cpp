@@ -39,7 +39,7 @@ TEST_CASE_FIXTURE(OddPanels, "gauges that panels name in other ways are found wi
                         "[Window Titles]\nWindow00=W\n\n[Window00]\n  Gauge00 = Indent!A , 1\n"
                         "\tgauge01=seen,1\n// gauge02=comment,1\n;gauge03=comment,1\n"
                         "gauge04=//comment\ngauge05=seen,1\ngauge=nodigits,1\nGAUGE06=bare // x\n"
-                        "gauge07 = indent!b,1\n");
+                        "gauge07 = indent!b,1\ngauge08=reported !c,1\n");
   simulator.AddAircraft("Last", "[Window00]\ngauge00=last,1\n[Window Titles]\nWindow00=W\n");
   simulator.AddAircraft("Untitled", "[Window00]\nGauge00=untitled!x,1\n");
   simulator.AddAircraft("Variant", "[Window Titles]\nWindow00=W\n\n[Window00]\ngauge00=seen,1\n");
