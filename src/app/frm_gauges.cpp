@@ -22,7 +22,8 @@ frmGauges::frmGauges(Toolkit& toolkit, const Machine& machine, std::string simul
       ProgressBar1(form_->ProgressBarNamed("ProgressBar1")),
       List1(machine.text),
       about_(toolkit),
-      status_(form_->LabelNamed("lblStatus")) {
+      status_(form_->LabelNamed("lblStatus")),
+      next_(*this, machine, *form_, loop_, status_) {
   WireEvents();
 }
 
@@ -38,7 +39,7 @@ void frmGauges::WireEvents() {
   OnClick("menAboutFS", &frmGauges::menAboutFS_Click);
   form_->OnClick("menExit", [this] { menExit_Click(); });
   form_->OnClose([this] { menExit_Click(); });
-  form_->OnDrop([this](const Places& places) { FindIn(places); });
+  form_->OnDrop([this](const std::vector<std::string>& places) { FindIn(places); });
   WebBrowser1.OnLinkNotOpened([this] { status_.Show(kLinkNotOpenedText); });
 }
 
@@ -76,6 +77,14 @@ void frmGauges::GiveUp(const std::string& reason) {
   } catch (const std::exception&) {
     // The pane keeps what it shows; why, the status line says already.
   }
+}
+
+void frmGauges::FindIn(const std::vector<std::string>& places) {
+  if (!form_->MenuNamed("menProbe").Enabled()) return;
+  RunAlone([&] {
+    if (!report_ || report_->kind == ReportKind::Clean) MakeReport(false);
+    next_.LookIn(places);
+  });
 }
 
 void frmGauges::Show() {
@@ -118,11 +127,23 @@ std::string frmGauges::GetFSPath() const {
 }
 
 void frmGauges::ShowNoSimulator() {
-  for (const char* item : {"menProbe", "menShow", "menRemove", "menCool"}) {
-    form_->MenuNamed(item).SetEnabled(false);
-  }
+  EnableCommands(false);
   ReportHtml = NoSimulatorPage(machine_.files.AppFolder());
   TellOf(ShowPage(PageFile()));
+}
+
+void frmGauges::EnableCommands(bool enabled) {
+  for (const char* item : {"menProbe", "menShow", "menRemove", "menCool"}) {
+    form_->MenuNamed(item).SetEnabled(enabled);
+  }
+}
+
+// Loads the form anew, since nothing else leaves the state without a simulator.
+void frmGauges::StartWith(const std::string& folder) {
+  simulator_ = folder;
+  EnableCommands(true);
+  ProgressBar1.SetValue(0);
+  Form_Load();
 }
 
 }  // namespace panelkit

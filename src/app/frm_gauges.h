@@ -1,11 +1,15 @@
 // The main window: the program's start-up object, its commands, and the state that they share.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "app/frm_about.h"
+#include "app/next_steps.h"
 #include "app/sorted_list.h"
 #include "app/status_line.h"
 #include "brake/brake_setting.h"
@@ -17,8 +21,6 @@
 #include "pages/page_file.h"
 #include "platform/machine.h"
 #include "platform/toolkit.h"
-#include "search/look.h"
-#include "search/written_files.h"
 
 namespace panelkit {
 
@@ -52,10 +54,8 @@ class frmGauges {
   /// has run. Does nothing while a command runs, and without a simulator.
   void FindIn(const std::vector<std::string>& places);
 
-  /// Offers the choice of another simulator where there may be one: without a simulator, where more
-  /// than one of these `simulators` is there, and where the one chosen earlier is `gone`, a native
-  /// path or empty.
-  void OfferSimulators(const std::string& gone, std::size_t simulators);
+  /// What the strip below the pane offers.
+  NextSteps& Steps() { return next_; }
 
   /// The simulator's folder: empty if none is installed, "Not Found" if its entry is damaged.
   std::string GetFSPath() const;
@@ -115,6 +115,23 @@ class frmGauges {
   /// What became of the files that the last Clean Gauges was to move.
   const MoveOutcome& Moved() const { return moved_; }
 
+  // What the next steps ask for.
+
+  /// Runs a step as a pick of the menu runs: alone, and with its failure told.
+  void RunAlone(const std::function<void()>& work);
+
+  /// Makes the report of a probe, or of all gauges, anew, and its page without showing it.
+  void Scan(bool list_all_gauges);
+
+  /// Shows a page of a step under that file name.
+  void ShowOwnPage(const std::string& name, const std::string& page);
+
+  /// Starts anew with the simulator in this folder, a Windows path.
+  void StartWith(const std::string& folder);
+
+  /// The simulator that stands in for the registry's answer, or empty.
+  const std::string& ChosenSimulator() const { return simulator_; }
+
   std::string PageFile() const;
   std::string BrakePageFile() const;
 
@@ -130,25 +147,17 @@ class frmGauges {
 
  private:
   using Handler = void (frmGauges::*)();
-  using Places = std::vector<std::string>;
-
-  /// A button of the strip.
-  struct NextStep {
-    const char* caption;
-    Handler handler;
-  };
 
   void WireEvents();
   void OnClick(std::string_view item, Handler handler);
-  void RunAlone(const std::function<void()>& work);
   void GiveUp(const std::string& reason);
   void MakeReport(bool list_all_gauges);
-  void Scan(bool list_all_gauges);
   std::vector<std::string> Sorted(const std::vector<std::string>& names);
   PagePlace ShowPage(const std::string& PagePath);
   void TellOf(const PagePlace& place);
   std::string OwnFile(const std::string& name) const;
   void ShowNoSimulator();
+  void EnableCommands(bool enabled);
   void ShowReport();
   void ArchiveSpare(const SpareSelection& spare);
   std::string WhyNothingMoves() const;
@@ -156,28 +165,6 @@ class frmGauges {
   void AddCabinetRows(const std::string& FSPath);
   void SetBrakeCaption(bool shown);
   void TellOfBrakes();
-
-  // The strip: what it offers after which command, and the steps.
-  void Offer(const std::string& sentence, const std::vector<NextStep>& steps);
-  void OfferHints(const std::string& told = {});
-  void ShowHints();
-  void OfferSearch();
-  void OfferPutBack();
-  void PutThoseBack();
-  void PutAllBack();
-  void PutBack(const std::vector<std::string>& names);
-  void LookForThem();
-  void LookIn(const Places& places);
-  void ShowFound();
-  void OfferInstallation();
-  void InstallThem();
-  void TakeThemOut();
-  void ChooseSimulator();
-  GaugeFolders OwnGaugeFolders() const;
-  CandidateSearch::OnProgress ProgressOfSearch(std::size_t places);
-  StopRequest KeepAnswering();
-  HintFinder Hints();
-  CommandStyle Style() const;
 
   Machine machine_;
   std::string simulator_;
@@ -191,7 +178,6 @@ class frmGauges {
   frmAbout about_;
   bool aircraft_listed_ = true;
   bool at_work_ = false;
-  std::size_t simulators_ = 0;   // As told at the start.
   bool told_of_brakes_ = false;  // The status line tells what a brake edit could not do.
   StatusLine status_;            // lblStatus.
   std::optional<GaugeReport> report_;
@@ -199,9 +185,8 @@ class frmGauges {
   std::vector<std::string> unreadable_variants_;  // Panels beside the aircraft's `Panel`.
   std::vector<std::string> not_named_;  // Cabinets whose names the cabinet service does not take.
   MoveOutcome moved_;
-  std::unique_ptr<Look> look_;        // The last search.
-  std::vector<WrittenFile> written_;  // By the last installation.
   BrakeOutcome brakes_;
+  NextSteps next_;
 };
 
 }  // namespace panelkit

@@ -25,7 +25,7 @@ void frmGauges::MakeReport(bool list_all_gauges) {
     ShowReport();
   }
   status_.End();
-  OfferHints();
+  next_.OfferHints();
 }
 
 void frmGauges::Scan(bool list_all_gauges) {
@@ -62,7 +62,7 @@ void frmGauges::menRemove_Click() {
     }
   }
   status_.End();
-  OfferPutBack();
+  next_.OfferPutBack();
 }
 
 std::optional<SpareSelection> frmGauges::FindSpare() {

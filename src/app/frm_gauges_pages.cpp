@@ -27,6 +27,11 @@ void frmGauges::LoadWorking() {
   ShowPage(PageFile());
 }
 
+void frmGauges::ShowOwnPage(const std::string& name, const std::string& page) {
+  ReportHtml = page;
+  TellOf(ShowPage(OwnFile(name)));
+}
+
 PagePlace frmGauges::ShowPage(const std::string& PagePath) {
   const std::string bytes = machine_.text.ToAnsi(ReportHtml) + "\r\n";
   PagePlace place = WritePage(machine_.files, PagePath, bytes);

@@ -93,9 +93,10 @@ int Run(const CommandLine& line) {
   if (!is_named) simulator = Remembered(*machine, gone);
   const std::unique_ptr<Toolkit> toolkit = OpenToolkit(*machine);
   if (toolkit == nullptr) return Refuse("Cannot open a display; panelkit-console needs none.");
+  machine->Services().archives.WhileReading([&toolkit] { toolkit->Loop().ProcessPending(); });
   frmGauges program(*toolkit, machine->Services(), simulator);
   program.Show();
-  program.OfferSimulators(
+  program.Steps().OfferSimulators(
       gone, is_named ? 1 : CountOfSimulators(RememberedSimulator(machine->Services().files)));
   std::vector<std::string> places;
   for (const std::string& place : line.places) places.push_back(machine->WindowsPath(place));

@@ -8,6 +8,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace panelkit {
@@ -73,6 +74,18 @@ class ArchiveReader {
   /// UTC) as its time stamp; null if it cannot be made.
   virtual std::unique_ptr<UnpackedFile> Unpack(std::string_view bytes,
                                                std::int64_t modified) const = 0;
+
+  /// From now on calls `task`, which must not throw, often while anything is read, also in the
+  /// midst of a long entry. Without one nothing is called.
+  void WhileReading(std::function<void()> task) { while_reading_ = std::move(task); }
+
+ protected:
+  void TellThatItReads() const {
+    if (while_reading_) while_reading_();
+  }
+
+ private:
+  std::function<void()> while_reading_;
 };
 
 /// The most entries that are visited in one archive.

@@ -19,7 +19,7 @@ struct Machine {
   CabinetWalk& cabinets;
   const DateStamps& dates;
   const FolderWalk& folders;
-  const ArchiveReader& archives;
+  ArchiveReader& archives;
 };
 
 }  // namespace panelkit

@@ -205,7 +205,7 @@ TEST_CASE_FIXTURE(WithStrip,
   simulator.registry.applications.clear();
   Files& files = simulator.Services().files;
   form.Show();
-  form.OfferSimulators({}, 0);
+  form.Steps().OfferSimulators({}, 0);
   CHECK(Strip().Shown() == "Flight Simulator 2002 was not found. [Choose &Its Folder...]");
   const auto choose = [this](const std::string& button, const std::string& folder) {
     Window().choice = {folder};
@@ -222,12 +222,12 @@ TEST_CASE_FIXTURE(WithStrip,
   CHECK(simulator.Page() == simulator.Golden("welcome.htm"));
   CHECK(form.GetFSPath() == simulator.FSPath());
   CHECK(RememberedSimulator(files) == files.NativePath(simulator.FSPath()));
-  form.OfferSimulators("/gone", 3);
+  form.Steps().OfferSimulators("/gone", 3);
   CHECK(Strip().Shown() ==
         "The simulator that you chose is no longer in /gone. This is the simulator in " +
             files.NativePath(simulator.FSPath()) + ", one of 3. [Choose &Another...]");
   choose("Choose &Another...", simulator.FSPath());
-  form.OfferSimulators({}, 1);
+  form.Steps().OfferSimulators({}, 1);
   CHECK(Strip().Shown().empty());
 }
 

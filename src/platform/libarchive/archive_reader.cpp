@@ -7,7 +7,9 @@
 #include <array>
 #include <cerrno>
 #include <fstream>
+#include <sstream>
 #include <system_error>
+#include <utility>
 #include <vector>
 
 #include "platform/files.h"
@@ -59,15 +61,14 @@ ArchiveFault FaultOf(archive* reader) {
   return ArchiveFault::Damaged;
 }
 
-/// An archive file as libarchive's callbacks read it.
-struct ArchiveFile {
-  explicit ArchiveFile(const std::filesystem::path& path) : stream(path, std::ios::binary) {
+/// An archive's bytes as libarchive's callbacks read them.
+struct ArchiveBytes {
+  ArchiveBytes(std::istream& bytes, std::function<void()> at_each_block)
+      : stream(bytes), at_block(std::move(at_each_block)) {
     stream.seekg(0, std::ios::end);
     size = stream.tellg();
     stream.seekg(0);
   }
-
-  bool IsOpen() const { return stream.is_open() && size >= 0; }
 
   /// Gives the new position, or libarchive's code of failure.
   la_int64_t Seek(la_int64_t offset, std::ios::seekdir from) {
@@ -76,38 +77,40 @@ struct ArchiveFile {
     return stream ? static_cast<la_int64_t>(stream.tellg()) : ARCHIVE_FATAL;
   }
 
-  std::ifstream stream;
-  la_int64_t size = 0;
+  std::istream& stream;
+  std::function<void()> at_block;
+  la_int64_t size = 0;  // Negative if they cannot be read.
   std::array<char, 65536> buffer{};
 };
 
-la_ssize_t ReadFile(archive*, void* file_address, const void** bytes) {
-  auto& file = *static_cast<ArchiveFile*>(file_address);
-  file.stream.read(file.buffer.data(), static_cast<std::streamsize>(file.buffer.size()));
-  *bytes = file.buffer.data();
-  return file.stream.bad() ? ARCHIVE_FATAL : static_cast<la_ssize_t>(file.stream.gcount());
+la_ssize_t ReadBlock(archive*, void* bytes_address, const void** block) {
+  auto& bytes = *static_cast<ArchiveBytes*>(bytes_address);
+  bytes.at_block();
+  bytes.stream.read(bytes.buffer.data(), static_cast<std::streamsize>(bytes.buffer.size()));
+  *block = bytes.buffer.data();
+  return bytes.stream.bad() ? ARCHIVE_FATAL : static_cast<la_ssize_t>(bytes.stream.gcount());
 }
 
-la_int64_t SkipInFile(archive*, void* file_address, la_int64_t request) {
-  auto& file = *static_cast<ArchiveFile*>(file_address);
-  const la_int64_t before = file.Seek(0, std::ios::cur);
+la_int64_t Skip(archive*, void* bytes_address, la_int64_t request) {
+  auto& bytes = *static_cast<ArchiveBytes*>(bytes_address);
+  const la_int64_t before = bytes.Seek(0, std::ios::cur);
   // Past the end nothing could be read, which only reading may tell.
-  const la_int64_t skipped = std::min(request, file.size - before);
-  return skipped > 0 && file.Seek(skipped, std::ios::cur) >= 0 ? skipped : 0;
+  const la_int64_t skipped = std::min(request, bytes.size - before);
+  return skipped > 0 && bytes.Seek(skipped, std::ios::cur) >= 0 ? skipped : 0;
 }
 
-la_int64_t SeekInFile(archive*, void* file_address, la_int64_t offset, int whence) {
-  auto& file = *static_cast<ArchiveFile*>(file_address);
-  return file.Seek(offset, whence == SEEK_SET   ? std::ios::beg
-                           : whence == SEEK_CUR ? std::ios::cur
-                                                : std::ios::end);
+la_int64_t SeekTo(archive*, void* bytes_address, la_int64_t offset, int whence) {
+  auto& bytes = *static_cast<ArchiveBytes*>(bytes_address);
+  return bytes.Seek(offset, whence == SEEK_SET   ? std::ios::beg
+                            : whence == SEEK_CUR ? std::ios::cur
+                                                 : std::ios::end);
 }
 
-bool Open(archive* reader, ArchiveFile& file) {
-  archive_read_set_read_callback(reader, ReadFile);
-  archive_read_set_skip_callback(reader, SkipInFile);
-  archive_read_set_seek_callback(reader, SeekInFile);
-  archive_read_set_callback_data(reader, &file);
+bool Open(archive* reader, ArchiveBytes& bytes) {
+  archive_read_set_read_callback(reader, ReadBlock);
+  archive_read_set_skip_callback(reader, Skip);
+  archive_read_set_seek_callback(reader, SeekTo);
+  archive_read_set_callback_data(reader, &bytes);
   return archive_read_open1(reader) == ARCHIVE_OK;
 }
 
@@ -228,12 +231,8 @@ ArchiveContent EntryWalk::Content(const ArchiveEntry& entry) {
 }  // namespace
 
 ArchiveFault LibarchiveReader::Read(std::string_view path, const OnArchiveEntry& visit) const {
-  const auto utf8 = ConvertNamesToUtf8();
-  ArchiveFile file(native_path_(path));
-  if (!file.IsOpen()) return ArchiveFault::Unreadable;
-  const Reader reader = NewReader();
-  if (!Open(reader.get(), file)) return FaultOf(reader.get());
-  return EntryWalk(reader.get(), static_cast<std::uint64_t>(file.size), text_).Run(visit);
+  std::ifstream file(native_path_(path), std::ios::binary);
+  return Walk(file, visit);
 }
 
 ArchiveFault LibarchiveReader::ReadBytes(std::string bytes, const OnArchiveEntry& visit) const {
@@ -244,12 +243,17 @@ ArchiveFault LibarchiveReader::ReadBytes(std::string bytes, const OnArchiveEntry
     std::string().swap(bytes);
     return Read(file->Path(), visit);
   }
+  std::istringstream memory(std::move(bytes));
+  return Walk(memory, visit);
+}
+
+ArchiveFault LibarchiveReader::Walk(std::istream& stream, const OnArchiveEntry& visit) const {
   const auto utf8 = ConvertNamesToUtf8();
+  ArchiveBytes bytes(stream, [this] { TellThatItReads(); });
+  if (bytes.size < 0) return ArchiveFault::Unreadable;
   const Reader reader = NewReader();
-  if (archive_read_open_memory(reader.get(), bytes.data(), bytes.size()) != ARCHIVE_OK) {
-    return FaultOf(reader.get());
-  }
-  return EntryWalk(reader.get(), bytes.size(), text_).Run(visit);
+  if (!Open(reader.get(), bytes)) return FaultOf(reader.get());
+  return EntryWalk(reader.get(), static_cast<std::uint64_t>(bytes.size), text_).Run(visit);
 }
 
 }  // namespace panelkit

@@ -3,6 +3,7 @@
 
 #include <filesystem>
 #include <functional>
+#include <istream>
 #include <memory>
 
 #include "platform/archive.h"
@@ -25,6 +26,8 @@ class LibarchiveReader : public ArchiveReader {
   ArchiveFault ReadBytes(std::string bytes, const OnArchiveEntry& visit) const override;
 
  private:
+  ArchiveFault Walk(std::istream& stream, const OnArchiveEntry& visit) const;
+
   const Text& text_;
   NativePath native_path_;
 };

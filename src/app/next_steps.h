@@ -1,0 +1,73 @@
+// The next steps after a command, which the strip below the pane offers.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "app/status_line.h"
+#include "gauges/gauge_mover.h"
+#include "platform/machine.h"
+#include "platform/toolkit.h"
+#include "search/deeds.h"
+#include "search/look.h"
+#include "search/written_files.h"
+
+namespace panelkit {
+
+class frmGauges;
+
+/// Offers the steps that a command leaves to do, and does them. What a step needs beside the
+/// program's report its button keeps.
+class NextSteps {
+ public:
+  /// The steps of `program`, whose window and status line these are. All must outlive the object.
+  NextSteps(frmGauges& program, const Machine& machine, Form& form, EventLoop& loop,
+            StatusLine& status);
+
+  /// After a start: the choice of another simulator where there may be one, that is without one,
+  /// where this machine has several `simulators`, and where the one chosen earlier is `gone`, a
+  /// native path or empty.
+  void OfferSimulators(const std::string& gone, std::size_t simulators);
+
+  /// After a report with missing files: why they are missing, and a search for them. `told` stands
+  /// before, and alone where none is missing.
+  void OfferHints(const std::string& told = {});
+
+  /// After Clean Gauges: bringing back what it moved, or what of that panels name in another way.
+  void OfferPutBack();
+
+  /// Looks for the missing gauges of the report in these folders and files (Windows paths).
+  void LookIn(const std::vector<std::string>& places);
+
+ private:
+  using Names = std::vector<std::string>;
+  using Found = std::shared_ptr<Look>;
+
+  void Offer(const std::string& sentence, std::vector<StripButton> steps);
+  void Do(const std::function<void()>& work);
+  StripButton Searching(const char* caption);
+  void ShowHints();
+  void PutBack(const Names& names, Names moved);
+  void LookForThem();
+  CandidateSearch::OnProgress ProgressOfSearch(std::size_t places, const Look& look);
+  void ShowFound(const Look& look);
+  void InstallThem(const Found& look);
+  void TakeThemOut(const std::vector<WrittenFile>& written);
+  void ChooseSimulator();
+  GaugeFolders Folders() const;
+  HintFinder Hints();
+  CommandStyle Style() const;
+
+  frmGauges& program_;
+  Machine machine_;
+  Form& form_;
+  StatusLine& status_;
+  Strip& strip_;
+  ProgressBar& bar_;
+  StopRequest keep_answering_;  // Delivers events, and asks for no stop.
+  std::size_t simulators_ = 0;  // As told at the start.
+};
+
+}  // namespace panelkit
