@@ -1,23 +1,18 @@
 // The strip below a report: what it offers after each command, and what its buttons do.
 #include <doctest/doctest.h>
 
+#include "app/search_case.h"
 #include "pages/status_text.h"
 #include "pages/strip_text.h"
 #include "simulator/remembered_simulator.h"
 #include "support/cabinet_writer.h"
-#include "support/simulator.h"
 
 namespace fs = std::filesystem;
 
 namespace panelkit::test {
 namespace {
 
-struct WithStrip : Program {
-  HeadlessStrip& Strip() { return Window().StripOf("WebBrowser1"); }
-  std::string OwnPage(const std::string& name) { return Get(simulator.App() / name); }
-};
-
-TEST_CASE_FIXTURE(WithStrip, "what Clean moved comes back, and no more, and the rest is named") {
+TEST_CASE_FIXTURE(SearchCase, "what Clean moved comes back, and no more, and the rest is named") {
   simulator.AddAircraft("Alpha",
                         "[Window Titles]\nWindow00=W\n\ngauge00=needed,1\n"
                         "[Other]\n  gauge00=named,1\n");
@@ -58,7 +53,7 @@ TEST_CASE_FIXTURE(WithStrip, "what Clean moved comes back, and no more, and the 
   CHECK(Tree(simulator.App() / "SpareGauges") == "earlier.gau\none.gau\n");
 }
 
-TEST_CASE_FIXTURE(WithStrip,
+TEST_CASE_FIXTURE(SearchCase,
                   "Why tells of each required file, and no name becomes a part of the page") {
   simulator.AddAircraft("Alpha",
                         "[Window Titles]\nWindow00=W\n\ngauge00=Speed!dial,1\n"
@@ -78,14 +73,8 @@ TEST_CASE_FIXTURE(WithStrip,
   }
 }
 
-// Bytes that are a library for Windows as far as their head tells.
-std::string GaugeBytes(const std::string& content) {
-  std::string bytes = "MZ" + std::string(58, '\0') + "\x40" + std::string(3, '\0') + "PE";
-  return bytes + std::string(20, '\0') + "\x02\x21" + content;
-}
-
 // A simulator that lacks four files, three of which lie in two folders beside it.
-struct WithDownloads : WithStrip {
+struct WithDownloads : SearchCase {
   WithDownloads() {
     simulator.AddAircraft("Alpha",
                           "[Window Titles]\nWindow00=W\n\ngauge00=Speed!dial,1\n"
@@ -94,32 +83,6 @@ struct WithDownloads : WithStrip {
     Put(New() / "Oil.gau", GaugeBytes("new"));
     Put(New() / "Gone.gau", "<html>Not found</html>");
     Put(Old() / "Oil (1).gau", GaugeBytes("old"));
-  }
-
-  fs::path New() const { return simulator.App() / "new"; }
-  fs::path Old() const { return simulator.App() / "old"; }
-  std::string Path(const std::string& folder) const {
-    return simulator.AppFolder() + "\\" + folder;
-  }
-
-  void LookIn(const std::vector<std::string>& places) {
-    Click("menProbe");
-    Window().choice = places;
-    Strip().Press("&Look for Them...");
-  }
-
-  // Without times, and with the folders as {new} and {old}.
-  std::string Found() {
-    std::string page = OwnPage("FOUND.HTM");
-    for (std::size_t at = 0; (at = page.find(" bytes, ", at)) != std::string::npos; ++at) {
-      page.replace(at, page.find_first_of(",)<", at + 8) - at, " bytes");
-    }
-    const Files& files = simulator.Services().files;
-    page = Replaced(page, files.NativePath(Path("absent")), "{absent}");
-    for (const std::string folder : {"new", "old"}) {
-      page = Replaced(page, files.NativePath(Path(folder)), "{" + folder + "}");
-    }
-    return Replaced(page, "}\\", "}/");
   }
 };
 
@@ -200,7 +163,7 @@ TEST_CASE_FIXTURE(WithDownloads, "a drop looks in what was dropped, but not with
   CHECK(Greyed() == "menProbe menShow menRemove menCool ");
 }
 
-TEST_CASE_FIXTURE(WithStrip,
+TEST_CASE_FIXTURE(SearchCase,
                   "a simulator that is chosen is the program's from then on, if it is one") {
   simulator.registry.applications.clear();
   Files& files = simulator.Services().files;
