@@ -5,7 +5,7 @@
 may_install=yes
 
 build_packages=(g++ cmake ninja-build pkg-config libarchive-dev libmspack-dev libcli11-dev nlohmann-json3-dev
-  robin-map-dev)
+  robin-map-dev libutfcpp-dev)
 # dpkg-dev unpacks the sources of tools/windows-libraries, nsis makes the installer.
 mingw_packages=(g++-mingw-w64-i686-posix libz-mingw-w64-dev dpkg-dev nsis)
 window_packages=(libgtk-3-dev libwebkit2gtk-4.1-dev fonts-liberation)

@@ -11,7 +11,6 @@ using std::chrono::sys_days;
 
 constexpr sys_days kFileTimeEpoch = 1601y / 1 / 1;
 constexpr FILETIME kEndOfCalendar = sys_days(30828y / 1 / 1) - kFileTimeEpoch;
-constexpr sys_days kDateEpoch = 1899y / 12 / 30;
 
 }  // namespace
 

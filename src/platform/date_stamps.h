@@ -24,12 +24,16 @@ inline std::optional<std::chrono::local_seconds> FatStamp(std::uint16_t date, st
   return std::chrono::local_days(day) + hours + minutes + seconds;
 }
 
+/// The day from which date-time values count.
+inline constexpr std::chrono::sys_days kDateEpoch =
+    std::chrono::year(1899) / std::chrono::December / 30;
+
 /// The machine's way to write a date.
 class DateStamps {
  public:
   virtual ~DateStamps() = default;
 
-  /// A date-time value (days since 30 December 1899, time of day as the fraction) in the user's
+  /// A date-time value (days since kDateEpoch, time of day as the fraction) in the user's
   /// locale: the short date, a blank, the long time, the time also at midnight. Empty for a
   /// date before the year 100 or after 9999.
   virtual std::string DateText(double date) const = 0;

@@ -4,23 +4,18 @@
 #include <bitset>
 #include <numeric>
 
+#include "text/utf8.h"
+
 namespace panelkit {
 namespace {
 
 constexpr std::size_t kMostMatches = 3;
 constexpr std::size_t kLargestDistance = 2;
 
-// The characters of a UTF-8 text, each as its bytes in one number.
 std::u32string Characters(std::string_view text) {
   std::u32string characters;
-  for (const char c : text) {
-    const auto byte = static_cast<unsigned char>(c);
-    const bool goes_on = (byte & 0xC0U) == 0x80U && !characters.empty();
-    if (goes_on) {
-      characters.back() = static_cast<char32_t>(characters.back() << 8U | byte);
-    } else {
-      characters.push_back(byte);
-    }
+  for (std::size_t position = 0; position < text.size();) {
+    characters += TakeCodePoint(text, position);
   }
   return characters;
 }

@@ -1,7 +1,7 @@
 // Any bytes as a cabinet: counted, listed into the table of gauges, and listed as XML.
 #include "cabinet/mod_gauges.h"
 #include "fuzz/fuzz.h"
-#include "platform/wine/utf8.h"
+#include "text/utf8.h"
 
 void panelkit::fuzz::Try(std::string_view input) {
   static Prefix prefix;
@@ -13,7 +13,7 @@ void panelkit::fuzz::Try(std::string_view input) {
     ++found;
     gauges += file.ends_with(".xml") ? 1 : 0;
     Require(file.find('\\') == std::string::npos && (folder.empty() || folder.back() == '\\'));
-    Require(utf8::IsValid(folder + file));
+    Require(IsUtf8(folder + file));
     Require(date >= -109205 && date < 80000);  // 1601 stands for no date; else 1980 to 2107.
   };
   modGauges::InstalledGauges.Reset();

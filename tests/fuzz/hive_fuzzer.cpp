@@ -1,6 +1,6 @@
 // Any bytes as a prefix's registry, and the simulator found in it.
 #include "fuzz/fuzz.h"
-#include "platform/wine/utf8.h"
+#include "text/utf8.h"
 #include "simulator/simulator_location.h"
 
 void panelkit::fuzz::Try(std::string_view input) {
@@ -10,7 +10,7 @@ void panelkit::fuzz::Try(std::string_view input) {
   HiveFile file((folder / "system.reg").native());
   CodePageOf(file.Current().get());
   const WineRegistry registry(file, text);
-  Require(utf8::IsValid(FindSimulator(registry, text)));
+  Require(IsUtf8(FindSimulator(registry, text)));
   // The first line also as the path of a key and as the name of a value.
   const std::string_view line = input.substr(0, input.find('\n'));
   if (const auto key = registry.RegOpenKeyA(HKEY_LOCAL_MACHINE_VALUE, line)) {

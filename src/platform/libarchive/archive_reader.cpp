@@ -14,6 +14,7 @@
 
 #include "platform/files.h"
 #include "platform/libarchive/oem_names.h"
+#include "text/utf8.h"
 
 namespace panelkit {
 namespace {
@@ -202,7 +203,7 @@ std::vector<std::string> EntryWalk::NamesOf(archive_entry* entry) const {
   const bool has_code_page = Format() != ARCHIVE_FORMAT_ZIP && Format() != ARCHIVE_FORMAT_LHA;
   // On Windows the library's names in UTF-8 lack what the "C" locale lacks.
   if (const wchar_t* wide = archive_entry_pathname_w(entry)) {
-    const std::string name = Utf8Of(wide);
+    const std::string name = FromWide(wide);
     return has_code_page ? std::vector{NameOfBytes(name)} : PossibleNames(name, text_);
   }
   const char* stored = archive_entry_pathname(entry);

@@ -14,10 +14,6 @@ namespace panelkit {
 /// other is in the code page of DOS, 437 or 850, or in the ANSI code page.
 std::vector<std::string> PossibleNames(std::string_view as_437, const Text& text);
 
-/// A name in UTF-16 or UTF-32, whichever wchar_t holds, as UTF-8. U+FFFD stands for what is
-/// neither.
-std::string Utf8Of(std::wstring_view wide);
-
 /// A name whose bytes became characters of the same numbers, as in the "C" locale of Windows: what
 /// it is in UTF-8. Every other name stays as it is.
 std::string NameOfBytes(const std::string& name);

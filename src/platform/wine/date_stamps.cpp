@@ -5,7 +5,7 @@
 #include <cwchar>
 
 #include "platform/wine/services.h"
-#include "platform/wine/utf8.h"
+#include "text/utf8.h"
 
 namespace panelkit {
 
@@ -16,7 +16,6 @@ using std::chrono::sys_days;
 using std::chrono::year;
 using std::chrono::year_month_day;
 
-constexpr sys_days kDateEpoch = year{1899} / 12 / 30;
 constexpr sys_days kFirstDate = year{100} / 1 / 1;
 constexpr sys_days kLastDate = year{9999} / 12 / 31;
 constexpr long kSecondsPerDay = 86400;
@@ -55,7 +54,7 @@ std::string WineDateStamps::DateText(double date) const {
   const std::size_t length =
       wcsftime_l(buffer.data(), buffer.size(), L"%x %X", &fields, locale_->Get());
   std::string text;
-  for (std::size_t i = 0; i < length; ++i) utf8::Append(text, static_cast<char32_t>(buffer[i]));
+  for (std::size_t i = 0; i < length; ++i) AppendCodePoint(text, static_cast<char32_t>(buffer[i]));
   return text;
 }
 

@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "platform/wine/native_file.h"
-#include "platform/wine/utf8.h"
+#include "text/utf8.h"
 
 namespace panelkit {
 
@@ -52,7 +52,7 @@ std::optional<std::vector<DirectoryEntry>> ReadDirectory(const std::string& nati
 }
 
 bool CanBeNamed(const std::string& name) {
-  return name.find('\\') == std::string::npos && utf8::IsValid(name);
+  return name.find('\\') == std::string::npos && IsUtf8(name);
 }
 
 timespec TimeOfStamps() {

@@ -3,7 +3,7 @@
 #include <array>
 #include <charconv>
 
-#include "platform/wine/utf8.h"
+#include "text/utf8.h"
 
 namespace panelkit {
 
@@ -40,11 +40,11 @@ char16_t ReadEscape(std::string_view text, std::size_t& position) {
 }
 
 void AppendUnits(std::u16string& units, char32_t code_point) {
-  if (code_point >= 0x10000 && code_point != utf8::kInvalid) {
+  if (code_point >= 0x10000 && code_point != kNoCodePoint) {
     units += static_cast<char16_t>(0xD7C0 + (code_point >> 10U));
     units += static_cast<char16_t>(0xDC00 + (code_point & 0x3FFU));
   } else {
-    units += static_cast<char16_t>(code_point == utf8::kInvalid ? 0xFFFD : code_point);
+    units += static_cast<char16_t>(code_point == kNoCodePoint ? 0xFFFD : code_point);
   }
 }
 
@@ -82,7 +82,7 @@ std::string TextOfUtf16Bytes(std::string_view bytes) {
     units += static_cast<char16_t>(static_cast<unsigned char>(bytes[i]) |
                                    static_cast<unsigned char>(bytes[i + 1]) << 8U);
   }
-  return utf8::FromUtf16(units);
+  return FromUtf16(units);
 }
 
 /// Pairs of digits with commas between them; a backslash ends a line that goes on in the next.
@@ -110,10 +110,10 @@ std::optional<QuotedText> ReadQuoted(std::string_view notation, char end) {
   std::size_t position = 0;
   while (position < notation.size()) {
     const char c = notation[position];
-    if (c == end) return QuotedText{utf8::FromUtf16(units), position + 1};
+    if (c == end) return QuotedText{FromUtf16(units), position + 1};
     if (c == '\n' || notation.substr(position, 2) == "\\\n") return std::nullopt;
     if (c != '\\') {
-      AppendUnits(units, utf8::Next(notation, position));
+      AppendUnits(units, TakeCodePoint(notation, position));
     } else if (++position < notation.size()) {
       units += ReadEscape(notation, position);
     }

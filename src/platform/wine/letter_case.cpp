@@ -4,7 +4,7 @@
 #include <clocale>
 #include <cwctype>
 
-#include "platform/wine/utf8.h"
+#include "text/utf8.h"
 
 namespace panelkit {
 
@@ -33,23 +33,22 @@ char AsciiUpper(char c) {
 
 template <char (*map_ascii)(char), Mapping map>
 std::string Mapped(std::string_view text) {
-  std::string mapped(utf8::AsciiLength(text), '\0');
+  std::string mapped(AsciiLength(text), '\0');
   std::size_t position = mapped.size();
   std::transform(text.begin(), text.begin() + std::ptrdiff_t(position), mapped.begin(), map_ascii);
   while (position < text.size()) {
     const std::size_t start = position;
-    const char32_t c = utf8::Next(text, position);
+    const char32_t c = TakeCodePoint(text, position);
     if (c < 0x80) {
       mapped += map_ascii(static_cast<char>(c));
       continue;
     }
-    const auto other = c == utf8::kInvalid
-                           ? c
-                           : static_cast<char32_t>(map(static_cast<wint_t>(c), UnicodeLocale()));
+    const auto other =
+        c == kNoCodePoint ? c : static_cast<char32_t>(map(static_cast<wint_t>(c), UnicodeLocale()));
     if (other == c || other < 0x80) {
       mapped += text.substr(start, position - start);
     } else {
-      utf8::Append(mapped, other);
+      AppendCodePoint(mapped, other);
     }
   }
   return mapped;

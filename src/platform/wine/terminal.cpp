@@ -10,7 +10,7 @@
 
 #include "platform/wine/c_library.h"
 #include "platform/wine/native_file.h"
-#include "platform/wine/utf8.h"
+#include "text/utf8.h"
 
 namespace panelkit::terminal {
 
@@ -45,7 +45,7 @@ std::string Converted(std::string_view text, const std::string& to, const std::s
     if (failed && errno != E2BIG && !at_end) {
       converted += substitute;
       std::size_t length = 0;
-      utf8::Next({in, in_left}, length);
+      TakeCodePoint({in, in_left}, length);
       in += length;
       in_left -= length;
     }
@@ -85,7 +85,7 @@ std::vector<std::string> Arguments(int argc, char** argv) {
   const std::string encoding = TerminalEncoding();
   std::vector<std::string> arguments(argv, argv + argc);
   for (std::string& argument : arguments) {
-    if (!utf8::IsValid(argument)) argument = Converted(argument, "UTF-8", encoding, "\uFFFD");
+    if (!IsUtf8(argument)) argument = Converted(argument, "UTF-8", encoding, "\uFFFD");
   }
   return arguments;
 }

@@ -5,7 +5,7 @@
 
 #include "platform/wine/letter_case.h"
 #include "platform/wine/services.h"
-#include "platform/wine/utf8.h"
+#include "text/utf8.h"
 
 namespace panelkit {
 
@@ -113,9 +113,9 @@ char32_t WineText::Decode(std::string_view bytes, std::size_t& position) const {
   const auto byte = static_cast<unsigned char>(bytes[position]);
   if (page_ == kUtf8Page) {
     std::size_t next = position;
-    const char32_t c = utf8::Next(bytes, next);
+    const char32_t c = TakeCodePoint(bytes, next);
     // Text that already holds a placeholder is taken as bytes, so that it comes back as it was.
-    const bool as_byte = c == utf8::kInvalid || IsPrivatePlaceholder(c);
+    const bool as_byte = c == kNoCodePoint || IsPrivatePlaceholder(c);
     position = as_byte ? position + 1 : next;
     return as_byte ? kPrivateUse + byte : c;
   }
@@ -139,21 +139,21 @@ std::string WineText::Charset() const {
 }
 
 std::string WineText::FromAnsi(std::string_view bytes) const {
-  std::size_t position = utf8::AsciiLength(bytes);
+  std::size_t position = AsciiLength(bytes);
   std::string text(bytes.substr(0, position));
-  while (position < bytes.size()) utf8::Append(text, Decode(bytes, position));
+  while (position < bytes.size()) AppendCodePoint(text, Decode(bytes, position));
   return text;
 }
 
 std::string WineText::ToAnsi(std::string_view text) const {
-  std::size_t position = utf8::AsciiLength(text);
+  std::size_t position = AsciiLength(text);
   std::string bytes;
   bytes.reserve(text.size() + 2);  // Room for a line end, so that no page is copied to get its own.
   bytes = text.substr(0, position);
   while (position < text.size()) {
     const std::size_t start = position;
-    const char32_t c = utf8::Next(text, position);
-    if (page_ == kUtf8Page && c != utf8::kInvalid) {
+    const char32_t c = TakeCodePoint(text, position);
+    if (page_ == kUtf8Page && c != kNoCodePoint) {
       if (IsPrivatePlaceholder(c)) {
         bytes += static_cast<char>(c - kPrivateUse);
       } else {
@@ -178,11 +178,11 @@ std::string WineText::Lower(std::string_view text) const {
 
 std::string WineText::Upper(std::string_view text) const {
   if (page_ == kUtf8Page) return Uppered(text);
-  std::size_t position = utf8::AsciiLength(text);
+  std::size_t position = AsciiLength(text);
   std::string upper = Uppered(text.substr(0, position));
   while (position < text.size()) {
     const std::size_t start = position;
-    utf8::Next(text, position);
+    TakeCodePoint(text, position);
     const std::string_view letter = text.substr(start, position - start);
     const std::string capital = Uppered(letter);
     const bool only_small = ToAnsi(capital) == "?" && ToAnsi(letter) != "?";

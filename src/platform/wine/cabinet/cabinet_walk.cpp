@@ -7,7 +7,7 @@
 #include "platform/wine/cabinet/cabinet_files.h"
 #include "platform/wine/cabinet/header_reader.h"
 #include "platform/wine/cabinet/win32_error.h"
-#include "platform/wine/utf8.h"
+#include "text/utf8.h"
 
 namespace panelkit {
 
@@ -58,7 +58,7 @@ class Walk {
   // A name that is flagged as UTF-8 but no valid UTF-8 is read by the code page instead, which
   // loses none of its bytes.
   std::string NameOf(const StoredEntry& entry) const {
-    const bool is_utf8 = (entry.attributes & kNameIsUtf8) != 0 && utf8::IsValid(entry.name);
+    const bool is_utf8 = (entry.attributes & kNameIsUtf8) != 0 && IsUtf8(entry.name);
     return is_utf8 ? std::string(entry.name) : text_.FromAnsi(entry.name);
   }
 
