@@ -39,11 +39,15 @@ ${missing[*]}"
     as_root=(sudo)
   fi
   say "Installing ${missing[*]}"
+  mkdir -p build
+  exec 8>build/packages.lock
+  flock 8 # Stages may run beside each other, apt-get may not.
   if ! { "${as_root[@]}" apt-get -qq update &&
          "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
            apt-get -qq install -y --no-install-recommends "${missing[@]}" >/dev/null; }; then
     stop "The packages could not be installed: ${missing[*]}"
   fi
+  exec 8>&-
 }
 
 # build PRESET [OPTION...]: configures and builds, with these options of "cmake --build".

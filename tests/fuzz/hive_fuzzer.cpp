@@ -1,7 +1,7 @@
 // Any bytes as a prefix's registry, and the simulator found in it.
 #include "fuzz/fuzz.h"
-#include "text/utf8.h"
 #include "simulator/simulator_location.h"
+#include "text/utf8.h"
 
 void panelkit::fuzz::Try(std::string_view input) {
   static const test::TempFolder folder;
