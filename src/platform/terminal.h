@@ -1,5 +1,6 @@
-// The terminal or pipes of a program without a window. Each system's back end
-// implements these functions.
+// The terminal or pipes of a program. Each system's back end implements these functions. On
+// Windows, a program of windows that was started by a click has neither: a box shows its text,
+// until the user closes it.
 #pragma once
 
 #include <string>

@@ -67,9 +67,20 @@ std::string WithCrLf(std::string_view text) {
   return lines;
 }
 
+/// Whether this is a program of windows, which Windows gives no streams when a click starts it.
+bool IsOfWindows() {
+  const auto* program = reinterpret_cast<const char*>(GetModuleHandleW(nullptr));
+  const auto* start = reinterpret_cast<const IMAGE_DOS_HEADER*>(program);
+  const auto* header = reinterpret_cast<const IMAGE_NT_HEADERS*>(program + start->e_lfanew);
+  return header->OptionalHeader.Subsystem == IMAGE_SUBSYSTEM_WINDOWS_GUI;
+}
+
 /// Pipes and files get the code page of the console that they belong to, the ANSI page without one.
 bool WriteText(HANDLE stream, std::string_view text) {
   const std::string lines = WithCrLf(text);
+  if (GetFileType(stream) == FILE_TYPE_UNKNOWN && IsOfWindows()) {
+    return MessageBoxW(nullptr, windows::Wide(lines).c_str(), L"Panelkit", MB_SETFOREGROUND) != 0;
+  }
   if (IsConsole(stream)) return WriteToConsole(stream, windows::Wide(lines));
   const UINT page = GetConsoleOutputCP();
   return WriteBytes(stream, windows::WindowsText(page != 0 ? page : GetACP()).ToAnsi(lines));

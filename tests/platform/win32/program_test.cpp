@@ -56,20 +56,23 @@ class RunningProgram {
  public:
   explicit RunningProgram(const Simulator& simulator)
       : RunningProgram(simulator, Named(simulator)) {}
-  RunningProgram(const Simulator& simulator, const std::wstring& arguments) {
+  /// Without a terminal, as a click starts it; waits until `find` gives its window.
+  RunningProgram(
+      const Simulator& simulator, const std::wstring& arguments,
+      HWND (*find)() = [] { return TopWindow(kMainTitle); }) {
     const char* program = std::getenv("PANELKIT_EXE");
     REQUIRE_MESSAGE(program != nullptr, "PANELKIT_EXE names no program");
     const std::filesystem::path copy = simulator.App() / "Panelkit.exe";
     std::filesystem::copy_file(program, copy);
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
-    startup.dwFlags = STARTF_USESHOWWINDOW;
+    startup.dwFlags = STARTF_USESHOWWINDOW | STARTF_USESTDHANDLES;
     startup.wShowWindow = SW_SHOWMAXIMIZED;  // As a shortcut may ask for.
     std::wstring line = L"Panelkit.exe" + arguments;
     REQUIRE(CreateProcessW(copy.c_str(), line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
                            &startup, &process_));
-    REQUIRE(WaitFor([] { return IsWindowVisible(TopWindow(kMainTitle)) != 0; }));
-    window_ = TopWindow(kMainTitle);
+    REQUIRE(WaitFor([find] { return IsWindowVisible(find()) != 0; }));
+    window_ = find();
     CHECK_FALSE(IsZoomed(window_));
   }
   ~RunningProgram() {
@@ -139,6 +142,27 @@ TEST_CASE("Panelkit.exe probes the simulator that its command line names") {
   Simulator simulator;
   simulator.AddAircraft("Alpha", kHorn);
   CheckProbe(RunningProgram(simulator), simulator);
+}
+
+TEST_CASE("What Panelkit.exe has to say without a window shows in a box after a click") {
+  const Simulator simulator;
+  struct {
+    const wchar_t* arguments;
+    std::string said;
+    DWORD status;
+  } const starts[] = {{L" --help", "Usage: panelkit", 0},
+                      {L" --nonsense", "panelkit: The following argument was not expected", 2},
+                      {L" --simulator C:\\nowhere", "C:\\nowhere", 2}};
+  for (const auto& start : starts) {
+    CAPTURE(start.said);
+    const RunningProgram program(simulator, start.arguments,
+                                 [] { return FindWindowW(L"#32770", L"Panelkit"); });
+    const std::string said = WindowText(GetDlgItem(program.Window(), 0xFFFF));
+    CHECK_MESSAGE(said.find(start.said) != std::string::npos, said);
+    PostMessageW(program.Window(), WM_COMMAND, IDOK, 0);
+    CHECK(program.Status() == start.status);
+    std::filesystem::remove(simulator.App() / "Panelkit.exe");
+  }
 }
 
 TEST_CASE("Exit Program ends the program at once also while a page loads") {
