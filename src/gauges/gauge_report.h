@@ -70,7 +70,7 @@ struct OtherwiseNamedFile {
 
 /// The whole report. Texts are UTF-8, as they stand in the files.
 struct GaugeReport {
-  // Fuller than by default: half as large, it stays in the processor's cache.
+  // Fuller than by default: no slower, and half as large.
   GaugeReport() { named.max_load_factor(0.8F); }
 
   ReportKind kind = ReportKind::Probe;

@@ -63,7 +63,7 @@ class GaugeTable {
                                  std::allocator<std::string_view>, true>;
 
   struct Contents {
-    // Fuller than by default: half as large, it stays in the processor's cache.
+    // Fuller than by default: no slower, and half as large.
     Contents() { whole_keys.max_load_factor(0.8F); }
     TextStore store;
     std::vector<GaugeRow> rows{1};

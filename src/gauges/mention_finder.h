@@ -14,10 +14,10 @@
 namespace panelkit {
 
 /// Reads panels generously, beside the reader of the reports, which hands it each line. A line
-/// counts in any section, and in none, if it begins, after blanks, with "gauge", digits and "=";
-/// blanks around the name do not belong to it. Beside `Panel`, the folders `Panel.*` of an aircraft
-/// are looked into, which aircraft.cfg names as panels of variants. Alias lines are followed
-/// wherever they stand.
+/// names a gauge wherever it stands, also before the first section, if it begins, after blanks,
+/// with "gauge", digits and "="; blanks around the name do not belong to it. Beside `Panel`, the
+/// folders `Panel.*` of an aircraft are looked into, which aircraft.cfg names as panels of
+/// variants. Alias lines are followed wherever they stand.
 class MentionFinder {
  public:
   MentionFinder(const Files& files, const Text& text, std::string FSPath);

@@ -14,8 +14,8 @@ struct NameSection {
   std::vector<std::string> names;
 };
 
-/// What came back to `gauges`, then what did not and why, but for what failed. Without empty
-/// sections.
+/// What came back to `gauges`, then what did not and why; what failed is told elsewhere. Sections
+/// without names are left out.
 std::vector<NameSection> RestoredSections(const RestoreOutcome& files, const std::string& gauges);
 
 /// The page of it; `folders` are as they are to be shown.
