@@ -2,10 +2,9 @@
 
 #include <windows.h>
 
-#include <algorithm>
 #include <array>
 
-#include "platform/windows/handle.h"
+#include "platform/windows/native_file.h"
 #include "platform/windows/paths.h"
 #include "platform/windows/wide.h"
 
@@ -32,16 +31,9 @@ class TemporaryFile : public UnpackedFile {
   TemporaryFile& operator=(const TemporaryFile&) = delete;
 
   bool Fill(std::string_view bytes, std::int64_t modified) const {
-    constexpr std::size_t kBlock = std::size_t{1} << 20;
     const Handle file(CreateFileW(name_.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING,
                                   FILE_ATTRIBUTE_NORMAL, nullptr));
-    if (!file) return false;
-    while (!bytes.empty()) {
-      DWORD written = 0;
-      const auto block = static_cast<DWORD>(std::min(bytes.size(), kBlock));
-      if (!WriteFile(file.Get(), bytes.data(), block, &written, nullptr)) return false;
-      bytes.remove_prefix(written);
-    }
+    if (!file || !WriteAll(file.Get(), bytes)) return false;
     const auto steps = static_cast<std::uint64_t>((modified + 11'644'473'600) * 10'000'000);
     const ::FILETIME time{static_cast<DWORD>(steps), static_cast<DWORD>(steps >> 32U)};
     return SetFileTime(file.Get(), nullptr, nullptr, &time) != 0;
