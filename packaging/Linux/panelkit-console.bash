@@ -49,11 +49,7 @@ _panelkit_console() {
         mapfile -t -O ${#COMPREPLY[@]} COMPREPLY < <(cd "$folder/SpareGauges" 2>/dev/null && compgen -f -- "$word")
       done
       ;;
-    find)
-      compopt -o filenames
-      mapfile -t -O ${#COMPREPLY[@]} COMPREPLY < <(compgen -f -- "$word")
-      ;;
-    count | list | xml | extract)
+    find | count | list | xml | extract)
       compopt -o filenames
       mapfile -t -O ${#COMPREPLY[@]} COMPREPLY < <(compgen -f -- "$word")
       ;;

@@ -23,7 +23,7 @@ complete -c panelkit-console -n '__fish_seen_subcommand_from probe show find' -l
 complete -c panelkit-console -n '__fish_seen_subcommand_from find' -l install -d 'Copy the best to Gauges'
 complete -c panelkit-console -n '__fish_seen_subcommand_from find' -l as -x -d 'Copy what is nearly named so under this name'
 complete -c panelkit-console -n '__fish_seen_subcommand_from find' -l dry-run -d 'Copy nothing'
-complete -c panelkit-console -n '__fish_seen_subcommand_from find' -xa '(__fish_complete_directories)'
+complete -c panelkit-console -n '__fish_seen_subcommand_from find' -Fa ''
 complete -c panelkit-console -n '__fish_seen_subcommand_from clean' -l dry-run -d 'Move nothing'
 complete -c panelkit-console -n '__fish_seen_subcommand_from clean' -l careful -d 'Leave what a panel names in whatever way'
 function __panelkit_console_spare

@@ -28,13 +28,14 @@ struct ArchiveEntry {
 enum class ArchiveFault {
   None,
   Unreadable,   ///< The file cannot be opened or read.
-  NoArchive,    ///< It is no archive of a known kind.
+  NoArchive,    ///< It is no archive of a known kind, nor a program that brings one along.
   Damaged,      ///< Its bytes contradict each other.
   CutOff,       ///< It ends too early, as a broken download does.
   OtherMethod,  ///< It is packed by a method that cannot be read here.
   Encrypted,    ///< The content is encrypted, or the names of the entries are.
   NoRoom,       ///< There is not memory enough.
   TooLarge,     ///< It would unpack to more than the limits below allow.
+  Installer,    ///< It is a program with data of an unknown kind behind its own part.
 };
 
 /// An entry's content: at most kLargestFile bytes, or why there is none.

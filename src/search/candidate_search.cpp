@@ -206,15 +206,14 @@ void CandidateSearch::LookIntoArchive(const Place& archive, const ReadArchive& r
     return PassOver(archive, "it lies too deep in other archives");
   }
   ++progress_.archives;
-  bool has_entries = false;
-  const OnArchiveEntry visit = [&](const ArchiveEntry& entry, const ReadArchiveEntry& read) {
-    has_entries = true;
-    return LookAtEntry(archive, entry, read);
-  };
-  const ArchiveFault fault = read_archive(visit);
-  // Most programs are no archives, whatever stands in them by chance.
-  const bool is_program = KindOf(archive.candidate.name) == FileKind::Program && !has_entries;
-  if (fault != ArchiveFault::None && !is_program) PassOver(archive, ReasonOf(fault));
+  const ArchiveFault fault =
+      read_archive([&](const ArchiveEntry& entry, const ReadArchiveEntry& read) {
+        return LookAtEntry(archive, entry, read);
+      });
+  // As most programs are none.
+  const bool is_plain_program =
+      fault == ArchiveFault::NoArchive && KindOf(archive.candidate.name) == FileKind::Program;
+  if (fault != ArchiveFault::None && !is_plain_program) PassOver(archive, ReasonOf(fault));
 }
 
 bool CandidateSearch::LookAtEntry(const Place& archive, const ArchiveEntry& entry,

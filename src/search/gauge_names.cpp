@@ -10,9 +10,10 @@
 namespace panelkit {
 namespace {
 
-constexpr std::array<std::string_view, 16> kArchiveEndings{
-    ".zip", ".7z",     ".rar",     ".tar",      ".tar.gz", ".tar.bz2", ".tgz", ".tbz2",
-    ".txz", ".tar.xz", ".tar.zst", ".tar.lzma", ".lzh",    ".lha",     ".iso", ".img"};
+// Some kinds cannot be read, which the user is told.
+constexpr std::array<std::string_view, 18> kArchiveEndings{
+    ".zip",    ".7z",      ".rar",      ".tar", ".tar.gz", ".tar.bz2", ".tgz", ".tbz2", ".txz",
+    ".tar.xz", ".tar.zst", ".tar.lzma", ".lzh", ".lha",    ".iso",     ".img", ".ace",  ".arj"};
 
 // What browsers, editors and cautious users put behind a name.
 constexpr std::array<std::string_view, 10> kAddedEndings{

@@ -1,31 +1,12 @@
 #include "search/reasons.h"
 
 #include <algorithm>
-#include <optional>
 
 #include "text/matching.h"
+#include "text/program_file.h"
 
 namespace panelkit {
 namespace {
-
-// A number of `size` bytes, the lowest first; nullopt behind the end.
-std::optional<std::size_t> NumberAt(std::string_view bytes, std::size_t place, std::size_t size) {
-  if (place > bytes.size() || bytes.size() - place < size) return std::nullopt;
-  std::size_t number = 0;
-  for (std::size_t i = size; i-- > 0;) {
-    number = number << 8U | static_cast<unsigned char>(bytes[place + i]);
-  }
-  return number;
-}
-
-// The flags of a program file's header; nullopt if the bytes are none.
-std::optional<std::size_t> ProgramFlags(std::string_view bytes) {
-  const auto header = bytes.starts_with("MZ") ? NumberAt(bytes, 0x3C, 4) : std::nullopt;
-  if (!header || *header > bytes.size() || !bytes.substr(*header).starts_with("PE")) {
-    return std::nullopt;
-  }
-  return NumberAt(bytes, *header + 22, 2);
-}
 
 bool IsText(std::string_view bytes) {
   return std::none_of(bytes.begin(), bytes.end(), [](char c) {
@@ -73,6 +54,8 @@ std::string ReasonOf(ArchiveFault fault) {
       return "there is no room to unpack it";
     case ArchiveFault::TooLarge:
       return "it would unpack to far more than a gauge has";
+    case ArchiveFault::Installer:
+      return "it is an installer, or the like, of a kind that cannot be read here";
   }
   return {};
 }

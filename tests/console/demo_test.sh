@@ -153,6 +153,7 @@ complains '\x1b[2J\x0anowhere is not there.'
 # Progress keeps within the terminal.
 on_terminal 20 'probe --careful >/dev/null' | tr '\r' '\n' >"$work/shown"
 grep -q '^\[#*\] 100%' "$work/shown" && ! grep -qE '.{20}' "$work/shown" || fail "progress: $(cat "$work/shown")"
+on_terminal 80 'probe --hints >/dev/null' | grep -q 'Looking for hints: ' || fail 'no progress of hints'
 
 # What a user would do wrong. A variable that is not set must not let another simulator be cleaned.
 sums "$fs" >"$work/before"

@@ -89,20 +89,28 @@ for wrong in 'probe --simulator /nowhere' 'probe --prefix /nowhere' 'find' 'cab 
   [ ! -s "$work/out" ] && jq -e '.error | length > 0' "$work/err" >/dev/null || fail "error of '$wrong'"
 done
 
-# interrupted OPEN ARGUMENT...: Ctrl-C where a panel is opened for the OPEN-th time ends the command, which says so.
+# interrupted PATH OPEN ARGUMENT...: Ctrl-C where the path is opened for the OPEN-th time ends the command, which says so.
 interrupted() {
-  fresh
-  ASAN_OPTIONS=$ASAN_OPTIONS:detect_leaks=0 strace -qq -o /dev/null -P "$fs/Aircraft/Marlowe Dart/Panel/panel.cfg" \
-    -e inject=open,openat:signal=INT:when="$1" "$app/panelkit-console" "${@:2}" >"$work/out" 2>"$work/err"
-  [ $? = 130 ] || fail "Ctrl-C in '${*:2}': $(cat "$work/err")"
+  ASAN_OPTIONS=$ASAN_OPTIONS:detect_leaks=0 strace -qq -o /dev/null -P "$1" \
+    -e inject=open,openat:signal=INT:when="$2" "$app/panelkit-console" "${@:3}" >"$work/out" 2>"$work/err"
+  [ $? = 130 ] || fail "Ctrl-C in '${*:3}': $(cat "$work/err")"
   complains 'Interrupted.'
 }
 if strace -o /dev/null true; then  # A leak checker cannot work beside it.
-  interrupted 1 probe --format json
-  [ ! -s "$work/out" ] && jq -e .error "$work/err" >/dev/null || fail 'JSON of an interrupted probe'
-  interrupted 2 find "$downloads" --install
+  panel="$fs/Aircraft/Marlowe Dart/Panel/panel.cfg"
+  fresh
+  mkdir "$spare"  # Which hints alone look into.
+  for place in "$panel" "$spare"; do
+    for format in text json; do
+      interrupted "$place" 1 probe --hints --format $format
+      [ ! -s "$work/out" ] && { [ $format = text ] || jq -e .error "$work/err" >/dev/null; } ||
+        fail "an interrupted probe as $format: $(cat "$work/out" "$work/err")"
+    done
+  done
+  interrupted "$panel" 2 find "$downloads" --install
   sed '1,/^Installed/d' "$work/out" | diff - "$work/plan" || fail 'installed, and not told'
-  interrupted 2 find "$downloads" --install --format json
+  fresh
+  interrupted "$panel" 2 find "$downloads" --install --format json
   jq -e '(.installed | length) == 8 and .missing == null' "$work/out" >/dev/null || fail "JSON: $(cat "$work/out")"
 fi
 
@@ -189,8 +197,13 @@ packed('dos.zip', 'panel/Étoile_Dépression.gau'.encode('cp437'))
 packed('unix.zip', 'panel/Étoile_Dépression.gau'.encode())
 packed('ansi.zip', 'panel/Étoile_Dépression.gau'.encode('cp1252'))
 whole = (folder / 'unix.zip').read_bytes()
+# A program for Windows whose one section ends with the header.
+program = (b'MZ' + bytes(58) + b'\x40\0\0\0PE\0\0\x4c\1\1\0' + bytes(12) + b'\xe0\0\2\1' + bytes(240) +
+           b'\0\2\0\0' + bytes(20)).ljust(512, b'\0')
 (folder / 'setup.exe').write_bytes(b'MZ' + bytes(5000) + whole)
-(folder / 'plain.exe').write_bytes(b'MZ' + bytes(5000))
+(folder / 'plain.exe').write_bytes(program + bytes(2000))
+(folder / 'installer.exe').write_bytes(program + bytes(5000))
+(folder / 'cut.exe').write_bytes(program + b'settings' + whole[:120])
 (folder / 'cut.zip').write_bytes(whole[:120])
 (folder / 'Étoile_Dépression (1).gau').write_bytes(gauge)
 (folder / 'Copy of Étoile_Dépression.gau').write_bytes(gauge)
@@ -206,10 +219,14 @@ cp "$work/gauge" "$work/panel/Étoile_Dépression.gau"
 tar -C "$work/panel" -czf "$people/dot.tgz" .
 (cd "$work/panel" && 7z a -mm=Deflate64 "$people/deflate64.zip" . && 7z a -ptop "$people/locked.zip" . &&
   7z a -m0=Deflate64 "$people/deflate64.7z" . &&
-  7z a -m0=BZip2 "$people/bzip2.7z" . && 7z a "$people/lzma.7z" .) >/dev/null || fail '7z'
+  7z a -m0=BZip2 "$people/bzip2.7z" . && 7z a "$people/lzma.7z" . && 7z a -sfx "$people/7z.exe" .) >/dev/null || fail '7z'
+head -c 100 "$people/lzma.7z" >"$people/cut.7z"
+xz -c "$work/panel/Étoile_Dépression.gau" | head -c 60 >"$people/cut.tar.xz"
 genisoimage -quiet -J -o "$people/disk.iso" "$work/panel" || fail 'genisoimage'
 for case in 'dos.zip|> panel\Étoile_Dépression.gau  (' 'unix.zip|> panel\Étoile_Dépression.gau  (' \
   'ansi.zip|.gau  (' 'setup.exe|> panel\Étoile_Dépression.gau  (' 'plain.exe|Not found' 'cut.zip|: it is cut off' \
+  'installer.exe|: it is an installer' 'cut.exe|: it is cut off' '7z.exe|> Étoile_Dépression.gau  (' 'cut.7z|: it is cut off' \
+  'cut.tar.xz|: it is cut off' \
   'dot.tgz|> Étoile_Dépression.gau  (' 'deflate64.zip|: it is packed by a method that cannot be read here' \
   'deflate64.7z|: it is packed by a method that cannot be read here' \
   'locked.zip|: it is encrypted' 'bzip2.7z|> Étoile_Dépression.gau  (' 'lzma.7z|> Étoile_Dépression.gau  (' \

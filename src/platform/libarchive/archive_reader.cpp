@@ -7,13 +7,16 @@
 #include <array>
 #include <cerrno>
 #include <fstream>
+#include <functional>
+#include <initializer_list>
+#include <optional>
 #include <sstream>
-#include <system_error>
 #include <utility>
 #include <vector>
 
 #include "platform/files.h"
 #include "platform/libarchive/oem_names.h"
+#include "text/program_file.h"
 #include "text/utf8.h"
 
 namespace panelkit {
@@ -47,90 +50,83 @@ Reader NewReader() {
 ArchiveFault FaultOf(archive* reader) {
   if (archive_errno(reader) == ENOMEM) return ArchiveFault::NoRoom;
   const char* const words = archive_error_string(reader);
-  const std::string_view error = words != nullptr ? words : "";
-  const auto says = [error](std::string_view part) {
-    return error.find(part) != std::string_view::npos;
+  // Its readers of formats say nothing where the bytes end too early.
+  if (words == nullptr) return ArchiveFault::CutOff;
+  const auto says = [words](std::initializer_list<std::string_view> parts) {
+    return std::any_of(parts.begin(), parts.end(), [words](std::string_view part) {
+      return std::string_view(words).find(part) != std::string_view::npos;
+    });
   };
-  if (says("Unrecognized archive format")) return ArchiveFault::NoArchive;
-  if (says("ncrypt") || says("assphrase")) return ArchiveFault::Encrypted;
-  if (says("nsupported") || says("ot supported") || says("unavailable") || says("not available") ||
-      says("codec")) {
+  if (says({"Unrecognized archive format"})) return ArchiveFault::NoArchive;
+  if (says({"ncrypt", "assphrase"})) return ArchiveFault::Encrypted;
+  if (says({"nsupported", "ot supported", "navailable", "ot available", "codec"})) {
     return ArchiveFault::OtherMethod;
   }
-  // zlib's -5 asks for more bytes.
-  if (says("runcated") || says("nd of file") || says("(-5)")) return ArchiveFault::CutOff;
+  // zlib's -5 and liblzma's "no progress" ask for more bytes.
+  if (says({"runcated", "nd of file", "(-5)", "No progress"})) return ArchiveFault::CutOff;
   return ArchiveFault::Damaged;
 }
 
-/// An archive's bytes as libarchive's callbacks read them.
-struct ArchiveBytes {
-  ArchiveBytes(std::istream& bytes, std::function<void()> at_each_block)
-      : stream(bytes), at_block(std::move(at_each_block)) {
-    stream.seekg(0, std::ios::end);
-    size = stream.tellg();
-    stream.seekg(0);
+/// A part of an archive's bytes as libarchive's callbacks read it.
+class Source {
+ public:
+  Source(std::istream& stream, std::function<void()> at_block)
+      : stream_(stream), at_block_(std::move(at_block)) {
+    stream_.seekg(0, std::ios::end);
+    end_ = stream_.tellg();
+    stream_.seekg(0);
   }
 
-  /// Gives the new position, or libarchive's code of failure.
-  la_int64_t Seek(la_int64_t offset, std::ios::seekdir from) {
-    stream.clear();
-    stream.seekg(offset, from);
-    return stream ? static_cast<la_int64_t>(stream.tellg()) : ARCHIVE_FATAL;
+  /// False where the bytes cannot be read.
+  bool IsOpen() const { return end_ >= 0; }
+  la_int64_t Size() const { return end_ - begin_; }
+  la_int64_t Position() const { return position_; }
+
+  /// Gives the new position, which is not behind the end: what is to be there is cut off.
+  la_int64_t Seek(la_int64_t position) {
+    position_ = std::clamp<la_int64_t>(position, 0, Size());
+    stream_.clear();
+    stream_.seekg(begin_ + position_);
+    return position_;
   }
 
-  std::istream& stream;
-  std::function<void()> at_block;
-  la_int64_t size = 0;  // Negative if they cannot be read.
-  std::array<char, 65536> buffer{};
+  /// The next bytes, none at the end; nullopt on failure.
+  std::optional<std::string_view> Next() {
+    at_block_();
+    stream_.read(buffer_.data(), std::min<la_int64_t>(Size() - position_, buffer_.size()));
+    if (stream_.bad()) return std::nullopt;
+    position_ += stream_.gcount();
+    return std::string_view(buffer_.data(), static_cast<std::size_t>(stream_.gcount()));
+  }
+
+  /// Becomes the part between two of its places, to be read from its beginning.
+  void Narrow(la_int64_t begin, la_int64_t end) {
+    end_ = begin_ + end;
+    begin_ += begin;
+    Seek(0);
+  }
+
+ private:
+  std::istream& stream_;
+  std::function<void()> at_block_;
+  la_int64_t begin_ = 0;  // In the stream.
+  la_int64_t end_ = 0;
+  la_int64_t position_ = 0;  // From `begin_` on.
+  std::array<char, 65536> buffer_{};
 };
 
-la_ssize_t ReadBlock(archive*, void* bytes_address, const void** block) {
-  auto& bytes = *static_cast<ArchiveBytes*>(bytes_address);
-  bytes.at_block();
-  bytes.stream.read(bytes.buffer.data(), static_cast<std::streamsize>(bytes.buffer.size()));
-  *block = bytes.buffer.data();
-  return bytes.stream.bad() ? ARCHIVE_FATAL : static_cast<la_ssize_t>(bytes.stream.gcount());
+la_ssize_t ReadSource(archive*, void* address, const void** bytes) {
+  const auto next = static_cast<Source*>(address)->Next();
+  if (!next) return ARCHIVE_FATAL;
+  *bytes = next->data();
+  return static_cast<la_ssize_t>(next->size());
 }
 
-la_int64_t Skip(archive*, void* bytes_address, la_int64_t request) {
-  auto& bytes = *static_cast<ArchiveBytes*>(bytes_address);
-  const la_int64_t before = bytes.Seek(0, std::ios::cur);
-  // Past the end nothing could be read, which only reading may tell.
-  const la_int64_t skipped = std::min(request, bytes.size - before);
-  return skipped > 0 && bytes.Seek(skipped, std::ios::cur) >= 0 ? skipped : 0;
-}
-
-la_int64_t SeekTo(archive*, void* bytes_address, la_int64_t offset, int whence) {
-  auto& bytes = *static_cast<ArchiveBytes*>(bytes_address);
-  return bytes.Seek(offset, whence == SEEK_SET   ? std::ios::beg
-                            : whence == SEEK_CUR ? std::ios::cur
-                                                 : std::ios::end);
-}
-
-bool Open(archive* reader, ArchiveBytes& bytes) {
-  archive_read_set_read_callback(reader, ReadBlock);
-  archive_read_set_skip_callback(reader, Skip);
-  archive_read_set_seek_callback(reader, SeekTo);
-  archive_read_set_callback_data(reader, &bytes);
-  return archive_read_open1(reader) == ARCHIVE_OK;
-}
-
-/// A name as ArchiveEntry has it.
-std::string Tidied(std::string name) {
-  for (char& c : name) {
-    if (c == '/') c = '\\';
-    if (static_cast<unsigned char>(c) < 0x20 || c == 0x7F) c = '?';
-  }
-  std::string tidied;
-  for (std::size_t begin = 0; begin <= name.size();) {
-    const std::size_t end = std::min(name.find('\\', begin), name.size());
-    const std::string part = name.substr(begin, end - begin);
-    const bool is_nothing = part == "." || (part.empty() && begin > 0);
-    if (!is_nothing) tidied += part;
-    if (!is_nothing && end < name.size()) tidied += '\\';
-    begin = end + 1;
-  }
-  return tidied;
+la_int64_t SeekInSource(archive*, void* address, la_int64_t offset, int whence) {
+  auto& source = *static_cast<Source*>(address);
+  return source.Seek(offset + (whence == SEEK_SET   ? 0
+                               : whence == SEEK_CUR ? source.Position()
+                                                    : source.Size()));
 }
 
 /// Walks one opened archive within the limits of archive.h.
@@ -229,6 +225,37 @@ ArchiveContent EntryWalk::Content(const ArchiveEntry& entry) {
   }
 }
 
+ArchiveFault ReadEntries(Source& source, const Text& text, const OnArchiveEntry& visit) {
+  const Reader reader = NewReader();
+  archive_read_set_read_callback(reader.get(), ReadSource);
+  archive_read_set_seek_callback(reader.get(), SeekInSource);
+  archive_read_set_callback_data(reader.get(), &source);
+  if (archive_read_open1(reader.get()) != ARCHIVE_OK) return FaultOf(reader.get());
+  return EntryWalk(reader.get(), static_cast<std::uint64_t>(source.Size()), text).Run(visit);
+}
+
+/// Narrows a program to the archive that it has behind its own part. Without one it says what it
+/// is.
+ArchiveFault FindBehindProgram(Source& source, std::string_view beginning) {
+  using namespace std::string_view_literals;
+  // 7z puts settings before its archive.
+  constexpr std::array kBeginnings{"PK\3\4"sv, "7z\xBC\xAF\x27\x1C"sv, "Rar!\x1A\7"sv,
+                                   "MSCF\0\0\0\0"sv};
+  // What is shorter may be something that a linker left.
+  constexpr std::uint64_t kShortest = 4096;
+  const auto part = PartBehindProgram(beginning, static_cast<std::uint64_t>(source.Size()));
+  if (!part) return ArchiveFault::NoArchive;
+  source.Narrow(static_cast<la_int64_t>(part->begin), static_cast<la_int64_t>(part->end));
+  const std::string_view bytes = source.Next().value_or(""sv);
+  std::size_t place = bytes.size();
+  for (const std::string_view archive : kBeginnings) place = std::min(place, bytes.find(archive));
+  if (place < bytes.size()) {
+    source.Narrow(static_cast<la_int64_t>(place), source.Size());
+    return ArchiveFault::None;
+  }
+  return part->end - part->begin < kShortest ? ArchiveFault::NoArchive : ArchiveFault::Installer;
+}
+
 }  // namespace
 
 ArchiveFault LibarchiveReader::Read(std::string_view path, const OnArchiveEntry& visit) const {
@@ -249,12 +276,21 @@ ArchiveFault LibarchiveReader::ReadBytes(std::string bytes, const OnArchiveEntry
 }
 
 ArchiveFault LibarchiveReader::Walk(std::istream& stream, const OnArchiveEntry& visit) const {
+  constexpr std::size_t kHeaders = 4096;
   const auto utf8 = ConvertNamesToUtf8();
-  ArchiveBytes bytes(stream, [this] { TellThatItReads(); });
-  if (bytes.size < 0) return ArchiveFault::Unreadable;
-  const Reader reader = NewReader();
-  if (!Open(reader.get(), bytes)) return FaultOf(reader.get());
-  return EntryWalk(reader.get(), static_cast<std::uint64_t>(bytes.size), text_).Run(visit);
+  Source source(stream, [this] { TellThatItReads(); });
+  if (!source.IsOpen()) return ArchiveFault::Unreadable;
+  const std::string beginning(source.Next().value_or("").substr(0, kHeaders));
+  source.Seek(0);
+  bool has_entries = false;
+  const ArchiveFault fault = ReadEntries(source, text_, [&](const auto& entry, const auto& read) {
+    has_entries = true;
+    return visit(entry, read);
+  });
+  if (fault == ArchiveFault::None || has_entries || !IsProgram(beginning)) return fault;
+  // The library looks into programs of some sizes alone, and takes some for what they are not.
+  const ArchiveFault behind = FindBehindProgram(source, beginning);
+  return behind == ArchiveFault::None ? ReadEntries(source, text_, visit) : behind;
 }
 
 }  // namespace panelkit

@@ -65,4 +65,21 @@ std::string NameOfBytes(const std::string& name) {
   return bytes && IsUtf8(*bytes) ? *bytes : name;
 }
 
+std::string Tidied(std::string name) {
+  for (char& c : name) {
+    if (c == '/') c = '\\';
+    if (static_cast<unsigned char>(c) < 0x20 || c == 0x7F) c = '?';
+  }
+  std::string tidied;
+  for (std::size_t begin = 0; begin <= name.size();) {
+    const std::size_t end = std::min(name.find('\\', begin), name.size());
+    const std::string part = name.substr(begin, end - begin);
+    const bool is_nothing = part == "." || (part.empty() && begin > 0);
+    if (!is_nothing) tidied += part;
+    if (!is_nothing && end < name.size()) tidied += '\\';
+    begin = end + 1;
+  }
+  return tidied;
+}
+
 }  // namespace panelkit

@@ -18,4 +18,7 @@ std::vector<std::string> PossibleNames(std::string_view as_437, const Text& text
 /// it is in UTF-8. Every other name stays as it is.
 std::string NameOfBytes(const std::string& name);
 
+/// A name as ArchiveEntry has it.
+std::string Tidied(std::string name);
+
 }  // namespace panelkit
