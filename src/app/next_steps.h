@@ -10,7 +10,7 @@
 #include "gauges/gauge_mover.h"
 #include "platform/machine.h"
 #include "platform/toolkit.h"
-#include "search/deeds.h"
+#include "search/hints.h"
 #include "search/look.h"
 #include "search/written_files.h"
 

@@ -20,7 +20,7 @@ void AddOffers(const Machine& machine, const FindResult& result, Lines& lines) {
   }
 }
 
-// What nothing is offered for, with what nearly has its name.
+// The files without offers, with candidates of similar names.
 void AddNotFound(const Machine& machine, const CommandStyle& style, const FindResult& result,
                  Lines& lines) {
   bool is_first = true;

@@ -76,14 +76,13 @@ Json JsonOf(const RequiredFile& file) {
 }
 
 Json JsonOf(const LocalMachine& machine, const Hint& hint, const CommandStyle& style) {
-  const Deed deed = DeedFor(hint);
   Json json{{"kind", NameOf(hint.kind)}};
   if (hint.kind == HintKind::InSpareGauges) json["exact_name"] = !hint.only_holds_name;
   json.update(JsonOfPath(machine, hint.path));
   if (!hint.wanted.empty()) json["wanted"] = hint.wanted;
   if (!hint.nearest.empty()) json["nearest"] = hint.nearest;
   json["text"] = LineOf(hint, style);
-  json["deed"] = {{"kind", NameOf(deed.kind)}, {"text", TextOf(deed, style)}};
+  json["deed"] = {{"kind", NameOf(hint.deed.kind)}, {"text", TextOf(hint.deed, style)}};
   return json;
 }
 

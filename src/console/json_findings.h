@@ -6,8 +6,8 @@
 #include "console/command_line.h"
 #include "console/json.h"
 #include "gauges/gauge_report.h"
-#include "search/deeds.h"
 #include "search/find_result.h"
+#include "search/hints.h"
 
 namespace panelkit {
 

@@ -6,7 +6,7 @@
 
 #include "gauges/doubtful_entries.h"
 #include "gauges/gauge_report.h"
-#include "search/deeds.h"
+#include "search/hints.h"
 
 namespace panelkit {
 

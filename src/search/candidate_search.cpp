@@ -1,6 +1,7 @@
 #include "search/candidate_search.h"
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 #include "search/cabinet_listing.h"
@@ -87,46 +88,41 @@ struct CandidateSearch::Place {
   std::size_t Depth() const { return candidate.inside.size(); }
 };
 
+/// Looks at what may hold gauges in a folder and below or, with a pattern, at the files of the
+/// folder itself whose names match it.
 class CandidateSearch::Visitor : public FolderVisitor {
  public:
-  explicit Visitor(CandidateSearch& search) : search_(search), before_(search.progress_.files) {}
+  explicit Visitor(CandidateSearch& search, std::optional<std::string> pattern = {})
+      : search_(search), pattern_(std::move(pattern)), before_(search.progress_.files) {}
 
   bool OnFolder(std::size_t files) override {
+    if (pattern_) return !std::exchange(has_begun_, true);
     search_.progress_.files = before_ + files;
     return search_.GoesOn();
   }
   bool Wants(std::string_view name) override {
+    if (pattern_) return MatchesWildcard(*pattern_, search_.machine_.text.Lower(name));
     const FileKind kind = FirstKindOf(name);
     const bool is_gauges = kind == FileKind::GaugeFile || kind == FileKind::Cabinet;
     return is_gauges || (kind != FileKind::Other && search_.depth_ == SearchDepth::Archives);
   }
   void OnFile(const FoundFile& file) override {
+    has_met_ = true;
+    if (pattern_) {
+      ++search_.progress_.files;
+      search_.GoesOn();
+    }
     if (!search_.ended_) search_.LookAt(file);
   }
 
+  bool HasMet() const { return has_met_; }
+
  private:
   CandidateSearch& search_;
+  std::optional<std::string> pattern_;  // Lowered.
   std::size_t before_;
-};
-
-/// Takes the files of one folder whose names match a pattern.
-class CandidateSearch::NamedFiles : public FolderVisitor {
- public:
-  NamedFiles(const Text& text, std::string_view pattern)
-      : text_(text), pattern_(text.Lower(pattern)) {}
-
-  bool OnFolder(std::size_t) override { return !std::exchange(has_begun_, true); }
-  bool Wants(std::string_view name) override {
-    return MatchesWildcard(pattern_, text_.Lower(name));
-  }
-  void OnFile(const FoundFile& file) override { found.push_back(file); }
-
-  std::vector<FoundFile> found;
-
- private:
-  const Text& text_;
-  std::string pattern_;
   bool has_begun_ = false;
+  bool has_met_ = false;
 };
 
 bool CandidateSearch::LookThrough(const std::string& path) {
@@ -142,18 +138,13 @@ bool CandidateSearch::LookThrough(const std::string& path) {
 
 bool CandidateSearch::LookAtNamed(const std::string& path) {
   const std::string_view name = FileNameOf(path);
-  NamedFiles files(machine_.text, name);
-  machine_.folders.Walk(path.substr(0, path.size() - name.size()), files);
+  Visitor visitor(*this, machine_.text.Lower(name));
+  machine_.folders.Walk(path.substr(0, path.size() - name.size()), visitor);
   const bool is_pattern = name.find_first_of("*?") != std::string_view::npos;
-  for (const FoundFile& file : files.found) {
-    if (!GoesOn()) break;
-    ++progress_.files;
-    if (!is_pattern && FirstKindOf(name) == FileKind::Other) {
-      passed_over_.push_back({file.path, {}, "by its name it is no gauge, cabinet or archive"});
-    }
-    LookAt(file);
+  if (visitor.HasMet() && !is_pattern && FirstKindOf(name) == FileKind::Other) {
+    passed_over_.push_back({path, {}, "by its name it is no gauge, cabinet or archive"});
   }
-  return !files.found.empty();
+  return visitor.HasMet();
 }
 
 void CandidateSearch::LookAt(const FoundFile& file) {
@@ -210,7 +201,7 @@ void CandidateSearch::LookIntoArchive(const Place& archive, const ReadArchive& r
       read_archive([&](const ArchiveEntry& entry, const ReadArchiveEntry& read) {
         return LookAtEntry(archive, entry, read);
       });
-  // As most programs are none.
+  // Most programs are no archives, which needs no word.
   const bool is_plain_program =
       fault == ArchiveFault::NoArchive && KindOf(archive.candidate.name) == FileKind::Program;
   if (fault != ArchiveFault::None && !is_plain_program) PassOver(archive, ReasonOf(fault));

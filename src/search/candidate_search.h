@@ -54,7 +54,6 @@ class CandidateSearch {
 
  private:
   class Visitor;
-  class NamedFiles;
   struct Place;
   using ReadArchive = std::function<ArchiveFault(const OnArchiveEntry& visit)>;
 

@@ -1,12 +1,9 @@
 #include "search/content_check.h"
 
 #include <algorithm>
-#include <functional>
 #include <iterator>
-#include <optional>
 #include <set>
 #include <string>
-#include <string_view>
 #include <utility>
 
 #include "search/gauge_names.h"
@@ -17,55 +14,79 @@ namespace {
 
 using Candidates = std::vector<const Candidate*>;
 
-// Reads an archive once for all candidates in it, and tells `judge` the content of each that it
-// meets.
+/// Reads an archive once for all candidates in it.
 class ContentReader {
  public:
-  using Judge = std::function<void(const Candidate&, const ArchiveContent&)>;
+  /// Tells `take` of each candidate in `open` that it meets, and takes that out of `open`.
+  ContentReader(const ArchiveReader& archives, std::set<const Candidate*>& open,
+                const OnContent& take)
+      : archives_(archives), open_(open), take_(take) {}
 
-  ContentReader(const ArchiveReader& archives, Judge judge)
-      : archives_(archives), judge_(std::move(judge)) {}
-
-  /// All of `candidates` lie in the archive file `path`. Gives the archive's own fault.
-  ArchiveFault Read(const std::string& path, const Candidates& candidates) const {
-    return archives_.Read(path, Visiting(candidates, 0));
-  }
-
- private:
+  /// The visitor of an archive that lies in `level` others. All of `candidates` lie in it.
   OnArchiveEntry Visiting(const Candidates& candidates, std::size_t level) const {
     return [this, &candidates, level](const ArchiveEntry& entry, const ReadArchiveEntry& read) {
       Candidates here;
       std::copy_if(candidates.begin(), candidates.end(), std::back_inserter(here),
-                   [&](const Candidate* candidate) {
-                     const auto& inside = candidate->inside;
-                     if (!entry.is_plain_file || inside[level] != entry.name) return false;
-                     return level + 1 < inside.size() || (entry.size == candidate->size &&
-                                                          entry.modified == candidate->modified);
-                   });
+                   [&](const Candidate* candidate) { return IsAt(entry, *candidate, level); });
       if (!here.empty()) Take(here, read(), level);
-      return true;
+      return std::any_of(candidates.begin(), candidates.end(),
+                         [&](const Candidate* candidate) { return open_.contains(candidate); });
     };
+  }
+
+ private:
+  // Whether the entry is the candidate, or the archive that leads to it.
+  bool IsAt(const ArchiveEntry& entry, const Candidate& candidate, std::size_t level) const {
+    if (!open_.contains(&candidate) || !entry.is_plain_file) return false;
+    if (candidate.inside[level] != entry.name) return false;
+    return level + 1 < candidate.inside.size() ||
+           (entry.size == candidate.size && entry.modified == candidate.modified);
   }
 
   void Take(const Candidates& candidates, ArchiveContent content, std::size_t level) const {
     Candidates deeper;
     for (const Candidate* candidate : candidates) {
-      if (level + 1 == candidate->inside.size() || !content.bytes) {
-        judge_(*candidate, content);
-      } else {
+      if (level + 1 < candidate->inside.size() && content.bytes) {
         deeper.push_back(candidate);
+      } else {
+        open_.erase(candidate);
+        take_(*candidate, content);
       }
     }
-    if (!deeper.empty()) {
-      archives_.ReadBytes(std::move(*content.bytes), Visiting(deeper, level + 1));
-    }
+    if (deeper.empty()) return;
+    archives_.ReadBytes(std::move(*content.bytes), Visiting(deeper, level + 1));
   }
 
   const ArchiveReader& archives_;
-  Judge judge_;
+  std::set<const Candidate*>& open_;
+  const OnContent& take_;
 };
 
 }  // namespace
+
+void ReadCandidates(const Machine& machine, const std::vector<const Candidate*>& candidates,
+                    const OnContent& take) {
+  std::set<const Candidate*> open(candidates.begin(), candidates.end());
+  // A cabinet may be one itself and hold others.
+  std::map<std::pair<std::string, bool>, Candidates> files;
+  for (const Candidate* candidate : candidates) {
+    files[{candidate->path, !candidate->inside.empty()}].push_back(candidate);
+  }
+  for (const auto& [file, here] : files) {
+    const auto& [path, is_archive] = file;
+    ArchiveContent rest;  // Of what the reading does not meet.
+    if (is_archive) {
+      const ContentReader reader(machine.archives, open, take);
+      rest.fault = machine.archives.Read(path, reader.Visiting(here, 0));
+      if (rest.fault == ArchiveFault::None) rest.fault = ArchiveFault::Damaged;
+    } else {
+      rest = {machine.files.Read(path).bytes, ArchiveFault::Unreadable};
+    }
+    for (const Candidate* candidate : here) {
+      if (open.erase(candidate) > 0) take(*candidate, rest);
+    }
+  }
+}
 
 // FNV-1a, of 64 bits.
 std::uint64_t HashOf(std::string_view bytes) {
@@ -77,37 +98,18 @@ std::uint64_t HashOf(std::string_view bytes) {
 ContentCheck CheckContents(const Machine& machine,
                            const std::vector<const Candidate*>& candidates) {
   ContentCheck check;
-  std::map<std::string, Candidates> by_path;
-  std::set<const Candidate*> open;
-  for (const Candidate* candidate : candidates) {
-    if (open.insert(candidate).second) by_path[candidate->path].push_back(candidate);
-  }
-  const auto judge = [&](const Candidate& candidate, const ArchiveContent& content) {
-    if (open.erase(&candidate) == 0) return;
-    const bool is_gauge_file = KindOf(candidate.name) == FileKind::GaugeFile;
-    std::string reason = !content.bytes  ? ReasonOf(content.fault)
-                         : is_gauge_file ? ReasonAgainstGaugeFile(*content.bytes)
-                                         : ReasonAgainstCabinet(*content.bytes);
-    if (reason.empty()) {
-      check.contents.emplace(&candidate, HashOf(*content.bytes));
-    } else {
-      check.unfit.push_back({candidate.path, candidate.inside, std::move(reason)});
-    }
-  };
-  const ContentReader reader(machine.archives, judge);
-  for (const auto& [path, here] : by_path) {
-    ArchiveFault fault = ArchiveFault::None;
-    if (!here.front()->inside.empty()) fault = reader.Read(path, here);
-    for (const Candidate* candidate : here) {
-      if (candidate->inside.empty()) {
-        judge(*candidate, {machine.files.Read(path).bytes, ArchiveFault::Unreadable});
-      } else {
-        // What the reading did not meet.
-        judge(*candidate,
-              {std::nullopt, fault == ArchiveFault::None ? ArchiveFault::Damaged : fault});
-      }
-    }
-  }
+  ReadCandidates(machine, candidates,
+                 [&](const Candidate& candidate, const ArchiveContent& content) {
+                   const bool is_gauge_file = KindOf(candidate.name) == FileKind::GaugeFile;
+                   std::string reason = !content.bytes  ? ReasonOf(content.fault)
+                                        : is_gauge_file ? ReasonAgainstGaugeFile(*content.bytes)
+                                                        : ReasonAgainstCabinet(*content.bytes);
+                   if (reason.empty()) {
+                     check.contents.emplace(&candidate, HashOf(*content.bytes));
+                   } else {
+                     check.unfit.push_back({candidate.path, candidate.inside, std::move(reason)});
+                   }
+                 });
   return check;
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <string_view>
 #include <vector>
@@ -19,10 +20,17 @@ struct ContentCheck {
   std::vector<PassedOver> unfit;  ///< The others: gauge files that are none, or cannot be read.
 };
 
+/// Told of a candidate, and of its content or why there is none.
+using OnContent = std::function<void(const Candidate& candidate, const ArchiveContent& content)>;
+
+/// Reads these candidates, each archive once, and tells `take` of each of them once.
+void ReadCandidates(const Machine& machine, const std::vector<const Candidate*>& candidates,
+                    const OnContent& take);
+
 /// The number for a content of these bytes.
 std::uint64_t HashOf(std::string_view bytes);
 
-/// Reads these candidates, each archive once.
+/// Reads and judges these candidates.
 ContentCheck CheckContents(const Machine& machine, const std::vector<const Candidate*>& candidates);
 
 }  // namespace panelkit

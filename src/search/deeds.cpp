@@ -2,32 +2,7 @@
 
 #include <algorithm>
 
-#include "search/gauge_names.h"
-
 namespace panelkit {
-namespace {
-
-std::string LackFact(const Hint& hint, const std::string& cabinet) {
-  if (hint.wanted.empty()) return cabinet + ", which holds no gauge";
-  if (hint.ending_is_wrong) {
-    return cabinet + ", whose entry " + hint.nearest + " counts only with a lower-case .xml";
-  }
-  const std::string fact = cabinet + ", which lacks " + hint.wanted;
-  return hint.nearest.empty() ? fact : fact + "; its nearest entry is " + hint.nearest;
-}
-
-std::string DamageFact(const Hint& hint, const std::string& cabinet) {
-  if (hint.entries == 0) return cabinet + ", which is damaged before its first entry";
-  return cabinet + ", which is damaged behind its entry " + std::to_string(hint.entries) + ", " +
-         hint.nearest;
-}
-
-Deed MisnamedDeed(const Hint& hint) {
-  if (hint.is_in_gauges) return {DeedKind::Rename, hint.path, hint.right_name, hint.in_the_way};
-  return {DeedKind::Install, hint.path, {}, hint.in_the_way};
-}
-
-}  // namespace
 
 std::string AsArgument(std::string_view text, bool is_posix) {
   constexpr std::string_view kPlain =
@@ -45,67 +20,6 @@ std::string AsArgument(std::string_view text, bool is_posix) {
   std::string quoted = "'";
   for (const char c : text) quoted += c == '\'' ? std::string("'\\''") : std::string(1, c);
   return quoted + "'";
-}
-
-std::string FactOf(const Hint& hint) {
-  const std::string name(FileNameOf(hint.path));
-  const std::string in_gauges = "Gauges has " + name;
-  switch (hint.kind) {
-    case HintKind::InSpareGauges:
-      return hint.only_holds_name ? "SpareGauges has " + name + ", whose name holds this one"
-                                  : "lies in SpareGauges";
-    case HintKind::Elsewhere:
-      return "lies elsewhere in the simulator";
-    case HintKind::Hidden:
-      return in_gauges + ", but it is hidden";
-    case HintKind::OtherExtension:
-      return in_gauges + ", which is neither .gau nor .cab";
-    case HintKind::Misnamed:
-      return hint.place + " is " + hint.right_name + " under another name";
-    case HintKind::SameEntries:
-      return hint.place + " holds exactly the gauges that are missing, under another name";
-    case HintKind::EndingInPanel:
-      return "a panel names files without their ending";
-    case HintKind::NotACabinet:
-      return in_gauges + "; " + hint.reason;
-    case HintKind::LacksEntry:
-      return LackFact(hint, in_gauges);
-    case HintKind::DamagedCabinet:
-      return DamageFact(hint, in_gauges);
-    case HintKind::NearName:
-      return hint.place + " differs from the required name " + DifferenceText(hint.likeness);
-  }
-  return {};
-}
-
-Deed DeedFor(const Hint& hint) {
-  switch (hint.kind) {
-    case HintKind::InSpareGauges:
-      return {DeedKind::Restore, std::string(FileNameOf(hint.path)), {}, hint.in_the_way};
-    case HintKind::Elsewhere:
-    case HintKind::SameEntries:
-      return {DeedKind::Install, hint.path, {}, hint.in_the_way};
-    case HintKind::Hidden:
-      return {DeedKind::Unhide, hint.path};
-    case HintKind::OtherExtension:
-      if (hint.is_archive) return {DeedKind::Install, hint.path};
-      return {DeedKind::Rename, hint.path, hint.right_name};
-    case HintKind::Misnamed:
-      return MisnamedDeed(hint);
-    case HintKind::EndingInPanel:
-      return {DeedKind::EditPanel, {}, hint.right_name};
-    case HintKind::NotACabinet:
-      if (!hint.right_name.empty()) return {DeedKind::Rename, hint.path, hint.right_name};
-      return {DeedKind::LookFor, {}, {}, hint.in_the_way};
-    case HintKind::LacksEntry:
-      if (hint.ending_is_wrong) return {DeedKind::Repack, hint.path, hint.right_name};
-      return {DeedKind::LookFor, {}, {}, hint.in_the_way};
-    case HintKind::DamagedCabinet:
-      return {DeedKind::LookFor, {}, {}, hint.in_the_way};
-    case HintKind::NearName:
-      return {DeedKind::Install, hint.path, hint.required, hint.in_the_way};
-  }
-  return {};
 }
 
 std::string TextOf(const Deed& deed, const CommandStyle& style) {
@@ -130,10 +44,6 @@ std::string TextOf(const Deed& deed, const CommandStyle& style) {
       return "write " + deed.name + " in the panel";
   }
   return {};
-}
-
-std::string LineOf(const Hint& hint, const CommandStyle& style) {
-  return FactOf(hint) + ": " + TextOf(DeedFor(hint), style);
 }
 
 }  // namespace panelkit

@@ -4,8 +4,6 @@
 #include <string>
 #include <string_view>
 
-#include "search/hints.h"
-
 namespace panelkit {
 
 /// What kind of help a deed is.
@@ -37,16 +35,7 @@ struct CommandStyle {
 /// A text as one argument of a command.
 std::string AsArgument(std::string_view text, bool is_posix);
 
-/// What helps most.
-Deed DeedFor(const Hint& hint);
-
 /// A deed as the end of a line: the command, or what to do in a few words.
 std::string TextOf(const Deed& deed, const CommandStyle& style);
-
-/// What was seen, without what to do.
-std::string FactOf(const Hint& hint);
-
-/// Both as one line for the user.
-std::string LineOf(const Hint& hint, const CommandStyle& style);
 
 }  // namespace panelkit

@@ -38,65 +38,54 @@ std::vector<std::size_t> WithoutOffers(const FindResult& result) {
   return places;
 }
 
-// What was added to the pool under the name of the required file at a place.
-using Renamed = std::vector<std::pair<std::size_t, const Candidate*>>;
-
-void OfferRenamed(const Machine& machine, const std::string& gauges, const Renamed& renamed,
+// Offers each required file that nothing is offered for what `choose` names for its place, under
+// its own name.
+template <typename Choose>
+void OfferRenamed(const Machine& machine, const std::string& gauges, const Choose& choose,
                   FindResult& result) {
-  std::vector<std::size_t> places;
-  for (const auto& [place, candidate] : renamed) {
-    for (Offer& offer : OffersFor(result.required[place], result.pool, machine, gauges)) {
-      if (offer.candidate == candidate) result.offers[place].push_back(std::move(offer));
+  const std::vector<std::size_t> places = WithoutOffers(result);
+  for (const std::size_t place : places) {
+    const RequiredFile& required = result.required[place];
+    for (const Candidate* candidate : choose(place)) {
+      const Candidate* added = result.pool.AddAs(required, *candidate);
+      for (Offer& offer : OffersFor(required, result.pool, machine, gauges)) {
+        if (offer.candidate == added) result.offers[place].push_back(std::move(offer));
+      }
     }
-    places.push_back(place);
   }
   DropUnfit(machine, places, result);
 }
 
 // Cabinets of other names with exactly the gauges that are wanted.
-Renamed AddSameCabinets(const Text& text, FindResult& result) {
-  Renamed renamed;
-  for (const std::size_t place : WithoutOffers(result)) {
-    const RequiredFile& required = result.required[place];
-    for (const Candidate* cabinet : result.pool.WithExactlyTheGaugesOf(required)) {
-      if (result.named.contains(text.Lower(LessExtension(cabinet->name)))) continue;
-      if (const Candidate* added = result.pool.AddAs(required, *cabinet)) {
-        renamed.emplace_back(place, added);
-      }
-    }
-  }
-  return renamed;
+std::vector<const Candidate*> SameCabinets(const FindResult& result, std::size_t place,
+                                           const Text& text) {
+  auto cabinets = result.pool.WithExactlyTheGaugesOf(result.required[place]);
+  std::erase_if(cabinets, [&](const Candidate* cabinet) {
+    return result.named.contains(text.Lower(LessExtension(cabinet->name)));
+  });
+  return cabinets;
 }
 
 bool IsOneFile(const CandidatePool& pool) {
   const auto& all = pool.All();
-  return std::all_of(all.begin(), all.end(), [&](const Candidate& candidate) {
+  return !all.empty() && std::all_of(all.begin(), all.end(), [&](const Candidate& candidate) {
     return candidate.path == all.front().path && candidate.inside == all.front().inside;
   });
 }
 
-// Those that the user accepts for required files: the one of nearly the name, or else the only one
-// that there is.
-Renamed AddAccepted(const Text& text, const std::vector<std::string>& accepted,
-                    FindResult& result) {
-  Renamed renamed;
-  const bool is_one_file = !result.pool.All().empty() && IsOneFile(result.pool);
-  for (const std::size_t place : WithoutOffers(result)) {
-    const RequiredFile& required = result.required[place];
-    const bool is_accepted = std::any_of(
-        accepted.begin(), accepted.end(),
-        [&](const std::string& name) { return text.Lower(name) == text.Lower(required.name); });
-    if (!is_accepted) continue;
-    const auto& near = result.near_offers[place];
-    const Candidate* candidate = !near.empty() ? near.front().candidate
-                                 : is_one_file ? &result.pool.All().front()
-                                               : nullptr;
-    if (candidate == nullptr) continue;
-    if (const Candidate* added = result.pool.AddAs(required, *candidate)) {
-      renamed.emplace_back(place, added);
-    }
-  }
-  return renamed;
+// What the user accepts for a required file by naming it: what has nearly its name, or else the
+// only file that there is.
+std::vector<const Candidate*> Accepted(const FindResult& result, std::size_t place,
+                                       const std::vector<std::string>& accepted, const Text& text) {
+  const bool is_accepted =
+      std::any_of(accepted.begin(), accepted.end(), [&](const std::string& name) {
+        return text.Lower(name) == text.Lower(result.required[place].name);
+      });
+  if (!is_accepted) return {};
+  const auto& near = result.near_offers[place];
+  if (!near.empty()) return {near.front().candidate};
+  if (IsOneFile(result.pool)) return {&result.pool.All().front()};
+  return {};
 }
 
 void FindNearOffers(const Machine& machine, const std::string& gauges, FindResult& result) {
@@ -180,9 +169,13 @@ void FindOffers(const Machine& machine, const std::string& gauges,
     result.offers.push_back(OffersFor(required, result.pool, machine, gauges));
   }
   DropUnfit(machine, all, result);
-  OfferRenamed(machine, gauges, AddSameCabinets(machine.text, result), result);
+  const auto same = [&](std::size_t place) { return SameCabinets(result, place, machine.text); };
+  OfferRenamed(machine, gauges, same, result);
   FindNearOffers(machine, gauges, result);
-  OfferRenamed(machine, gauges, AddAccepted(machine.text, accepted, result), result);
+  const auto named = [&](std::size_t place) {
+    return Accepted(result, place, accepted, machine.text);
+  };
+  OfferRenamed(machine, gauges, named, result);
 }
 
 void InstallBest(const Machine& machine, const std::string& gauges, bool dry_run,

@@ -17,7 +17,7 @@
 
 namespace panelkit {
 
-/// A candidate that has nearly the name of a required file for which there is no offer.
+/// A candidate with a name similar to that of a required file that has no offer.
 struct NearOffer {
   const Candidate* candidate;
   Likeness likeness;
@@ -55,9 +55,9 @@ struct FindResult {
 };
 
 /// Fills in offers, near offers and contents, once a search has filled the pool: reads what would
-/// be offered for the folder `gauges`, and passes over what is no gauge. What is nearly named as
-/// one of `accepted`, names of required files, is offered under that name, or else the only file
-/// that there is.
+/// be offered for the folder `gauges`, and passes over what is no gauge. For a required file that
+/// `accepted` names, a candidate of a similar name, or the only one there is, is offered under the
+/// required name.
 void FindOffers(const Machine& machine, const std::string& gauges,
                 const std::vector<std::string>& accepted, FindResult& result);
 

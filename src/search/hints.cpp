@@ -54,7 +54,15 @@ std::string NearestEntry(const Text& text, const std::vector<std::string>& entri
   return near.empty() ? std::string() : *added[near.front().number];
 }
 
+std::string GaugesHas(const std::string& path) {
+  return "Gauges has " + std::string(FileNameOf(path));
+}
+
 }  // namespace
+
+std::string LineOf(const Hint& hint, const CommandStyle& style) {
+  return hint.fact + ": " + TextOf(hint.deed, style);
+}
 
 HintFinder::HintFinder(const Machine& machine, std::string FSPath, GaugeFolders folders,
                        const GaugeReport& report, CandidateSearch::OnProgress on_progress)
@@ -97,33 +105,34 @@ std::vector<Hint> HintFinder::HintsFor(const RequiredFile& required) const {
   return hints;
 }
 
-Hint HintFinder::NewHint(HintKind kind, const RequiredFile& required,
-                         const std::string& path) const {
-  Hint hint;
-  hint.kind = kind;
-  hint.path = path;
-  hint.place = RelativePath(path);
-  hint.required = required.name;
-  hint.is_in_gauges = IsIn(folders_.gauges, path);
-  return hint;
-}
-
 void HintFinder::AddSatisfying(const RequiredFile& required, std::vector<Hint>& hints) const {
   auto offers = OffersFor(required, pool_, machine_, folders_.gauges);
   offers.resize(std::min(offers.size(), kMostOfAKind));
   for (const Offer& offer : offers) {
     const Candidate& candidate = *offer.candidate;
-    Hint hint = NewHint(HintKind::Elsewhere, required, candidate.path);
+    const std::string& path = candidate.path;
+    const std::string name(FileNameOf(path));
+    const std::string in_the_way = offer.name_is_taken ? candidate.name : std::string();
+    Hint hint{HintKind::Elsewhere,
+              path,
+              "lies elsewhere in the simulator",
+              {DeedKind::Install, path, {}, in_the_way}};
     if (candidate.is_renamed) {
       hint.kind = HintKind::Misnamed;
-      hint.right_name = candidate.name;
-    } else if (IsIn(folders_.spare, candidate.path)) {
+      hint.fact = PlaceOf(path) + " is " + candidate.name + " under another name";
+      if (IsIn(folders_.gauges, path)) {
+        hint.deed = {DeedKind::Rename, path, candidate.name, in_the_way};
+      }
+    } else if (IsIn(folders_.spare, path)) {
       hint.kind = HintKind::InSpareGauges;
       hint.only_holds_name = !offer.has_exact_name;
-    } else if (hint.is_in_gauges) {
-      hint.kind = HintKind::Hidden;
+      hint.fact = hint.only_holds_name ? "SpareGauges has " + name + ", whose name holds this one"
+                                       : "lies in SpareGauges";
+      hint.deed = {DeedKind::Restore, name, {}, in_the_way};
+    } else if (IsIn(folders_.gauges, path)) {
+      hint = {
+          HintKind::Hidden, path, GaugesHas(path) + ", but it is hidden", {DeedKind::Unhide, path}};
     }
-    if (hint.kind != HintKind::Hidden && offer.name_is_taken) hint.in_the_way = candidate.name;
     hints.push_back(std::move(hint));
   }
 }
@@ -144,68 +153,94 @@ void HintFinder::AddInPlace(const RequiredFile& required, std::vector<Hint>& hin
   }
   const FileKind kind = KindOf(required.name);
   if (kind == FileKind::GaugeFile || kind == FileKind::Cabinet) {
-    Hint hint;
-    hint.kind = HintKind::EndingInPanel;
-    hint.required = required.name;
-    hint.right_name = LessExtension(required.name);
-    hints.push_back(std::move(hint));
+    hints.push_back({HintKind::EndingInPanel,
+                     {},
+                     "a panel names files without their ending",
+                     {DeedKind::EditPanel, {}, LessExtension(required.name)}});
   }
 }
 
 // A bitmap or a text beside a gauge is nothing that would help.
 void HintFinder::AddOtherExtension(const RequiredFile& required, const std::string& path,
                                    std::vector<Hint>& hints) const {
-  Hint hint = NewHint(HintKind::OtherExtension, required, path);
   const FileKind kind = KindOf(path);
-  hint.is_archive = kind == FileKind::Archive || kind == FileKind::Program;
   const std::string bytes = machine_.files.Read(path).bytes.value_or(std::string());
-  if (ReasonAgainstGaugeFile(bytes).empty()) {
-    hint.right_name = required.name + std::string(kGaugeFileExtension);
+  Deed deed{DeedKind::Rename, path, required.name};
+  if (kind == FileKind::Archive || kind == FileKind::Program) {
+    deed = {DeedKind::Install, path};
+  } else if (ReasonAgainstGaugeFile(bytes).empty()) {
+    deed.name += kGaugeFileExtension;
   } else if (ReasonAgainstCabinet(bytes).empty()) {
-    hint.right_name = required.name + std::string(kCabinetExtension);
+    deed.name += kCabinetExtension;
+  } else {
+    return;
   }
-  if (hint.is_archive || !hint.right_name.empty()) hints.push_back(std::move(hint));
+  hints.push_back({HintKind::OtherExtension, path,
+                   GaugesHas(path) + ", which is neither .gau nor .cab", std::move(deed)});
 }
 
 void HintFinder::AddCabinet(const RequiredFile& required, const std::string& path,
                             std::vector<Hint>& hints) const {
+  const Text& text = machine_.text;
   const std::string name(FileNameOf(path));
   const CabinetListing listing = ListCabinet(machine_, path, name);
   if (listing.fault) {
-    Hint hint = NewHint(HintKind::DamagedCabinet, required, path);
-    hint.entries = listing.entries.size();
-    hint.in_the_way = name;
-    if (!listing.entries.empty()) hint.nearest = listing.entries.back();
-    const std::string bytes = machine_.files.Read(path).bytes.value_or(std::string());
-    hint.reason = ReasonAgainstCabinet(bytes);
-    if (!hint.reason.empty()) hint.kind = HintKind::NotACabinet;
-    if (ReasonAgainstGaugeFile(bytes).empty()) {
-      hint.right_name = required.name + std::string(kGaugeFileExtension);
-    }
-    hints.push_back(std::move(hint));
+    hints.push_back(OfDamagedCabinet(required, path, listing.entries));
     return;
   }
   for (const std::string& entry : required.entries) {
-    Hint hint = NewHint(HintKind::LacksEntry, required, path);
-    hint.in_the_way = name;
-    if (NamesFile(entry)) hint.wanted = entry.substr(FilePart(entry).size() + 1);
-    hint.nearest = NearestEntry(machine_.text, listing.entries, hint.wanted);
-    const std::string nearest_gauge =
-        hint.nearest.empty() ? std::string() : WithoutXmlEnding(machine_.text, hint.nearest);
-    hint.ending_is_wrong = !nearest_gauge.empty() &&
-                           machine_.text.Lower(nearest_gauge) == machine_.text.Lower(hint.wanted);
-    if (hint.ending_is_wrong) hint.right_name = nearest_gauge + std::string(kGaugeEntryExtension);
+    Hint hint{HintKind::LacksEntry, path, GaugesHas(path), {DeedKind::LookFor, {}, {}, name}};
+    if (NamesFile(entry)) {
+      hint.wanted = entry.substr(FilePart(entry).size() + 1);
+      hint.nearest = NearestEntry(text, listing.entries, hint.wanted);
+    }
+    const std::string gauge = WithoutXmlEnding(text, hint.nearest);
+    if (hint.wanted.empty()) {
+      hint.fact += ", which holds no gauge";
+    } else if (text.Lower(gauge) == text.Lower(hint.wanted)) {
+      hint.fact += ", whose entry " + hint.nearest + " counts only with a lower-case .xml";
+      hint.deed = {DeedKind::Repack, path, gauge + std::string(kGaugeEntryExtension)};
+    } else {
+      hint.fact += ", which lacks " + hint.wanted;
+      if (!hint.nearest.empty()) hint.fact += "; its nearest entry is " + hint.nearest;
+    }
     hints.push_back(std::move(hint));
   }
 }
 
+// `entries` are those that can be read.
+Hint HintFinder::OfDamagedCabinet(const RequiredFile& required, const std::string& path,
+                                  const std::vector<std::string>& entries) const {
+  Hint hint{HintKind::DamagedCabinet,
+            path,
+            GaugesHas(path),
+            {DeedKind::LookFor, {}, {}, std::string(FileNameOf(path))}};
+  const std::string bytes = machine_.files.Read(path).bytes.value_or(std::string());
+  if (const std::string reason = ReasonAgainstCabinet(bytes); !reason.empty()) {
+    hint.kind = HintKind::NotACabinet;
+    hint.fact += "; " + reason;
+    if (ReasonAgainstGaugeFile(bytes).empty()) {
+      hint.deed = {DeedKind::Rename, path, required.name + std::string(kGaugeFileExtension)};
+    }
+  } else if (entries.empty()) {
+    hint.fact += ", which is damaged before its first entry";
+  } else {
+    hint.nearest = entries.back();
+    hint.fact += ", which is damaged behind its entry " + std::to_string(entries.size()) + ", " +
+                 hint.nearest;
+  }
+  return hint;
+}
+
 void HintFinder::AddSameEntries(const RequiredFile& required, std::vector<Hint>& hints) const {
-  const std::string name = required.name + std::string(kCabinetExtension);
   for (const Candidate* cabinet : pool_.WithExactlyTheGaugesOf(required)) {
     if (named_.contains(machine_.text.Lower(LessExtension(cabinet->name)))) continue;
-    Hint hint = NewHint(HintKind::SameEntries, required, cabinet->path);
-    hint.in_the_way = InTheWay(name);
-    hints.push_back(std::move(hint));
+    const std::string in_the_way = InTheWay(required.name + std::string(kCabinetExtension));
+    hints.push_back(
+        {HintKind::SameEntries,
+         cabinet->path,
+         PlaceOf(cabinet->path) + " holds exactly the gauges that are missing, under another name",
+         {DeedKind::Install, cabinet->path, {}, in_the_way}});
     return;
   }
 }
@@ -218,12 +253,13 @@ void HintFinder::AddNearNames(const RequiredFile& required, std::vector<Hint>& h
                         [&](const Hint& hint) { return hint.path == candidate.path; });
   };
   for (const auto& [number, likeness] : near_names_.LikeThis(required.name, would_help)) {
-    const Candidate& candidate = *near_candidates_[number];
-    Hint hint = NewHint(HintKind::NearName, required, candidate.path);
-    hint.likeness = likeness;
-    const std::string& name = candidate.name;
-    hint.in_the_way = InTheWay(required.name + name.substr(name.size() - kExtensionLength));
-    hints.push_back(std::move(hint));
+    const std::string& name = near_candidates_[number]->name;
+    const std::string& path = near_candidates_[number]->path;
+    const std::string right_name = required.name + name.substr(name.size() - kExtensionLength);
+    hints.push_back({HintKind::NearName,
+                     path,
+                     PlaceOf(path) + " differs from the required name " + DifferenceText(likeness),
+                     {DeedKind::Install, path, required.name, InTheWay(right_name)}});
   }
 }
 
@@ -238,7 +274,8 @@ bool HintFinder::IsIn(const std::string& folder, const std::string& path) const 
          Comparable(machine_.text, folder);
 }
 
-std::string HintFinder::RelativePath(const std::string& path) const {
+// The path as it is told.
+std::string HintFinder::PlaceOf(const std::string& path) const {
   if (IsIn(folders_.spare, path)) return "SpareGauges\\" + std::string(FileNameOf(path));
   return path.starts_with(FSPath_ + "\\") ? path.substr(FSPath_.size() + 1) : path;
 }

@@ -11,6 +11,7 @@
 #include "platform/machine.h"
 #include "search/candidate_pool.h"
 #include "search/candidate_search.h"
+#include "search/deeds.h"
 #include "search/near_name.h"
 #include "search/required_files.h"
 
@@ -31,27 +32,20 @@ enum class HintKind {
   NearName,        ///< A gauge file or cabinet has nearly the required name.
 };
 
-/// One fact.
+/// One fact, and what to do about it.
 struct Hint {
   HintKind kind = HintKind::Elsewhere;
-  std::string path = {};      ///< Windows path of the file that was seen; empty of EndingInPanel.
-  std::string place = {};     ///< The same as it is told: below the simulator's folder.
-  std::string required = {};  ///< The required file.
-  std::string wanted = {};    ///< LacksEntry: the gauge; empty if the panel names the file alone.
-  /// Misnamed, OtherExtension: the file name that it should have. NotACabinet: that too, if it has
-  /// one. EndingInPanel: what the panel should say.
-  std::string right_name = {};
+  std::string path = {};     ///< Windows path of the file that was seen; empty of EndingInPanel.
+  std::string fact = {};     ///< What was seen, as the beginning of a line.
+  Deed deed = {};            ///< What helps most.
+  std::string wanted = {};   ///< LacksEntry: the gauge; empty if the panel names the file alone.
   std::string nearest = {};  ///< LacksEntry: the entry most like it. DamagedCabinet: the last that
                              ///< can be read. Empty if there is none.
-  std::string reason = {};   ///< NotACabinet, DamagedCabinet without entries: what it is instead.
-  std::size_t entries = 0;   ///< DamagedCabinet: how many can be read.
-  bool ending_is_wrong = false;  ///< LacksEntry: `nearest` is the gauge, but not with ".xml".
-  bool is_archive = false;       ///< OtherExtension: it may hold the file.
-  bool is_in_gauges = false;     ///< The file lies in Gauges itself.
   bool only_holds_name = false;  ///< InSpareGauges: its own name is a longer one.
-  std::string in_the_way = {};   ///< What Gauges has under the name that the file would get there.
-  Likeness likeness = Likeness::Separators;  ///< NearName.
 };
+
+/// A hint as one line for the user.
+std::string LineOf(const Hint& hint, const CommandStyle& style);
 
 /// Answers for one state of the disk, which it reads when it is made.
 class HintFinder {
@@ -72,18 +66,19 @@ class HintFinder {
   };
 
   void ReadGauges();
-  Hint NewHint(HintKind kind, const RequiredFile& required, const std::string& path) const;
   void AddSatisfying(const RequiredFile& required, std::vector<Hint>& hints) const;
   void AddInPlace(const RequiredFile& required, std::vector<Hint>& hints) const;
   void AddOtherExtension(const RequiredFile& required, const std::string& path,
                          std::vector<Hint>& hints) const;
   void AddCabinet(const RequiredFile& required, const std::string& path,
                   std::vector<Hint>& hints) const;
+  Hint OfDamagedCabinet(const RequiredFile& required, const std::string& path,
+                        const std::vector<std::string>& entries) const;
   void AddSameEntries(const RequiredFile& required, std::vector<Hint>& hints) const;
   void AddNearNames(const RequiredFile& required, std::vector<Hint>& hints) const;
   std::string InTheWay(const std::string& name) const;
   bool IsIn(const std::string& folder, const std::string& path) const;
-  std::string RelativePath(const std::string& path) const;
+  std::string PlaceOf(const std::string& path) const;
 
   const Machine& machine_;
   std::string FSPath_;

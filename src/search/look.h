@@ -33,15 +33,15 @@ std::size_t CountOfFound(const FindResult& found);
 /// For how many something is, or would be, installed.
 std::size_t CountOfHelped(const FindResult& found);
 
-/// An offer for `required`, as one line for the user: where it lies on this machine, how large and
-/// old it is, and in what it is not the file that is asked for.
+/// An offer for `required`, as one line for the user: where it lies on this machine, its size and
+/// date, and how it differs from the file that is asked for.
 std::string OfferText(const Machine& machine, const RequiredFile& required, const Offer& offer);
 
 /// For which aircraft a candidate was installed, and why not another one: " for Alpha, Beta (the
 /// newest of 2 with that name)".
 std::string PurposeText(const InstalledFile& file);
 
-/// What nearly has the name of `required`, and how it is installed all the same.
+/// A candidate with a name similar to that of `required`, and the command that installs it.
 std::string NearText(const Machine& machine, const CommandStyle& style,
                      const RequiredFile& required, const NearOffer& near);
 

@@ -28,8 +28,7 @@ enum class Likeness {
 /// A likeness as the end of a sentence that begins "differs".
 std::string DifferenceText(Likeness likeness);
 
-/// Many names, of which those like a given one are found without a closer look at all others. Case
-/// is ignored.
+/// Many names, with a quick search for those like a given one. Case is ignored.
 class NearNames {
  public:
   /// A name by its number, in the order of adding from 0.

@@ -222,6 +222,8 @@ tar -C "$work/panel" -czf "$people/dot.tgz" .
   7z a -m0=BZip2 "$people/bzip2.7z" . && 7z a "$people/lzma.7z" . && 7z a -sfx "$people/7z.exe" .) >/dev/null || fail '7z'
 head -c 100 "$people/lzma.7z" >"$people/cut.7z"
 xz -c "$work/panel/Étoile_Dépression.gau" | head -c 60 >"$people/cut.tar.xz"
+touch "$work/panel/Display.xml" "$work/panel/Control.xml"
+(cd "$work/panel" && gcab -c "$people/Corvane_TCAS.cab" Display.xml Control.xml Étoile_Dépression.gau) || fail gcab
 genisoimage -quiet -J -o "$people/disk.iso" "$work/panel" || fail 'genisoimage'
 for case in 'dos.zip|> panel\Étoile_Dépression.gau  (' 'unix.zip|> panel\Étoile_Dépression.gau  (' \
   'ansi.zip|.gau  (' 'setup.exe|> panel\Étoile_Dépression.gau  (' 'plain.exe|Not found' 'cut.zip|: it is cut off' \
@@ -230,7 +232,7 @@ for case in 'dos.zip|> panel\Étoile_Dépression.gau  (' 'unix.zip|> panel\Étoi
   'dot.tgz|> Étoile_Dépression.gau  (' 'deflate64.zip|: it is packed by a method that cannot be read here' \
   'deflate64.7z|: it is packed by a method that cannot be read here' \
   'locked.zip|: it is encrypted' 'bzip2.7z|> Étoile_Dépression.gau  (' 'lzma.7z|> Étoile_Dépression.gau  (' \
-  'disk.iso|> Étoile_Dépression.gau  (' 'Étoile_Dépression (1).gau|, as Étoile_Dépression.gau' \
+  'Corvane_TCAS.cab|> Étoile_Dépression.gau  (' 'disk.iso|> Étoile_Dépression.gau  (' 'Étoile_Dépression (1).gau|, as Étoile_Dépression.gau' \
   'Copy of Étoile_Dépression.gau|, as Étoile_Dépression.gau' 'étoile_dépression.GAU.txt|, as étoile_dépression.GAU' \
   '*(1).gau|, as Étoile_Dépression.gau' 'notes.txt|: by its name it is no gauge' \
   'empty|: it is empty, and no gauge' 'page|: it is a web page, and no gauge' 'text|: it is a text, and no gauge' \
