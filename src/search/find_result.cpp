@@ -120,41 +120,38 @@ void FindNearOffers(const Machine& machine, const std::string& gauges, FindResul
   }
 }
 
+// Adds the aircraft whose missing entries the offer has.
+void AddAircraft(const RequiredFile& required, const Offer& offer, InstalledFile& file) {
+  for (std::size_t i = 0; i < required.entries.size(); ++i) {
+    if (std::find(offer.entries.begin(), offer.entries.end(), required.entries[i]) ==
+        offer.entries.end()) {
+      continue;
+    }
+    for (const std::string& name : required.aircraft[i]) {
+      auto& all = file.aircraft;
+      if (std::find(all.begin(), all.end(), name) == all.end()) all.push_back(name);
+    }
+  }
+}
+
 // What the installed candidate fills, and what it was chosen from.
 InstalledFile Described(const Candidate& candidate, const FindResult& result, const Text& text) {
   InstalledFile file{&candidate, {}};
-  std::set<std::uint64_t> others;
-  std::optional<Advantage> advantage;
-  const std::uint64_t content = result.contents.at(&candidate);
+  std::set<std::uint64_t> contents{result.contents.at(&candidate)};
   for (std::size_t place = 0; place < result.required.size(); ++place) {
-    const RequiredFile& required = result.required[place];
     const auto& offers = result.offers[place];
     const auto own = std::find_if(offers.begin(), offers.end(), [&](const Offer& offer) {
       return offer.candidate == &candidate;
     });
     if (own == offers.end()) continue;
-    for (std::size_t i = 0; i < required.entries.size(); ++i) {
-      const std::string& entry = required.entries[i];
-      if (std::find(own->entries.begin(), own->entries.end(), entry) == own->entries.end())
-        continue;
-      for (const std::string& name : required.aircraft[i]) {
-        if (std::find(file.aircraft.begin(), file.aircraft.end(), name) == file.aircraft.end()) {
-          file.aircraft.push_back(name);
-        }
-      }
-    }
+    AddAircraft(result.required[place], *own, file);
     for (auto offer = offers.begin(); offer != offers.end(); ++offer) {
-      const std::uint64_t other = result.contents.at(offer->candidate);
-      if (other == content || text.Lower(offer->candidate->name) != text.Lower(candidate.name)) {
-        continue;
-      }
-      if (others.insert(other).second && offer > own && !advantage) {
-        advantage = AdvantageOver(*own, *offer);
-      }
+      if (text.Lower(offer->candidate->name) != text.Lower(candidate.name)) continue;
+      const bool is_new = contents.insert(result.contents.at(offer->candidate)).second;
+      if (is_new && offer > own && !file.advantage) file.advantage = AdvantageOver(*own, *offer);
     }
   }
-  file.others = others.size();
-  file.advantage = advantage.value_or(Advantage::FirstMet);
+  file.others = contents.size() - 1;
   return file;
 }
 
@@ -212,7 +209,7 @@ std::string FaultText(InstallFault fault) {
 std::string ChoiceText(const InstalledFile& file) {
   if (file.others == 0) return {};
   const std::string of_all = " of " + std::to_string(file.others + 1) + " with that name";
-  switch (file.advantage) {
+  switch (file.advantage.value_or(Advantage::FirstMet)) {
     case Advantage::ExactName:
     case Advantage::NotRenamed:
       return "the one" + of_all + " that was not renamed";

@@ -28,9 +28,8 @@ struct NearOffer {
 struct InstalledFile {
   const Candidate* candidate;
   std::vector<std::string> aircraft;  ///< Whose missing gauges it has, each once.
-  std::size_t others =
-      0;  ///< Candidates of the same name with other contents, which were not taken.
-  Advantage advantage = Advantage::FirstMet;  ///< Why it was taken and not the best of them.
+  std::size_t others = 0;  ///< Candidates of its name with other contents, which were not taken.
+  std::optional<Advantage> advantage = {};  ///< Why it was taken and not the best of them.
 };
 
 /// Pointers lead into `pool`.

@@ -1,6 +1,7 @@
 #include "search/offers.h"
 
 #include <algorithm>
+#include <map>
 #include <set>
 #include <tuple>
 
@@ -58,34 +59,25 @@ Advantage AdvantageOver(const Offer& a, const Offer& b) {
 void ForEachChoice(const std::vector<RequiredFile>& required,
                    const std::vector<std::vector<Offer>>& all_offers, const Text& text,
                    const std::function<bool(const Candidate&)>& take) {
-  std::set<const Candidate*> taken;
-  std::set<const Candidate*> refused;
-  std::set<std::string> names;  // Of the taken ones, lowered.
+  std::map<const Candidate*, bool> tried;  // Whether it was taken.
+  std::set<std::string> names;             // Of the taken ones, lowered.
   for (std::size_t i = 0; i < required.size(); ++i) {
-    const std::vector<Offer>& offers = all_offers[i];
     std::set<std::string_view> open(required[i].entries.begin(), required[i].entries.end());
-    const auto satisfies_open = [&open](const Offer& offer) {
-      return std::any_of(offer.entries.begin(), offer.entries.end(),
-                         [&open](std::string_view entry) { return open.contains(entry); });
-    };
     const auto close = [&open](const Offer& offer) {
       for (const std::string_view entry : offer.entries) open.erase(entry);
     };
-    for (const Offer& offer : offers) {
-      if (taken.contains(offer.candidate)) close(offer);
+    for (const Offer& offer : all_offers[i]) {
+      const auto known = tried.find(offer.candidate);
+      if (known != tried.end() && known->second) close(offer);
     }
-    for (const Offer& offer : offers) {
-      const Candidate& candidate = *offer.candidate;
-      const std::string name = text.Lower(candidate.name);
-      if (!satisfies_open(offer) || names.contains(name) || refused.contains(&candidate) ||
-          offer.name_is_taken) {
-        continue;
-      }
-      if (!take(candidate)) {
-        refused.insert(&candidate);
-        continue;
-      }
-      taken.insert(&candidate);
+    for (const Offer& offer : all_offers[i]) {
+      const std::string name = text.Lower(offer.candidate->name);
+      const bool helps = std::any_of(offer.entries.begin(), offer.entries.end(),
+                                     [&](std::string_view entry) { return open.contains(entry); });
+      if (!helps || offer.name_is_taken || names.contains(name)) continue;
+      const auto [known, is_new] = tried.try_emplace(offer.candidate, false);
+      if (!is_new || !take(*offer.candidate)) continue;
+      known->second = true;
       names.insert(name);
       close(offer);
     }
