@@ -1,6 +1,7 @@
 # What run and run-32bit share; sourced. They set:
 #   place  the command that precedes every program of the system that Wine runs on (none, or a chroot)
 #   wine   Wine's loader, as that system names it
+#   build  the folder with the build "test" for Linux
 
 here=$PWD/tests/platform/windows
 work=$(mktemp -d)
@@ -32,6 +33,26 @@ start_wine() {
     /v Path /d 'C:\Program Files\Microsoft Games\FS2002' /reg:32 >/dev/null
   # In the session that makes a prefix, later programs wait in vain for a service.
   end_session
+}
+
+# test_all TESTS SHIPPED: everything, with the tests of one build and the programs of another. Gives 77 where the
+# installer cannot be made.
+test_all() {
+  say 'Unit tests'
+  unit_tests "$1"
+  say 'The check kit: the tests of files, services and the window'
+  check_kit "$1"
+  say 'The console companion, against the Linux one over the same files'
+  compare_consoles "$build/test/src/console/panelkit-console" "$2/src/console/panelkit-console.exe"
+  say 'The console companion, killed'
+  kill_test "$1"
+  say 'The installer'
+  if ! command -v makensis >/dev/null; then
+    say 'NSIS is not installed here, so the installer was not tested'
+    return 77
+  fi
+  (cd "$2" && cpack -G NSIS -B "$work/packages" >/dev/null)
+  installer_test "$work"/packages/panelkit-*.exe
 }
 
 # unit_tests BUILD: the test programs that are not in the check kit, and what the kit leaves out so that it changes
