@@ -93,7 +93,7 @@ class Source {
   /// The next bytes, none at the end; nullopt on failure.
   std::optional<std::string_view> Next() {
     at_block_();
-    stream_.read(buffer_.data(), std::min<la_int64_t>(Size() - position_, buffer_.size()));
+    stream_.read(buffer_.data(), std::min(Size() - position_, kBlock));
     if (stream_.bad()) return std::nullopt;
     position_ += stream_.gcount();
     return std::string_view(buffer_.data(), static_cast<std::size_t>(stream_.gcount()));
@@ -107,12 +107,14 @@ class Source {
   }
 
  private:
+  static constexpr la_int64_t kBlock = 65536;
+
   std::istream& stream_;
   std::function<void()> at_block_;
   la_int64_t begin_ = 0;  // In the stream.
   la_int64_t end_ = 0;
   la_int64_t position_ = 0;  // From `begin_` on.
-  std::array<char, 65536> buffer_{};
+  std::array<char, kBlock> buffer_{};
 };
 
 la_ssize_t ReadSource(archive*, void* address, const void** bytes) {
