@@ -112,24 +112,32 @@ def print_rows(rows, reference):
         print(f"| {row.name} | {row.times()} | {peak} | {ratios} | {growth} |", flush=True)
 
 
+def print_waits(title, window, console):
+    took, clicks, repaints = zip(*window.output)
+    print(f"\n| {title} | Best | Median | Worst |\n|---|--:|--:|--:|")
+    for name, values in (("ms", took), ("to the console's time, best to best",
+                                        [ms / 1000 / console.best() for ms in took]),
+                         ("longest wait of a click, ms", clicks),
+                         ("longest time between two repaints, ms", repaints)):
+        print(f"| {name} | {min(values):.2f} | {statistics.median(values):.2f} | "
+              f"{max(values):.2f} |")
+
+
 def measure_window():
     console = Row("probe in the console", "reference", [CONSOLE, "probe"])
     probe = Row("probe in the window", "reference", [WINDOW, "probe"])
+    places = [FOLDER / name for name in ("files", "archives", "long")]
+    find = Row("find in the console", "reference", [CONSOLE, "find", *places])
+    search = Row("search in the window", "reference", [WINDOW, "search", *places])
     start = Row("Panelkit", "reference", [WINDOW, "start"])
     copy = FOLDER / "welcome.htm"
     copy.write_bytes((FOLDER / "GAUGES.HTM").read_bytes())
     empty = Row("An empty WebKitGTK window", "reference", [WINDOW, "empty"])
     welcome = Row("The same window with our welcome page", "reference",
                   [WINDOW, "empty", copy.as_uri()])
-    run_in_turns([console, probe, start, empty, welcome])
-    probes, clicks, repaints = zip(*probe.output)
-    print("\n| Probe in the window | Best | Median | Worst |\n|---|--:|--:|--:|")
-    for name, values in (("ms", probes), ("to the console's time, best to best",
-                                          [ms / 1000 / console.best() for ms in probes]),
-                         ("longest wait of a click, ms", clicks),
-                         ("longest time between two repaints, ms", repaints)):
-        print(f"| {name} | {min(values):.2f} | {statistics.median(values):.2f} | "
-              f"{max(values):.2f} |")
+    run_in_turns([console, probe, find, search, start, empty, welcome])
+    print_waits("Probe in the window", probe, console)
+    print_waits("Search in the window, with its probe", search, find)
     print("\n| From start to the page shown | Best ms | Median ms | CPU ms |\n|---|--:|--:|--:|")
     for row in (empty, welcome, start):
         print(f"| {row.name} | {row.times()} |")

@@ -1,12 +1,14 @@
 """Measures the search for gauges against what only lists the same files, and prints a table.
 Arguments: a folder with panelkit-console and the simulators `reference` and `missing`, the number of runs."""
 
+import io
 import os
 import pathlib
 import random
 import statistics
 import subprocess
 import sys
+import tarfile
 import time
 import zipfile
 
@@ -14,6 +16,7 @@ FOLDER = pathlib.Path(sys.argv[1])
 RUNS = int(sys.argv[2])
 FILES = FOLDER / "files"
 ARCHIVES = FOLDER / "archives"
+LONG = FOLDER / "long"
 EMPTY = FOLDER / "empty"
 ENVIRONMENT = dict(os.environ, WINEPREFIX=str(FOLDER / "reference"))
 MISSING = dict(os.environ, WINEPREFIX=str(FOLDER / "missing"))
@@ -36,6 +39,16 @@ def write_archives():
             for entry in range(32):
                 ending = "gau" if entry < 2 else "bmp"
                 archive.writestr(f"panel/{number}_{entry}.{ending}", noise.randbytes(512 * 1024))
+
+
+def write_long_entry():
+    """A gauge behind an entry of 256 MiB, which has to be unpacked on the way."""
+    LONG.mkdir()
+    with tarfile.open(LONG / "long.tar.gz", "w:gz", compresslevel=1) as archive:
+        for name, size in (("picture.bmp", 256 * 1024 * 1024), ("last.gau", 1024)):
+            entry = tarfile.TarInfo(name)
+            entry.size = size
+            archive.addfile(entry, io.BytesIO(random.Random(1).randbytes(1024) * (size // 1024)))
 
 
 def seconds(command, environment=ENVIRONMENT):
@@ -70,6 +83,7 @@ def main():
     EMPTY.mkdir()
     write_files()
     write_archives()
+    write_long_entry()
     print("\n| find, less its probe | Best ms | Median ms | Yardstick: best ms | median ms | Best to best |"
           "\n|---|--:|--:|--:|--:|--:|")
     console = FOLDER / "panelkit-console"

@@ -1,7 +1,8 @@
 // Measures the window. "start" ends when the program has started and its welcome page is shown;
 // "empty" when a WebKitGTK window with nothing else in it has started and shows a few letters, or
-// the page at URI. "probe" runs Probe For Missing Gauges in the window and prints, in milliseconds,
-// how long it took, how long a click waited at most meanwhile, and how long a repaint.
+// the page at URI. "probe" runs Probe For Missing Gauges in the window, "search" that and a search
+// in PLACES, and prints, in milliseconds, how long it took, how long a click waited at most
+// meanwhile, and how long a repaint.
 #include <gtk/gtk.h>
 #include <webkit2/webkit2.h>
 
@@ -10,8 +11,10 @@
 #include <cstdlib>
 #include <functional>
 #include <memory>
+#include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "app/frm_gauges.h"
 #include "platform/gtk/gtk_event_loop.h"
@@ -73,7 +76,7 @@ class Gap {
   double longest_ = 0;
 };
 
-[[noreturn]] void Probe(frmGauges& program) {
+[[noreturn]] void Measure(const std::function<void()>& work) {
   Gap clicks;
   Gap repaints;
   // As urgent as a click, and due all the time.
@@ -89,7 +92,7 @@ class Gap {
   const double start = Milliseconds();
   clicks.Start();
   repaints.Start();
-  program.menProbe_Click();
+  work();
   clicks.Note();
   repaints.Note();
   (void)std::printf("%.1f %.1f %.1f\n", Milliseconds() - start, clicks.Longest(),
@@ -98,21 +101,25 @@ class Gap {
   std::_Exit(EXIT_SUCCESS);
 }
 
-[[noreturn]] void RunProgram(bool probe) {
+[[noreturn]] void RunProgram(std::string_view what, std::vector<std::string> places) {
   const auto machine = OpenLocalMachine([](const Machine& candidate) {
     return !FindSimulator(candidate.registry, candidate.text).empty();
   });
   const auto toolkit = GtkToolkit::Open(*machine);
   if (!toolkit) std::exit(EXIT_FAILURE);
+  machine->Services().archives.WhileReading([&] { toolkit->Loop().ProcessPending(); });
+  for (std::string& place : places) place = machine->WindowsPath(place);
   frmGauges program(*toolkit, machine->Services());
   program.Show();
   WebKitWebView* pane = nullptr;
   FindPane(MainWindow(), &pane);
   const auto alive = std::make_shared<int>();
   WhenShown(pane, [&] {
-    if (!probe) std::_Exit(EXIT_SUCCESS);
+    if (what == "start") std::_Exit(EXIT_SUCCESS);
     // As a click would, not inside the pane's own turn.
-    PostToLoop(alive, [&] { Probe(program); });
+    PostToLoop(alive, [&] {
+      Measure([&] { what == "probe" ? program.menProbe_Click() : program.FindIn(places); });
+    });
   });
   RunEventLoop(*toolkit);
 }
@@ -140,7 +147,9 @@ class Gap {
 int main(int argc, char** argv) {
   const std::string_view what = argc > 1 ? argv[1] : "";
   if (what == "empty") panelkit::bench::ShowEmptyWindow(argc > 2 ? argv[2] : nullptr);
-  if (what == "start" || what == "probe") panelkit::bench::RunProgram(what == "probe");
-  (void)std::fputs("usage: bench_window start | probe | empty [URI]\n", stderr);
+  if (what == "start" || what == "probe" || what == "search") {
+    panelkit::bench::RunProgram(what, {argv + 2, argv + argc});
+  }
+  (void)std::fputs("usage: bench_window start | probe | search PLACES | empty [URI]\n", stderr);
   return EXIT_FAILURE;
 }

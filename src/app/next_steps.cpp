@@ -8,7 +8,6 @@
 #include "cabinet/mod_gauges.h"
 #include "gauges/doubtful_entries.h"
 #include "pages/found_page.h"
-#include "pages/hints_page.h"
 #include "pages/restored_page.h"
 #include "pages/status_text.h"
 #include "pages/strip_text.h"
@@ -209,9 +208,14 @@ GaugeFolders NextSteps::Folders() const {
   return FoldersOf(program_.GetFSPath(), machine_.files.AppFolder());
 }
 
-HintFinder NextSteps::Hints() {
-  return {machine_, program_.GetFSPath(), Folders(), *program_.Report(),
-          [this](const SearchProgress&) { return !keep_answering_(); }};
+HintsOf NextSteps::Hints() {
+  const auto finder = std::make_shared<const HintFinder>(
+      machine_, program_.GetFSPath(), Folders(), *program_.Report(),
+      [this](const SearchProgress&) { return !keep_answering_(); });
+  return [this, finder](const RequiredFile& required) {
+    keep_answering_();
+    return finder->HintsFor(required);
+  };
 }
 
 // As commands of the console that go on with this simulator.

@@ -8,6 +8,7 @@
 
 #include "app/status_line.h"
 #include "gauges/gauge_mover.h"
+#include "pages/hints_page.h"
 #include "platform/machine.h"
 #include "platform/toolkit.h"
 #include "search/hints.h"
@@ -57,7 +58,7 @@ class NextSteps {
   void TakeThemOut(const std::vector<WrittenFile>& written);
   void ChooseSimulator();
   GaugeFolders Folders() const;
-  HintFinder Hints();
+  HintsOf Hints();
   CommandStyle Style() const;
 
   frmGauges& program_;

@@ -48,13 +48,13 @@ void AddOffers(const Machine& machine, const FindResult& result, std::size_t pla
 }
 
 void AddNotFound(const Machine& machine, const FindResult& result, std::size_t place,
-                 const HintFinder& hints, const CommandStyle& style, ShownPage& page) {
+                 const HintsOf& hints, const CommandStyle& style, ShownPage& page) {
   const RequiredFile& required = result.required[place];
   page.Line("    not found");
   for (const NearOffer& near : result.near_offers[place]) {
     page.Line("    " + NearText(machine, style, required, near));
   }
-  for (const Hint& hint : hints.HintsFor(required)) page.Line("    " + LineOf(hint, style));
+  for (const Hint& hint : hints(required)) page.Line("    " + LineOf(hint, style));
 }
 
 void AddPassedOver(const Machine& machine, const std::vector<PassedOver>& passed_over,
@@ -71,7 +71,7 @@ void AddPassedOver(const Machine& machine, const std::vector<PassedOver>& passed
 
 }  // namespace
 
-std::string FoundPage(const Machine& machine, const Look& look, const HintFinder& hints,
+std::string FoundPage(const Machine& machine, const Look& look, const HintsOf& hints,
                       const CommandStyle& style) {
   const FindResult& result = look.found;
   ShownPage page(result.still_required ? "GAUGES COPIED" : "SEARCH FOR MISSING GAUGES");

@@ -3,16 +3,16 @@
 
 #include <string>
 
-#include "search/hints.h"
+#include "pages/hints_page.h"
 #include "search/look.h"
 #include "search/written_files.h"
 
 namespace panelkit {
 
 /// Each required file with what is, or would be, installed for it and from where, what else was
-/// found, or what is nearly it and what `hints` knows; then what was passed over, and after an
+/// found, or what is nearly it and its `hints`; then what was passed over, and after an
 /// installation what is still missing. Commands are written in `style`.
-std::string FoundPage(const Machine& machine, const Look& look, const HintFinder& hints,
+std::string FoundPage(const Machine& machine, const Look& look, const HintsOf& hints,
                       const CommandStyle& style);
 
 /// The sentence that says what a search has come to.

@@ -27,7 +27,7 @@ std::string AskedForBy(const RequiredFile& file) {
 
 }  // namespace
 
-std::string HintsPage(const GaugeReport& report, const HintFinder& hints, const CommandStyle& style,
+std::string HintsPage(const GaugeReport& report, const HintsOf& hints, const CommandStyle& style,
                       const std::vector<DoubtfulEntry>& doubtful) {
   ShownPage page("WHY GAUGES ARE MISSING");
   page.BoldLine(MissingText(report.names.size()));
@@ -35,7 +35,7 @@ std::string HintsPage(const GaugeReport& report, const HintFinder& hints, const 
     page.Line("");
     page.BoldLine(file.name);
     page.Line(AskedForBy(file));
-    const auto found = hints.HintsFor(file);
+    const auto found = hints(file);
     for (const Hint& hint : found) page.Line("    " + LineOf(hint, style));
     if (found.empty()) page.Line("    nothing like it was seen on this machine");
   }

@@ -1,6 +1,7 @@
 // The page that tells why gauges are missing.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -10,10 +11,13 @@
 
 namespace panelkit {
 
+/// What HintFinder::HintsFor tells of a file.
+using HintsOf = std::function<std::vector<Hint>(const RequiredFile& required)>;
+
 /// Each file that `report`, of a probe or of all gauges, names as missing, with the aircraft that
-/// ask for it and what `hints` knows, with commands in `style`; then the entries that are
+/// ask for it and its `hints`, with commands in `style`; then the entries that are
 /// `doubtful`, and what the report does not read.
-std::string HintsPage(const GaugeReport& report, const HintFinder& hints, const CommandStyle& style,
+std::string HintsPage(const GaugeReport& report, const HintsOf& hints, const CommandStyle& style,
                       const std::vector<DoubtfulEntry>& doubtful);
 
 }  // namespace panelkit

@@ -15,7 +15,8 @@ GtkStrip::GtkStrip(GtkWidget* pane)
   gtk_label_set_xalign(label, 0);
   gtk_label_set_line_wrap(label, TRUE);
   gtk_label_set_lines(label, kMostLines);
-  gtk_label_set_ellipsize(label, PANGO_ELLIPSIZE_END);  // A long one must not widen the window.
+  gtk_label_set_ellipsize(label, PANGO_ELLIPSIZE_END);
+  gtk_label_set_max_width_chars(label, 1);  // It takes what there is; none widens the window.
   gtk_box_pack_start(GTK_BOX(gtk_info_bar_get_content_area(bar)), sentence_, TRUE, TRUE, 0);
   gtk_orientable_set_orientation(GTK_ORIENTABLE(gtk_info_bar_get_action_area(bar)),
                                  GTK_ORIENTATION_HORIZONTAL);

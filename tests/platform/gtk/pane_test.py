@@ -5,10 +5,30 @@ import http.server
 import pathlib
 import shutil
 import socket
+import subprocess
+import sys
 import threading
 
 from window_case import PICTURES, WindowCase, run_tests, words
 from window_driver import run, wait
+
+
+# A window from which its argument, an address, can be dragged.
+DRAG_SOURCE = """
+import sys
+import gi
+gi.require_version("Gdk", "3.0")
+gi.require_version("Gtk", "3.0")
+from gi.repository import Gdk, Gtk
+window = Gtk.Window(title="Drag from here", default_width=120, default_height=120)
+box = Gtk.EventBox()
+box.drag_source_set(Gdk.ModifierType.BUTTON1_MASK, [], Gdk.DragAction.COPY)
+box.drag_source_add_uri_targets()
+box.connect("drag-data-get", lambda box, context, data, *_: data.set_uris(sys.argv[1:]))
+window.add(box)
+window.show_all()
+Gtk.main()
+"""
 
 
 class PaneTest(WindowCase):
@@ -44,6 +64,25 @@ class PaneTest(WindowCase):
         program.press("Escape")
         wait(lambda: program.has_gone("info bar"), "the whole pane")
         self.assertFalse(program.greyed())
+
+    def test_a_folder_dragged_onto_the_page_is_searched_and_the_pane_does_not_go_there(self):
+        program = self.start()
+        folder = self.root / "prefix" / "drive_c" / "Downloads"
+        source = subprocess.Popen([sys.executable, "-c", DRAG_SOURCE, folder.as_uri()])
+        self.addCleanup(source.wait)
+        self.addCleanup(source.kill)
+        wait(lambda: run("xdotool", "search", "--name", "^Drag from here$"), "the other window")
+        run("xdotool", "search", "--name", "^Drag from here$", "windowmove", "--sync", "0", "0")
+        page = program.place("document web")
+        self.assertGreater(page.x, 150)  # Beside the other window.
+        run("xdotool", "mousemove", "60", "60", "mousedown", "1")
+        for step in range(1, 11):
+            run("xdotool", "mousemove", str(60 + (page.x + 100 - 60) * step // 10),
+                str(60 + (page.y + 100 - 60) * step // 10))
+        run("xdotool", "mouseup", "1")
+        program.wait_for_page("SEARCH FOR MISSING GAUGES")
+        wait(lambda: program.named("info bar", "9 of the 13 can be copied to Gauges."), "the offer")
+        self.assertIn("SEARCH FOR MISSING GAUGES", program.pane())
 
     def serve(self):
         """A site that redirects /site and then refreshes to a page with scripts."""

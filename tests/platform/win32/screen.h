@@ -37,6 +37,14 @@ struct Screen {
     });
   }
 
+  /// The strip below the pane; null while it is hidden.
+  HWND Strip() const { return FindWindowExW(window, nullptr, L"PanelkitStrip", nullptr); }
+
+  /// Whether the strip comes to say this.
+  bool Says(const std::string& text) {
+    return Until([&] { return Strip() != nullptr && WindowText(Strip()) == text; });
+  }
+
   /// Picks an entry of a menu on the bar as a mouse click would.
   void Pick(int menu, int entry) const {
     PostMessageW(window, WM_COMMAND, GetMenuItemID(GetSubMenu(GetMenu(window), menu), entry), 0);

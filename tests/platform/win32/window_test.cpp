@@ -62,6 +62,24 @@ HGLOBAL DropOf(const std::string& path) {
   return drop;
 }
 
+/// The user at the folder chooser: types this folder and presses OK or, where it is empty, Cancel.
+std::string typed;
+bool was_asked = false;
+void CALLBACK AnswerChooser(HWND, UINT, UINT_PTR, DWORD) {
+  const HWND dialog = FindWindowW(L"#32770", L"Look for the missing gauges in these folders");
+  if (!IsWindowVisible(dialog)) return;
+  was_asked = true;
+  const auto type_in = +[](HWND child, LPARAM) -> BOOL {
+    wchar_t kind[8] = {};
+    GetClassNameW(child, kind, 8);
+    const bool is_edit = std::wstring_view(kind) == L"Edit";
+    if (is_edit) SetWindowTextW(child, windows::Wide(typed).c_str());
+    return !is_edit;
+  };
+  if (!typed.empty()) EnumChildWindows(dialog, type_in, 0);
+  PostMessageW(dialog, WM_COMMAND, typed.empty() ? IDCANCEL : IDOK, 0);
+}
+
 /// Goes where a link in the page would go.
 void Follow(IWebBrowser2& control, const wchar_t* address) {
   BSTR text = SysAllocString(address);
@@ -235,34 +253,48 @@ TEST_CASE_FIXTURE(Screen,
   Start();
   const HWND pane = FindWindowExW(window, nullptr, L"PanelkitPane", nullptr);
   const LONG whole = Outer(pane).bottom;
-  const auto strip = [this] { return FindWindowExW(window, nullptr, L"PanelkitStrip", nullptr); };
-  const auto says = [&](const std::string& text) {
-    return Until([&] { return strip() != nullptr && WindowText(strip()) == text; });
-  };
   SetFocus(pane);
   PostMessageW(window, WM_SYSCOMMAND, SC_KEYMENU, 'p');
-  CHECK(says("1 required file is missing."));
-  CHECK(Outer(strip()).bottom == whole);
-  CHECK(Outer(pane).bottom == Outer(strip()).top);
-  CHECK_FALSE(IsChild(strip(), GetFocus()));
-  CHECK(FindWindowExW(strip(), nullptr, L"BUTTON", L"Wh&y?") != nullptr);
+  CHECK(Says("1 required file is missing."));
+  CHECK(Outer(Strip()).bottom == whole);
+  CHECK(Outer(pane).bottom == Outer(Strip()).top);
+  CHECK_FALSE(IsChild(Strip(), GetFocus()));
+  CHECK(FindWindowExW(Strip(), nullptr, L"BUTTON", L"Wh&y?") != nullptr);
 
   PostMessageW(window, WM_DROPFILES,
                reinterpret_cast<WPARAM>(DropOf(simulator.AppFolder() + "\\new")), 0);
-  CHECK(says("The required file can be copied to Gauges."));
+  CHECK(Says("The required file can be copied to Gauges."));
   CHECK(simulator.Page().find("SUMMARY") != std::string::npos);  // The pane went to no folder.
   SetFocus(pane);
   constexpr LPARAM kWithAlt = 1 << 29;
   PostMessageW(GetFocus(), WM_SYSKEYDOWN, 'I', kWithAlt);
-  CHECK(says("1 file was copied to Gauges; none is missing now."));
+  CHECK(Says("1 file was copied to Gauges; none is missing now."));
   CHECK(Tree(simulator.Fs() / "Gauges") == "absent.cab\n");
 
   PostMessageW(GetFocus(), WM_KEYDOWN, VK_F6, 0);
-  CHECK(Until([&] { return IsChild(strip(), GetFocus()) != 0; }));
+  CHECK(Until([&] { return IsChild(Strip(), GetFocus()) != 0; }));
   PostMessageW(GetFocus(), WM_KEYDOWN, VK_ESCAPE, 0);
-  CHECK(Until([&] { return strip() == nullptr; }));
+  CHECK(Until([&] { return Strip() == nullptr; }));
   CHECK(Outer(pane).bottom == whole);
   CHECK((GetFocus() == pane || IsChild(pane, GetFocus())));
+}
+
+TEST_CASE_FIXTURE(Screen, "The system's chooser gives a folder to look in, and its Cancel none") {
+  simulator.AddAircraft("Alpha", "[Window Titles]\nWindow00=W\n\ngauge00=absent!dial,1\n");
+  Put(simulator.App() / "new" / "absent.cab", MakeCabinet({{"dial.xml"}}));
+  Start();
+  PostMessageW(window, WM_SYSCOMMAND, SC_KEYMENU, 'p');
+  CHECK(Says("1 required file is missing."));
+  const UINT_PTR timer = SetTimer(nullptr, 0, 100, &AnswerChooser);
+  for (const auto& [folder, then] : {std::pair{"", "1 required file is missing."},
+                                     {"\\new", "The required file can be copied to Gauges."}}) {
+    typed = *folder == '\0' ? "" : simulator.AppFolder() + folder;
+    was_asked = false;
+    SendMessageW(Strip(), WM_COMMAND, 1, reinterpret_cast<LPARAM>(Strip()));  // The second button.
+    CHECK(Until([] { return was_asked; }));
+    CHECK(Says(then));
+  }
+  KillTimer(nullptr, timer);
 }
 
 TEST_CASE_FIXTURE(Screen, "About comes back where it stood after OK, and centred after a close") {
