@@ -32,7 +32,7 @@ class WindowCase(unittest.TestCase):
         self.root = pathlib.Path(tempfile.mkdtemp())
         self.addCleanup(shutil.rmtree, self.root)
         shutil.copytree(PICTURES.parent / "demo", self.root / "prefix")
-        self.aircraft = next(self.root.rglob("Aircraft"))
+        self.aircraft = next(self.root.rglob("FS2002/Aircraft"))
         self.panel = self.aircraft / "Aldwyn A-12 Trainer" / "Panel" / "panel.cfg"
         shutil.copytree(PICTURES, self.root / "app")
         shutil.copy(PROGRAM, self.root / "app")
