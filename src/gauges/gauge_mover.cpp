@@ -76,7 +76,7 @@ Turn TakeTurn(Files& files, const GaugeFolders& folders) {
 
 // Clean and restore may both have been killed half-way.
 void TidyUp(Files& files, const GaugeFolders& folders) {
-  const Turn turn = TakeTurn(files, folders);
+  [[maybe_unused]] const Turn turn = TakeTurn(files, folders);
   for (const std::string& folder : {folders.gauges, folders.spare, folders.spare + "\\Older"}) {
     for (const std::string& name : FilesNamed(files, folder + kHalfMoved + "*")) {
       files.Delete(folder + "\\" + name);
