@@ -153,10 +153,9 @@ TEST_CASE_FIXTURE(SearchCase, "hostile and long names and ten thousand finds sta
   simulator.AddGauge("Near_&lt'b.gau");
   Put(simulator.Fs() / "Gauges" / (longest + ".txt"), "");
   Put(simulator.Fs() / "Gauges" / (hostile + ".cab"), "no cabinet");
-  std::vector<CabinetEntry> many;
-  for (int i = 0; i < 10'000; ++i) {
-    many.push_back(
-        {"<b>" + std::to_string(10'000 + i) + "\\Oil.gau", GaugeBytes(std::to_string(i))});
+  std::vector<CabinetEntry> many(10'000);
+  for (std::size_t i = 0; i < many.size(); ++i) {
+    many[i] = {"<b>" + std::to_string(10'000 + i) + "\\Oil.gau", GaugeBytes(std::to_string(i))};
   }
   Put(New() / hostile / "many.cab", MakeCabinet(many));
   Put(New() / hostile / (longest + ".gau"), GaugeBytes("long"));
