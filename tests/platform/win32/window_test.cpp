@@ -65,18 +65,20 @@ HGLOBAL DropOf(const std::string& path) {
 /// The user at the folder chooser: types this folder and presses OK or, where it is empty, Cancel.
 std::string typed;
 bool was_asked = false;
+
+BOOL CALLBACK TypeIn(HWND child, LPARAM) {
+  wchar_t kind[8] = {};
+  GetClassNameW(child, kind, 8);
+  const bool is_edit = std::wstring_view(kind) == L"Edit";
+  if (is_edit) SetWindowTextW(child, windows::Wide(typed).c_str());
+  return is_edit ? FALSE : TRUE;
+}
+
 void CALLBACK AnswerChooser(HWND, UINT, UINT_PTR, DWORD) {
   const HWND dialog = FindWindowW(L"#32770", L"Look for the missing gauges in these folders");
   if (!IsWindowVisible(dialog)) return;
   was_asked = true;
-  const auto type_in = +[](HWND child, LPARAM) -> BOOL {
-    wchar_t kind[8] = {};
-    GetClassNameW(child, kind, 8);
-    const bool is_edit = std::wstring_view(kind) == L"Edit";
-    if (is_edit) SetWindowTextW(child, windows::Wide(typed).c_str());
-    return !is_edit;
-  };
-  if (!typed.empty()) EnumChildWindows(dialog, type_in, 0);
+  if (!typed.empty()) EnumChildWindows(dialog, TypeIn, 0);
   PostMessageW(dialog, WM_COMMAND, typed.empty() ? IDCANCEL : IDOK, 0);
 }
 
