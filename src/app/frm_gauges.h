@@ -123,7 +123,7 @@ class frmGauges {
   /// Makes the report of a probe, or of all gauges, anew, and its page without showing it.
   void Scan(bool list_all_gauges);
 
-  /// Shows a page of a step under that file name.
+  /// Writes `page` to the page file `name` ("HINTS.HTM") and shows it.
   void ShowOwnPage(const std::string& name, const std::string& page);
 
   /// Starts anew with the simulator in this folder, a Windows path.

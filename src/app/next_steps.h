@@ -32,8 +32,8 @@ class NextSteps {
   /// native path or empty.
   void OfferSimulators(const std::string& gone, std::size_t simulators);
 
-  /// After a report with missing files: why they are missing, and a search for them. `told` stands
-  /// before, and alone where none is missing.
+  /// After a report with missing files: why they are missing, and a search for them. The sentence
+  /// begins with `told`; where nothing is missing, that is all it says.
   void OfferHints(const std::string& told = {});
 
   /// After Clean Gauges: bringing back what it moved, or what of that panels name in another way.

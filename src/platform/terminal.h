@@ -1,6 +1,6 @@
 // The terminal or pipes of a program. Each system's back end implements these functions. On
-// Windows, a program of windows that was started by a click has neither: a box shows its text,
-// until the user closes it.
+// Windows, a program with a window that was started by a click has neither: a message box shows
+// its text until the user closes it.
 #pragma once
 
 #include <string>

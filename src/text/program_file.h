@@ -1,4 +1,4 @@
-// What the header of a program or library tells of the file.
+// Programs and libraries: what kind of file one is, and where its own part ends.
 #pragma once
 
 #include <cstdint>

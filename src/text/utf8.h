@@ -26,7 +26,7 @@ std::size_t AsciiLength(std::string_view text);
 /// UTF-16 as UTF-8; U+FFFD for each half of a pair that stands alone.
 std::string FromUtf16(std::u16string_view units);
 
-/// The same of the system's wide text, which on Linux holds each code point whole.
+/// The system's wide text as UTF-8: UTF-16 on Windows, a code point a unit on Linux.
 std::string FromWide(std::wstring_view wide);
 
 }  // namespace panelkit

@@ -82,7 +82,7 @@ class Source {
   la_int64_t Size() const { return end_ - begin_; }
   la_int64_t Position() const { return position_; }
 
-  /// Gives the new position, which is not behind the end: what is to be there is cut off.
+  /// Gives the new position, at most the end: of a file that is cut off, more may be asked for.
   la_int64_t Seek(la_int64_t position) {
     position_ = std::clamp<la_int64_t>(position, 0, Size());
     stream_.clear();
@@ -290,7 +290,7 @@ ArchiveFault LibarchiveReader::Walk(std::istream& stream, const OnArchiveEntry& 
     return visit(entry, read);
   });
   if (fault == ArchiveFault::None || has_entries || !IsProgram(beginning)) return fault;
-  // The library looks into programs of some sizes alone, and takes some for what they are not.
+  // libarchive finds an archive only in some programs, so we look behind the program ourselves.
   const ArchiveFault behind = FindBehindProgram(source, beginning);
   return behind == ArchiveFault::None ? ReadEntries(source, text_, visit) : behind;
 }
