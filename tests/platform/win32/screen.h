@@ -16,6 +16,13 @@
 
 namespace panelkit::test {
 
+/// A window's place on the screen, its frame included.
+inline RECT Outer(HWND window) {
+  RECT outer{};
+  GetWindowRect(window, &outer);
+  return outer;
+}
+
 /// The program with its window. The test is its interface thread and gives the loop its turns.
 struct Screen {
   Simulator simulator;
