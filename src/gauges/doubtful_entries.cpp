@@ -2,22 +2,15 @@
 
 #include <algorithm>
 
-#include "gauges/name_list.h"
-
 namespace panelkit {
 
 std::vector<DoubtfulEntry> DoubtfulEntries(const NamedEntries& named, const GaugeTable& installed,
                                            const Text& text) {
   std::vector<DoubtfulEntry> doubtful;
   for (const auto& [entry, facts] : named) {
-    if (facts.is_missing) continue;
+    if (facts.is_missing || installed.HasOwnKey(text, entry)) continue;
     const std::vector<int> rows = installed.RowsThatSatisfy(text, entry);
-    const std::string lowered = text.Lower(entry);
-    const bool has_own = std::any_of(rows.begin(), rows.end(), [&](int row) {
-      const std::string key = text.Lower(installed.Row(row).key);
-      return key == lowered || (NamesFile(lowered) && key == FilePart(lowered));
-    });
-    if (has_own || rows.empty()) continue;
+    if (rows.empty()) continue;
     doubtful.push_back(
         {std::string(entry), std::string(installed.Row(rows.front()).key), facts.aircraft});
   }

@@ -28,29 +28,34 @@ bool GaugeTable::AddEntry(const Text& text, std::string_view cabinet, std::strin
   return Add(text, cabinet, std::string(cabinet) + "!" + LessExtension(file));
 }
 
-bool GaugeTable::Exists(const Text& text, std::string_view entry) const {
-  auto& [store, rows, lowered_keys, whole_keys, parts_of_keys] = *contents_;
+const TrigramIndex& GaugeTable::PartsOfKeys() const {
+  auto& parts = contents_->parts_of_keys;
+  if (!parts) parts.emplace(contents_->lowered_keys);
+  return *parts;
+}
+
+bool GaugeTable::HasOwnKey(const Text& text, std::string_view entry) const {
+  const TextSet& keys = contents_->whole_keys;
   const std::string lowered = text.Lower(entry);
-  if (!parts_of_keys) parts_of_keys.emplace(lowered_keys);
-  // A whole key, which most entries are, holds itself.
-  return whole_keys.contains(lowered) ||
-         (NamesFile(lowered) && whole_keys.contains(FilePart(lowered))) ||
-         parts_of_keys->Contains(lowered);
+  return keys.contains(lowered) || (NamesFile(lowered) && keys.contains(FilePart(lowered)));
+}
+
+bool GaugeTable::Exists(const Text& text, std::string_view entry) const {
+  // Most entries are a whole key, which holds itself.
+  return HasOwnKey(text, entry) || PartsOfKeys().Contains(text.Lower(entry));
 }
 
 std::vector<int> GaugeTable::RowsThatSatisfy(const Text& text, std::string_view entry) const {
   std::vector<int> rows;
-  if (!Exists(text, entry)) return rows;
-  const auto& [store, all_rows, lowered_keys, whole_keys, parts_of_keys] = *contents_;
   const std::string lowered = text.Lower(entry);
-  for (const std::size_t row : parts_of_keys->Containing(lowered)) {
-    rows.push_back(static_cast<int>(row));
-  }
-  if (NamesFile(lowered) && whole_keys.contains(FilePart(lowered))) {
-    for (std::size_t row = 0; row < lowered_keys.size(); ++row) {
-      if (lowered_keys[row] == FilePart(lowered)) rows.push_back(static_cast<int>(row));
+  const std::string_view file = FilePart(lowered);
+  const bool is_file = NamesFile(lowered) && contents_->whole_keys.contains(file);
+  // A key that holds the whole entry holds its file part too.
+  for (const std::size_t row : PartsOfKeys().Containing(is_file ? file : lowered)) {
+    const std::string_view key = contents_->lowered_keys[row];
+    if (!is_file || key == file || key.find(lowered) != std::string_view::npos) {
+      rows.push_back(static_cast<int>(row));
     }
-    std::sort(rows.begin(), rows.end());
   }
   return rows;
 }

@@ -50,8 +50,12 @@ class GaugeTable {
   /// Whether a row was refused since the last Reset.
   bool Overflowed() const { return overflowed_; }
 
-  /// Whether a panel entry is installed: its file part, if it has the form "file!gauge", equals a
-  /// whole key, or the whole entry occurs anywhere in a key; case ignored.
+  /// Whether a panel entry or, if it has the form "file!gauge", its file part equals a key; case
+  /// ignored.
+  bool HasOwnKey(const Text& text, std::string_view entry) const;
+
+  /// Whether a panel entry is installed: it has a key of its own as above, or it occurs anywhere in
+  /// a key; case ignored.
   bool Exists(const Text& text, std::string_view entry) const;
 
   /// The rows by which Exists is true of a panel entry, in ascending order.
@@ -71,6 +75,8 @@ class GaugeTable {
     TextSet whole_keys;                          // The lowered keys, for equality.
     std::optional<TrigramIndex> parts_of_keys;   // And for substrings; made at the first question.
   };
+
+  const TrigramIndex& PartsOfKeys() const;
 
   std::unique_ptr<Contents> contents_ = std::make_unique<Contents>();
   bool overflowed_ = false;
