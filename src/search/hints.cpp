@@ -24,13 +24,20 @@ std::string Comparable(const Text& text, std::string_view path) {
   return comparable;
 }
 
-class EveryFile : public FolderVisitor {
+// The names in one folder, without a look at the files.
+class NamesInFolder : public FolderVisitor {
  public:
-  bool OnFolder(std::size_t) override { return true; }
-  bool Wants(std::string_view) override { return true; }
-  void OnFile(const FoundFile& file) override { paths.push_back(file.path); }
+  bool OnFolder(std::size_t) override { return !std::exchange(has_begun_, true); }
+  bool Wants(std::string_view name) override {
+    names.emplace_back(name);
+    return false;
+  }
+  void OnFile(const FoundFile&) override {}
 
-  std::vector<std::string> paths;
+  std::vector<std::string> names;
+
+ private:
+  bool has_begun_ = false;
 };
 
 std::string WithoutXmlEnding(const Text& text, std::string_view entry) {
@@ -86,11 +93,10 @@ HintFinder::HintFinder(const Machine& machine, std::string FSPath, GaugeFolders 
 }
 
 void HintFinder::ReadGauges() {
-  EveryFile files;
+  NamesInFolder files;
   machine_.folders.Walk(folders_.gauges, files);
-  for (std::string& path : files.paths) {
-    if (!IsIn(folders_.gauges, path)) continue;
-    in_gauges_.push_back({machine_.text.Lower(FileNameOf(path)), std::move(path)});
+  for (const std::string& name : files.names) {
+    in_gauges_.push_back({machine_.text.Lower(name), folders_.gauges + "\\" + name});
   }
   std::stable_sort(in_gauges_.begin(), in_gauges_.end(),
                    [](const InGauges& a, const InGauges& b) { return a.lowered < b.lowered; });
@@ -143,6 +149,7 @@ void HintFinder::AddInPlace(const RequiredFile& required, std::vector<Hint>& hin
       in_gauges_.begin(), in_gauges_.end(), stem,
       [](const InGauges& other, const std::string& name) { return other.lowered < name; });
   for (; file != in_gauges_.end() && file->lowered.starts_with(stem); ++file) {
+    if (machine_.files.IsFolder(file->path)) continue;
     const std::string_view ending = std::string_view(file->lowered).substr(stem.size());
     if (ending == kCabinetExtension) {
       AddCabinet(required, file->path, hints);
