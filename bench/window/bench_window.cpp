@@ -79,11 +79,13 @@ class Gap {
 [[noreturn]] void Measure(const std::function<void()>& work) {
   Gap clicks;
   Gap repaints;
-  // As urgent as a click, and due all the time.
+  // As urgent as a click, and due all the time; so is a repaint.
   g_timeout_add_full(
       G_PRIORITY_DEFAULT, 1,
       [](gpointer gap) -> gboolean {
         static_cast<Gap*>(gap)->Note();
+        gdk_frame_clock_request_phase(gtk_widget_get_frame_clock(MainWindow()),
+                                      GDK_FRAME_CLOCK_PHASE_PAINT);
         return G_SOURCE_CONTINUE;
       },
       &clicks, nullptr);

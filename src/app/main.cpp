@@ -95,6 +95,7 @@ int Run(const CommandLine& line) {
   if (toolkit == nullptr) return Refuse("Cannot open a display; panelkit-console needs none.");
   machine->Services().archives.WhileReading([&toolkit] { toolkit->Loop().ProcessPending(); });
   frmGauges program(*toolkit, machine->Services(), simulator);
+  program.Steps().WriteCommandsIn(StyleFor(*machine, {.simulator = {}, .prefix = choice.prefix}));
   program.Show();
   program.Steps().OfferSimulators(
       gone, is_named ? 1 : CountOfSimulators(RememberedSimulator(machine->Services().files)));

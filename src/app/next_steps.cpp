@@ -26,13 +26,15 @@ NextSteps::NextSteps(frmGauges& program, const Machine& machine, Form& form, Eve
       keep_answering_([&loop] {
         loop.ProcessPending();
         return false;
-      }) {}
+      }),
+      style_(CommandStyle::Of(machine.files)) {}
 
 void NextSteps::Offer(const std::string& sentence, std::vector<StripButton> steps) {
   for (StripButton& step : steps) {
     step.on_click = [this, work = std::move(step.on_click)] { program_.RunAlone(work); };
   }
-  strip_.Show({sentence, std::move(steps)});
+  offered_ = {sentence, std::move(steps)};
+  strip_.Show(offered_);
 }
 
 void NextSteps::Do(const std::function<void()>& work) {
@@ -99,7 +101,7 @@ StripButton NextSteps::Searching(const char* caption) {
 
 void NextSteps::LookForThem() {
   const Names places = form_.ChooseFolders("Look for the missing gauges in these folders");
-  if (places.empty()) return OfferHints();
+  if (places.empty()) return OfferAgain();
   LookIn(places);
 }
 
@@ -112,10 +114,11 @@ void NextSteps::LookIn(const Names& places) {
     strip_.Show(
         {LookingText(found.required.size()), {{"S&top", [look] { look->stopped = true; }}}});
     LookThrough(machine_, places, ProgressOfSearch(places.size(), *look), *look);
-    strip_.Hide();
     bar_.SetValue(static_cast<int>(places.size()));
     const std::string gauges = Folders().gauges;
-    FindOffers(machine_, gauges, {}, found);
+    FindOffers(
+        machine_, gauges, {}, [&] { return keep_answering_() || look->stopped; }, found);
+    strip_.Hide();
     InstallBest(machine_, gauges, true, keep_answering_, found);
     ShowFound(*look);
   });
@@ -179,7 +182,6 @@ void NextSteps::TakeThemOut(const std::vector<WrittenFile>& written) {
 }
 
 void NextSteps::OfferSimulators(const std::string& gone, std::size_t simulators) {
-  simulators_ = simulators;
   const std::string told = gone.empty() ? std::string() : SimulatorGoneText(gone) + " ";
   const std::string FSPath = program_.GetFSPath();
   if (FSPath.empty()) {
@@ -193,7 +195,7 @@ void NextSteps::OfferSimulators(const std::string& gone, std::size_t simulators)
 
 void NextSteps::ChooseSimulator() {
   const Names folders = form_.ChooseFolders("Choose the folder of Flight Simulator 2002");
-  if (folders.empty()) return OfferSimulators({}, simulators_);
+  if (folders.empty()) return OfferAgain();
   const std::string& folder = folders.front();
   if (!IsSimulator(machine_.files, folder)) {
     return Offer(NoSimulatorThereText(machine_.files.NativePath(folder)),
@@ -218,14 +220,12 @@ HintsOf NextSteps::Hints() {
   };
 }
 
-// As commands of the console that go on with this simulator.
 CommandStyle NextSteps::Style() const {
-  const Files& files = machine_.files;
-  CommandStyle style;
-  style.is_posix = files.NativePath(R"(C:\)") != R"(C:\)";
-  if (!program_.ChosenSimulator().empty()) {
-    style.program +=
-        " --simulator " + AsArgument(files.NativePath(program_.ChosenSimulator()), style.is_posix);
+  CommandStyle style = style_;
+  const std::string& chosen = program_.ChosenSimulator();
+  if (!chosen.empty()) {
+    const std::string folder = machine_.files.NativePath(chosen);
+    style.program += " --simulator " + AsArgument(folder, style.is_posix);
   }
   return style;
 }

@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "app/status_line.h"
@@ -27,6 +28,10 @@ class NextSteps {
   NextSteps(frmGauges& program, const Machine& machine, Form& form, EventLoop& loop,
             StatusLine& status);
 
+  /// From now on tells commands of the console in this style, which lacks the choice of a
+  /// simulator that was made in the window.
+  void WriteCommandsIn(CommandStyle style) { style_ = std::move(style); }
+
   /// After a start: the choice of another simulator where there may be one, that is without one,
   /// where this machine has several `simulators`, and where the one chosen earlier is `gone`, a
   /// native path or empty.
@@ -47,6 +52,7 @@ class NextSteps {
   using Found = std::shared_ptr<Look>;
 
   void Offer(const std::string& sentence, std::vector<StripButton> steps);
+  void OfferAgain() { strip_.Show(offered_); }
   void Do(const std::function<void()>& work);
   StripButton Searching(const char* caption);
   void ShowHints();
@@ -59,7 +65,7 @@ class NextSteps {
   void ChooseSimulator();
   GaugeFolders Folders() const;
   HintsOf Hints();
-  CommandStyle Style() const;
+  CommandStyle Style() const;  // Of the simulator at work.
 
   frmGauges& program_;
   Machine machine_;
@@ -68,7 +74,8 @@ class NextSteps {
   Strip& strip_;
   ProgressBar& bar_;
   StopRequest keep_answering_;  // Delivers events, and asks for no stop.
-  std::size_t simulators_ = 0;  // As told at the start.
+  CommandStyle style_;
+  StripContent offered_;  // The last one.
 };
 
 }  // namespace panelkit

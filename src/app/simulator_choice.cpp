@@ -47,4 +47,14 @@ std::string FolderComplaint(LocalMachine& machine, const std::string& simulator)
   return "The simulator's folder " + simulator + " is not there.";
 }
 
+CommandStyle StyleFor(LocalMachine& machine, const SimulatorChoice& choice) {
+  CommandStyle style = CommandStyle::Of(machine.Services().files);
+  const auto argument = [&](const std::string& text) { return AsArgument(text, style.is_posix); };
+  if (!choice.prefix.empty()) style.program += " --prefix " + argument(choice.prefix);
+  if (!choice.simulator.empty()) style.program += " --simulator " + argument(choice.simulator);
+  const std::string downloads = machine.DownloadFolder();
+  if (!downloads.empty()) style.look_in = argument(downloads);
+  return style;
+}
+
 }  // namespace panelkit

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/local_machine.h"
+#include "search/deeds.h"
 
 namespace CLI {
 class App;
@@ -33,5 +34,8 @@ std::unique_ptr<LocalMachine> OpenChosenMachine(const SimulatorChoice& choice,
 
 /// Why a simulator's folder, a Windows path, is of no use; empty if it is there.
 std::string FolderComplaint(LocalMachine& machine, const std::string& simulator);
+
+/// How commands of the console that go on with this choice are written.
+CommandStyle StyleFor(LocalMachine& machine, const SimulatorChoice& choice);
 
 }  // namespace panelkit

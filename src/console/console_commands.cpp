@@ -58,15 +58,4 @@ std::string SimulatorFor(LocalMachine& machine, const CommandLine& line) {
   return FindSimulator(services.registry, services.text);
 }
 
-CommandStyle StyleFor(const LocalMachine& machine, const CommandLine& line) {
-  CommandStyle style;
-  style.is_posix = machine.NativePath(R"(C:\)") != R"(C:\)";
-  const auto argument = [&](const std::string& text) { return AsArgument(text, style.is_posix); };
-  if (!line.prefix.empty()) style.program += " --prefix " + argument(line.prefix);
-  if (!line.simulator.empty()) style.program += " --simulator " + argument(line.simulator);
-  const std::string downloads = machine.DownloadFolder();
-  if (!downloads.empty()) style.look_in = argument(downloads);
-  return style;
-}
-
 }  // namespace panelkit

@@ -17,9 +17,6 @@ Outcome RunConsoleCommand(LocalMachine& machine, const CommandLine& line);
 /// the registry's answer.
 std::string SimulatorFor(LocalMachine& machine, const CommandLine& line);
 
-/// How a command is written that goes on with the simulator of `line`.
-CommandStyle StyleFor(const LocalMachine& machine, const CommandLine& line);
-
 // The commands that need no simulator, one file a group.
 Outcome WhereCommand(LocalMachine& machine, const CommandLine& line);
 Outcome WhereAllCommand(const CommandLine& line);

@@ -90,7 +90,7 @@ Outcome FindCommand(LocalMachine& machine, const CommandLine& line, const std::s
   RefuseUnknown(services.text, line.accepted, result, outcome);
   Search(machine, line.folders, look, outcome);
   const std::string gauges = FoldersOf(simulator, services.files.AppFolder()).gauges;
-  FindOffers(services, gauges, line.accepted, result);
+  FindOffers(services, gauges, line.accepted, terminal::Interrupted, result);
   if (line.install) InstallBest(services, gauges, line.dry_run, terminal::Interrupted, result);
   if (line.install && !line.dry_run && !terminal::Interrupted()) {
     try {

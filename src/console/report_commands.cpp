@@ -40,7 +40,7 @@ std::string TextOf(const GaugeReport& report, const Text& text, const Hints* hin
 
 // Looks for hints about each file, with progress on the terminal; Ctrl-C ends it by an
 // Interruption.
-Hints FindHints(const LocalMachine& machine, const CommandLine& line, const Machine& services,
+Hints FindHints(LocalMachine& machine, const CommandLine& line, const Machine& services,
                 const std::string& simulator, const GaugeReport& report) {
   ProgressLine progress;
   const auto go_on = [&](const std::string& what) {

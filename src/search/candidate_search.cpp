@@ -108,11 +108,8 @@ class CandidateSearch::Visitor : public FolderVisitor {
   }
   void OnFile(const FoundFile& file) override {
     has_met_ = true;
-    if (pattern_) {
-      ++search_.progress_.files;
-      search_.GoesOn();
-    }
-    if (!search_.ended_) search_.LookAt(file);
+    if (pattern_) ++search_.progress_.files;
+    if (search_.GoesOn()) search_.LookAt(file);
   }
 
   bool HasMet() const { return has_met_; }

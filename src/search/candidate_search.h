@@ -35,7 +35,7 @@ enum class SearchDepth {
 /// Collects candidates from any number of folders, none twice from the same path.
 class CandidateSearch {
  public:
-  /// Asked at each folder and at each entry of an archive; false ends the search.
+  /// Asked at each folder, file and entry of an archive; false ends the search.
   using OnProgress = std::function<bool(const SearchProgress& progress)>;
 
   CandidateSearch(const Machine& machine, CandidatePool& pool, SearchDepth depth,

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "gauges/gauge_mover.h"
 #include "platform/machine.h"
 #include "search/candidate_pool.h"
 #include "search/candidate_search.h"
@@ -23,14 +24,16 @@ struct ContentCheck {
 /// Told of a candidate, and of its content or why there is none.
 using OnContent = std::function<void(const Candidate& candidate, const ArchiveContent& content)>;
 
-/// Reads these candidates, each archive once, and tells `take` of each of them once.
+/// Reads these candidates, each archive once, and tells `take` of each of them once. `stop` is
+/// asked at each file and entry; once it asks for the end, the rest is left out.
 void ReadCandidates(const Machine& machine, const std::vector<const Candidate*>& candidates,
-                    const OnContent& take);
+                    const StopRequest& stop, const OnContent& take);
 
 /// The number for a content of these bytes.
 std::uint64_t HashOf(std::string_view bytes);
 
-/// Reads and judges these candidates.
-ContentCheck CheckContents(const Machine& machine, const std::vector<const Candidate*>& candidates);
+/// Reads and judges these candidates; those left out, as above, are in neither list.
+ContentCheck CheckContents(const Machine& machine, const std::vector<const Candidate*>& candidates,
+                           const StopRequest& stop);
 
 }  // namespace panelkit

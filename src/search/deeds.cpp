@@ -4,6 +4,12 @@
 
 namespace panelkit {
 
+CommandStyle CommandStyle::Of(const Files& files) {
+  CommandStyle style;
+  style.is_posix = files.NativePath(R"(C:\)") != R"(C:\)";
+  return style;
+}
+
 std::string AsArgument(std::string_view text, bool is_posix) {
   constexpr std::string_view kPlain =
       "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_-+.,:/@=";

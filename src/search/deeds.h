@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/files.h"
+
 namespace panelkit {
 
 /// What kind of help a deed is.
@@ -27,6 +29,9 @@ struct Deed {
 
 /// How commands are written for the user at hand.
 struct CommandStyle {
+  /// For the shell of the machine that has these files.
+  static CommandStyle Of(const Files& files);
+
   std::string program = "panelkit-console";  ///< With the options that choose the simulator.
   std::string look_in = "FOLDER";            ///< Where a user's downloads lie, quoted if need be.
   bool is_posix = false;  ///< The shell is one of Unix, and the simulator lies in a Wine prefix.

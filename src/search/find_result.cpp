@@ -13,14 +13,15 @@ namespace panelkit {
 namespace {
 
 // Reads what `offers` has and takes out of them, and passes over, what is unfit.
-void DropUnfit(const Machine& machine, const std::vector<std::size_t>& places, FindResult& result) {
+void DropUnfit(const Machine& machine, const std::vector<std::size_t>& places,
+               const StopRequest& stop, FindResult& result) {
   std::vector<const Candidate*> candidates;
   for (const std::size_t place : places) {
     for (const Offer& offer : result.offers[place]) {
       if (!result.contents.contains(offer.candidate)) candidates.push_back(offer.candidate);
     }
   }
-  ContentCheck check = CheckContents(machine, candidates);
+  ContentCheck check = CheckContents(machine, candidates, stop);
   result.contents.merge(check.contents);
   std::move(check.unfit.begin(), check.unfit.end(), std::back_inserter(result.passed_over));
   for (const std::size_t place : places) {
@@ -42,9 +43,10 @@ std::vector<std::size_t> WithoutOffers(const FindResult& result) {
 // its own name.
 template <typename Choose>
 void OfferRenamed(const Machine& machine, const std::string& gauges, const Choose& choose,
-                  FindResult& result) {
+                  const StopRequest& stop, FindResult& result) {
   const std::vector<std::size_t> places = WithoutOffers(result);
   for (const std::size_t place : places) {
+    if (stop()) break;
     const RequiredFile& required = result.required[place];
     for (const Candidate* candidate : choose(place)) {
       const Candidate* added = result.pool.AddAs(required, *candidate);
@@ -53,7 +55,7 @@ void OfferRenamed(const Machine& machine, const std::string& gauges, const Choos
       }
     }
   }
-  DropUnfit(machine, places, result);
+  DropUnfit(machine, places, stop, result);
 }
 
 // Cabinets of other names with exactly the gauges that are wanted.
@@ -88,7 +90,8 @@ std::vector<const Candidate*> Accepted(const FindResult& result, std::size_t pla
   return {};
 }
 
-void FindNearOffers(const Machine& machine, const std::string& gauges, FindResult& result) {
+void FindNearOffers(const Machine& machine, const std::string& gauges, const StopRequest& stop,
+                    FindResult& result) {
   NearNames names(machine.text);
   std::vector<const Candidate*> candidates;
   for (const Candidate& candidate : result.pool.All()) {
@@ -99,6 +102,7 @@ void FindNearOffers(const Machine& machine, const std::string& gauges, FindResul
   }
   std::vector<const Candidate*> near;
   for (const std::size_t place : WithoutOffers(result)) {
+    if (stop()) break;
     const RequiredFile& required = result.required[place];
     const auto would_help = [&](std::size_t number) {
       return result.pool.WouldSatisfyAs(required, *candidates[number]);
@@ -112,7 +116,7 @@ void FindNearOffers(const Machine& machine, const std::string& gauges, FindResul
       near.push_back(candidates[number]);
     }
   }
-  ContentCheck check = CheckContents(machine, near);
+  ContentCheck check = CheckContents(machine, near, stop);
   result.contents.merge(check.contents);
   for (auto& offers : result.near_offers) {
     std::erase_if(
@@ -158,28 +162,32 @@ InstalledFile Described(const Candidate& candidate, const FindResult& result, co
 }  // namespace
 
 void FindOffers(const Machine& machine, const std::string& gauges,
-                const std::vector<std::string>& accepted, FindResult& result) {
+                const std::vector<std::string>& accepted, const StopRequest& stop,
+                FindResult& result) {
   std::vector<std::size_t> all(result.required.size());
   std::iota(all.begin(), all.end(), std::size_t{0});
   result.near_offers.resize(all.size());
   for (const RequiredFile& required : result.required) {
-    result.offers.push_back(OffersFor(required, result.pool, machine, gauges));
+    result.offers.push_back(stop() ? std::vector<Offer>()
+                                   : OffersFor(required, result.pool, machine, gauges));
   }
-  DropUnfit(machine, all, result);
+  DropUnfit(machine, all, stop, result);
   const auto same = [&](std::size_t place) { return SameCabinets(result, place, machine.text); };
-  OfferRenamed(machine, gauges, same, result);
-  FindNearOffers(machine, gauges, result);
+  OfferRenamed(machine, gauges, same, stop, result);
+  FindNearOffers(machine, gauges, stop, result);
   const auto named = [&](std::size_t place) {
     return Accepted(result, place, accepted, machine.text);
   };
-  OfferRenamed(machine, gauges, named, result);
+  OfferRenamed(machine, gauges, named, stop, result);
 }
 
 void InstallBest(const Machine& machine, const std::string& gauges, bool dry_run,
                  const StopRequest& stop, FindResult& result) {
   const auto take = [&](const Candidate& candidate) {
     if (stop()) return false;
-    const InstallFault fault = dry_run ? InstallFault::None : Install(machine, candidate, gauges);
+    const InstallFault fault =
+        dry_run ? InstallFault::None
+                : Install(machine, candidate, result.contents.at(&candidate), gauges);
     if (fault == InstallFault::None) {
       result.installed.push_back(Described(candidate, result, machine.text));
     } else {
@@ -200,7 +208,7 @@ std::string FaultText(InstallFault fault) {
     case InstallFault::NameTaken:
       return "Gauges has a file of that name";
     case InstallFault::CannotRead:
-      return "it cannot be read whole";
+      return "it has changed or cannot be read";
     default:
       return "it could not be copied";
   }

@@ -54,11 +54,13 @@ struct FindResult {
 };
 
 /// Fills in offers, near offers and contents, once a search has filled the pool: reads what would
-/// be offered for the folder `gauges`, and passes over what is no gauge. For a required file that
-/// `accepted` names, a candidate of a similar name, or the only one there is, is offered under the
-/// required name.
+/// be offered for the folder `gauges`, and passes over what is no gauge. What has not been read
+/// when `stop`, which is asked at each file and entry, asks for the end is not offered. For a
+/// required file that `accepted` names, a candidate of a similar name, or the only one there is, is
+/// offered under the required name.
 void FindOffers(const Machine& machine, const std::string& gauges,
-                const std::vector<std::string>& accepted, FindResult& result);
+                const std::vector<std::string>& accepted, const StopRequest& stop,
+                FindResult& result);
 
 /// Installs the best candidates for the required files in the folder `gauges` until `stop` asks for
 /// the end; a dry run only notes them.

@@ -7,15 +7,19 @@
 
 namespace panelkit {
 
-InstallFault Install(const Machine& machine, const Candidate& candidate,
+InstallFault Install(const Machine& machine, const Candidate& candidate, std::uint64_t content,
                      const std::string& gauges) {
+  bool is_unchanged = false;
   std::unique_ptr<UnpackedFile> unpacked;
-  if (!candidate.inside.empty()) {
-    ReadCandidates(machine, {&candidate}, [&](const Candidate&, const ArchiveContent& content) {
-      if (content.bytes) unpacked = machine.archives.Unpack(*content.bytes, candidate.modified);
-    });
-    if (!unpacked) return InstallFault::CannotRead;
-  }
+  const auto take = [&](const Candidate& what, const ArchiveContent& now) {
+    is_unchanged = now.bytes && HashOf(*now.bytes) == content;
+    if (!is_unchanged || what.inside.empty()) return;
+    unpacked = machine.archives.Unpack(*now.bytes, what.modified);
+  };
+  ReadCandidates(
+      machine, {&candidate}, [] { return false; }, take);
+  if (!is_unchanged) return InstallFault::CannotRead;
+  if (!candidate.inside.empty() && !unpacked) return InstallFault::CannotCopy;
   // Another program may bring a file of that name meanwhile.
   const auto lock = machine.files.Lock(gauges);
   if (machine.files.Exists(gauges + "\\" + candidate.name)) return InstallFault::NameTaken;

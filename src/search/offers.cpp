@@ -4,6 +4,7 @@
 #include <map>
 #include <set>
 #include <tuple>
+#include <utility>
 
 #include "gauges/gauge_file.h"
 
@@ -36,13 +37,10 @@ std::vector<Offer> OffersFor(const RequiredFile& required, const CandidatePool& 
   std::stable_sort(offers.begin(), offers.end(),
                    [](const Offer& a, const Offer& b) { return Rank(a) > Rank(b); });
   // A file that may have two names is offered once, by the better one.
-  for (auto offer = offers.begin(); offer != offers.end();) {
-    const bool is_there = std::any_of(offers.begin(), offer, [&](const Offer& other) {
-      return other.candidate->path == offer->candidate->path &&
-             other.candidate->inside == offer->candidate->inside;
-    });
-    offer = is_there ? offers.erase(offer) : std::next(offer);
-  }
+  std::set<std::pair<std::string_view, std::vector<std::string>>> places;
+  std::erase_if(offers, [&](const Offer& offer) {
+    return !places.emplace(offer.candidate->path, offer.candidate->inside).second;
+  });
   for (Offer& offer : offers) {
     offer.name_is_taken = machine.files.Exists(gauges + "\\" + offer.candidate->name);
   }

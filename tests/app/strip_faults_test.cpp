@@ -132,7 +132,8 @@ TEST_CASE_FIXTURE(TwoMissing,
   fs::rename(New() / "Fuel.gau", New() / "Fuel (1).gau");
   fs::remove(New() / "Oil.gau");
   LookIn({Path("new")});
-  Put(New() / "pack.cab", MakeCabinet({{"a\\Fuel.gau", "of another length"}}));
+  Put(New() / "pack.cab",
+      MakeCabinet({{"a\\Fuel.gau", fuel + "other"}, {"Oil.gau", "of another length"}}));
   Strip().Press("&Install Them");
   CHECK(Tree(Gauges()) == "Fuel.gau\n");
   CHECK(Get(Gauges() / "Fuel.gau") == fuel);

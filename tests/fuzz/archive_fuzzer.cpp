@@ -17,14 +17,17 @@ void panelkit::fuzz::Try(std::string_view input) {
     result.required = {{"J900_FMC", {"J900_FMC!Left"}, {{"a"}}},
                        {"..\\TCAS", {"..\\TCAS!Display", "..\\TCAS!Control"}, {{"a"}, {"b"}}},
                        {"J900FMC", {"J900FMC!Right"}, {{"b"}}}};
-    FindOffers(machine, "C:\\Gauges", {"J900FMC"}, result);
-    InstallBest(machine, "C:\\Gauges", false, {[] { return false; }}, result);
+    const auto never = [] { return false; };
+    FindOffers(machine, "C:\\Gauges", {"J900FMC"}, never, result);
+    InstallBest(machine, "C:\\Gauges", false, never, result);
     for (const Candidate& candidate : result.pool.All()) {
       Require(IsSafeEntryName(candidate.name) && candidate.name.find('\\') == std::string::npos);
-      if (candidate.size > (1U << 20)) continue;
-      const InstallFault fault = Install(machine, candidate, "C:\\Gauges");
+    }
+    for (const auto& [candidate, content] : result.contents) {
+      if (candidate->size > (1U << 20)) continue;
+      const InstallFault fault = Install(machine, *candidate, content, "C:\\Gauges");
       Require((fault == InstallFault::None || fault == InstallFault::NameTaken) ==
-              machine.files.Exists("C:\\Gauges\\" + candidate.name));
+              machine.files.Exists("C:\\Gauges\\" + candidate->name));
     }
     // Nothing but the archive and what was installed by its own plain name.
     for (const auto& entry : std::filesystem::recursive_directory_iterator(prefix.c)) {
