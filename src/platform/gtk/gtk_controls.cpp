@@ -23,11 +23,12 @@ gboolean TellWholeText(GtkWidget* widget, gint, gint, gboolean, GtkTooltip* tool
 }  // namespace
 
 GtkLabelControl::~GtkLabelControl() {
+  if (update_ != 0) g_source_remove(update_);
   g_signal_handlers_disconnect_by_data(widget_.get(), this);
 }
 
 GtkLabelControl::GtkLabelControl(const std::string& caption, int width)
-    : width_(width), widget_(KeepObject(gtk_label_new(nullptr))) {
+    : caption_(caption), width_(width), widget_(KeepObject(gtk_label_new(nullptr))) {
   GtkLabel* label = GTK_LABEL(widget_.get());
   gtk_label_set_xalign(label, 0);
   gtk_label_set_yalign(label, 0);
@@ -38,13 +39,23 @@ GtkLabelControl::GtkLabelControl(const std::string& caption, int width)
   g_signal_connect(label, "query-tooltip", G_CALLBACK(TellWholeText), nullptr);
   g_signal_connect_swapped(label, "style-updated",
                            G_CALLBACK(+[](GtkLabelControl* self) { self->Fit(); }), this);
-  SetCaption(caption);
+  Update();
 }
 
 void GtkLabelControl::SetCaption(const std::string& caption) {
   if (caption == caption_) return;
   caption_ = caption;
-  const TextPtr shown(g_utf8_make_valid(caption.data(), static_cast<gssize>(caption.size())));
+  if (update_ != 0) return;
+  const auto update = +[](gpointer label) -> gboolean {
+    static_cast<GtkLabelControl*>(label)->Update();
+    return G_SOURCE_REMOVE;
+  };
+  update_ = g_idle_add_full(G_PRIORITY_DEFAULT, update, this, nullptr);
+}
+
+void GtkLabelControl::Update() {
+  update_ = 0;
+  const TextPtr shown(g_utf8_make_valid(caption_.data(), static_cast<gssize>(caption_.size())));
   gtk_label_set_text(GTK_LABEL(widget_.get()), shown.get());
   Fit();
 }

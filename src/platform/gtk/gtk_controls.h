@@ -12,7 +12,8 @@
 namespace panelkit {
 
 /// One line of text at the top left of its place. Text that is a little too wide is set smaller;
-/// text that still does not fit is cut off with an ellipsis and shown whole in the tooltip.
+/// text that still does not fit is cut off with an ellipsis and shown whole in the tooltip. The
+/// widget gets a new text from the event loop, so that one which is never painted costs nothing.
 class GtkLabelControl final : public Label {
  public:
   /// `width` of its place in pixels.
@@ -27,10 +28,12 @@ class GtkLabelControl final : public Label {
   GtkWidget* Widget() const { return widget_.get(); }
 
  private:
+  void Update();
   void Fit();
 
   std::string caption_;
   int width_;
+  guint update_ = 0;  // The source that is to call Update, or 0.
   ObjectPtr<GtkWidget> widget_;
 };
 

@@ -12,15 +12,15 @@ namespace panelkit {
 
 class GtkEventLoop final : public EventLoop {
  public:
-  /// Delivers events for at most kLongestRun, and only if kPauseBetweenRuns have passed since the
-  /// last time; any other call only reads the clock.
+  /// Delivers events for at most kLongestRun, and only after a pause since the last time; any other
+  /// call only reads the clock.
   void ProcessPending() override;
 
   /// WebKit's processes end by themselves when their connection to this one breaks.
   [[noreturn]] void End() override;
 
  private:
-  gint64 last_run_ = 0;  ///< End of the last delivery: monotonic time in microseconds.
+  gint64 next_run_ = 0;  ///< When it may deliver again: monotonic time in microseconds.
 };
 
 /// Calls `task` once from the event loop, unless the object that `owner` watches has been destroyed
