@@ -112,12 +112,12 @@ def print_rows(rows, reference):
         print(f"| {row.name} | {row.times()} | {peak} | {ratios} | {growth} |", flush=True)
 
 
-def print_waits(title, window, console):
+def print_waits(title, window, *consoles):
+    """`consoles` are what to compare with: a name and seconds each."""
     took, clicks, repaints = zip(*window.output)
     print(f"\n| {title} | Best | Median | Worst |\n|---|--:|--:|--:|")
-    for name, values in (("ms", took), ("to the console's time, best to best",
-                                        [ms / 1000 / console.best() for ms in took]),
-                         ("longest wait of a click, ms", clicks),
+    ratios = [(f"to {name}, best to best", [ms / 1000 / seconds for ms in took]) for name, seconds in consoles]
+    for name, values in (("ms", took), *ratios, ("longest wait of a click, ms", clicks),
                          ("longest time between two repaints, ms", repaints)):
         print(f"| {name} | {min(values):.2f} | {statistics.median(values):.2f} | "
               f"{max(values):.2f} |")
@@ -128,6 +128,7 @@ def measure_window():
     probe = Row("probe in the window", "reference", [WINDOW, "probe"])
     places = [FOLDER / name for name in ("files", "archives", "long")]
     find = Row("find in the console", "reference", [CONSOLE, "find", *places])
+    hints = Row("hints in the console", "reference", [CONSOLE, "probe", "--hints"])
     search = Row("search in the window", "reference", [WINDOW, "search", *places])
     start = Row("Panelkit", "reference", [WINDOW, "start"])
     copy = FOLDER / "welcome.htm"
@@ -135,9 +136,10 @@ def measure_window():
     empty = Row("An empty WebKitGTK window", "reference", [WINDOW, "empty"])
     welcome = Row("The same window with our welcome page", "reference",
                   [WINDOW, "empty", copy.as_uri()])
-    run_in_turns([console, probe, find, search, start, empty, welcome])
-    print_waits("Probe in the window", probe, console)
-    print_waits("Search in the window, with its probe", search, find)
+    run_in_turns([console, probe, find, hints, search, start, empty, welcome])
+    print_waits("Probe in the window", probe, ("the console's probe", console.best()))
+    print_waits("Search in the window, with its probe and hints", search, ("the console's find", find.best()),
+                ("find and hints", find.best() + hints.best() - console.best()))
     print("\n| From start to the page shown | Best ms | Median ms | CPU ms |\n|---|--:|--:|--:|")
     for row in (empty, welcome, start):
         print(f"| {row.name} | {row.times()} |")
