@@ -12,26 +12,43 @@ config=$fs/fs2002.cfg
 # Not what a killed run was writing, or was about to replace.
 written=(! -name '.panelkit-*' ! -name 'panelkit.moving*' ! -name '*.panelkit-older')
 
-# At random moments of the first 12 milliseconds, and before each of the first changes to the disk.
+# At random moments of the first 12 milliseconds, and before each of the first changes to the disk that a
+# command makes.
 ways=()
 for ((i = 0; i < rounds; i++)); do
   ways+=("timeout -s KILL $(printf 0.%05d $((RANDOM % 1200 + 1)))")
 done
 ways+=("${killers[@]}")
-changes=({write,pwrite64,ftruncate,rename,unlink,mkdir,fsync}:signal=KILL:when={1..8})
+changes=(write pwrite64 ftruncate rename unlink mkdir fsync)
 traced=0
 [ ${#killers[@]} != 0 ] || ! works strace -o /dev/null true || traced=1
-((traced)) && ways+=("${changes[@]/#/strace -qq -o /dev/null -e inject=}")
+
+# before_changes ARGUMENT...: ways that kill the command before the first eight of each of its changes
+before_changes() {
+  local change number
+  prepare
+  strace -qq -o "$work/made" -e trace="$(IFS=, && echo "${changes[*]}")" \
+    "${as_user[@]}" "$app/panelkit-console" "$@" >"$work/out" 2>&1
+  for change in "${changes[@]}"; do
+    for ((number = 1; number <= 8 && number <= $(grep -c "^$change(" "$work/made"); number++)); do
+      echo "strace -qq -o /dev/null -e inject=$change:signal=KILL:when=$number"
+    done
+  done
+}
 
 # killed CHECK ARGUMENT...: for each way, prepares, runs the command, kills it, and runs CHECK.
 killed() {
-  local cut=0
+  local cut=0 certain=() status
   expect 0 "${@:2}"
-  for way in "${ways[@]}"; do
+  ((traced)) && mapfile -t certain < <(before_changes "${@:2}")
+  for way in "${ways[@]}" "${certain[@]}"; do
     prepare
     $way "${as_user[@]}" "$app/panelkit-console" "${@:2}" >"$work/out" 2>&1
-    [ $? != 137 ] || cut=$((cut + 1))
+    status=$?
+    [ $status != 137 ] || cut=$((cut + 1))
     $1 || fail "${*:2}, killed by $way"
+    # Where it has come to its end, it makes no later change either.
+    [ $status = 137 ] || [ ${#killers[@]} = 0 ] || break
   done 2>/dev/null
   [ $cut -gt 9 ] || [ $left_out != 0 ] || fail "${*:2}: only $cut runs were cut short"
 }
@@ -49,7 +66,7 @@ nothing_lost() {
 }
 prepare() {
   "$app/panelkit-console" restore >"$work/out" 2>&1
-  rm -f "$app/SpareGauges.txt"
+  rm -rf "$app/SpareGauges.txt" "$spare"
 }
 killed nothing_lost clean
 expect 0 clean
@@ -83,6 +100,8 @@ tidied() {
   [ -z "$(find "$work" -name '.panelkit-*')" ] || fail "$*: $(find "$work" -name '.panelkit-*')"
 }
 killed only_whole brake off
+# shellcheck disable=SC2218 # It is the one above.
+prepare
 tidied brake off
 # Also where the killed run's parent does not wait for it, so that its process number stays in use.
 if ((traced)); then
