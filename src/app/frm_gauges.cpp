@@ -4,6 +4,7 @@
 #include <new>
 #include <utility>
 
+#include "app/busy_state.h"
 #include "app/form_descriptions.h"
 #include "pages/page_text.h"
 #include "pages/status_text.h"
@@ -82,7 +83,12 @@ void frmGauges::GiveUp(const std::string& reason) {
 void frmGauges::FindIn(const std::vector<std::string>& places) {
   if (!form_->MenuNamed("menProbe").Enabled()) return;
   RunAlone([&] {
-    if (!report_ || report_->kind == ReportKind::Clean) MakeReport(false);
+    if (!report_ || report_->kind == ReportKind::Clean) {
+      LoadWorking();
+      const BusyState busy(*form_);
+      Scan(false);
+      TellOfReport();
+    }
     next_.LookIn(places);
   });
 }

@@ -158,7 +158,7 @@ class frmGauges {
   std::string OwnFile(const std::string& name) const;
   void ShowNoSimulator();
   void EnableCommands(bool enabled);
-  void ShowReport();
+  void TellOfReport();
   void ArchiveSpare(const SpareSelection& spare);
   std::string WhyNothingMoves() const;
   bool TablesAreFull() const;

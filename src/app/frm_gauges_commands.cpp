@@ -22,7 +22,8 @@ void frmGauges::MakeReport(bool list_all_gauges) {
   {
     const BusyState busy(*form_);
     Scan(list_all_gauges);
-    ShowReport();
+    TellOfReport();
+    TellOf(ShowPage(PageFile()));
   }
   status_.End();
   next_.OfferHints();
@@ -39,14 +40,13 @@ void frmGauges::Scan(bool list_all_gauges) {
 }
 
 // An empty report must not read as "nothing is missing", nor a cut one as a whole one.
-void frmGauges::ShowReport() {
+void frmGauges::TellOfReport() {
   if (!aircraft_listed_) {
     status_.Complain("No aircraft were found: " + NoAircraftText(machine_.files, GetFSPath()) +
                      ".");
   }
   if (TablesAreFull()) status_.Complain(kReportNotWholeText);
   if (!not_named_.empty()) status_.Complain(CabinetsNotNamedText(not_named_));
-  TellOf(ShowPage(PageFile()));
 }
 
 void frmGauges::menRemove_Click() {
