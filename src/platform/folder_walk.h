@@ -20,9 +20,16 @@ class FolderVisitor {
  public:
   virtual ~FolderVisitor() = default;
 
-  /// Called at each folder, before its files; `files` is the number of plain files met so far.
-  /// False ends the walk.
-  virtual bool OnFolder(std::size_t files) = 0;
+  /// What a walk does next.
+  enum class Step {
+    Enter,  ///< It visits the folder.
+    Skip,   ///< It passes over the folder and all below it.
+    End,
+  };
+
+  /// Called at each folder (a Windows path), before its files; `files` is the number of plain files
+  /// met so far.
+  virtual Step OnFolder(const std::string& folder, std::size_t files) = 0;
 
   /// Whether OnFile is to be called for plain files of this name (UTF-8).
   virtual bool Wants(std::string_view name) = 0;

@@ -95,10 +95,13 @@ class CandidateSearch::Visitor : public FolderVisitor {
   explicit Visitor(CandidateSearch& search, std::optional<std::string> pattern = {})
       : search_(search), pattern_(std::move(pattern)), before_(search.progress_.files) {}
 
-  bool OnFolder(std::size_t files) override {
-    if (pattern_) return !std::exchange(has_begun_, true);
+  Step OnFolder(const std::string& folder, std::size_t files) override {
+    const bool is_first = top_.empty();
+    if (is_first) top_ = folder;
+    if (pattern_) return is_first ? Step::Enter : Step::End;
     search_.progress_.files = before_ + files;
-    return search_.GoesOn();
+    if (!search_.GoesOn()) return Step::End;
+    return search_.HasSearched(folder) ? Step::Skip : Step::Enter;
   }
   bool Wants(std::string_view name) override {
     if (pattern_) return MatchesWildcard(*pattern_, search_.machine_.text.Lower(name));
@@ -112,13 +115,16 @@ class CandidateSearch::Visitor : public FolderVisitor {
     if (search_.GoesOn()) search_.LookAt(file);
   }
 
+  /// The folder where the walk began; empty if there was none.
+  const std::string& Top() const { return top_; }
+
   bool HasMet() const { return has_met_; }
 
  private:
   CandidateSearch& search_;
   std::optional<std::string> pattern_;  // Lowered.
   std::size_t before_;
-  bool has_begun_ = false;
+  std::string top_;
   bool has_met_ = false;
 };
 
@@ -128,6 +134,7 @@ bool CandidateSearch::LookThrough(const std::string& path) {
   if (outcome.unreadable > 0) {
     passed_over_.push_back({path, {}, "a folder in it cannot be read", outcome.unreadable - 1});
   }
+  if (outcome.is_folder) searched_.push_back(visitor.Top());
   const bool is_there = outcome.is_folder || LookAtNamed(path);
   ++progress_.places;
   return is_there;
@@ -142,6 +149,14 @@ bool CandidateSearch::LookAtNamed(const std::string& path) {
     passed_over_.push_back({path, {}, "by its name it is no gauge, cabinet or archive"});
   }
   return visitor.HasMet();
+}
+
+// A folder below may be met again under a name of other case.
+bool CandidateSearch::HasSearched(const std::string& folder) const {
+  const std::string name = machine_.text.Lower(FileNameOf(folder));
+  return std::any_of(searched_.begin(), searched_.end(), [&](const std::string& other) {
+    return machine_.text.Lower(FileNameOf(other)) == name && machine_.files.IsSame(folder, other);
+  });
 }
 
 void CandidateSearch::LookAt(const FoundFile& file) {

@@ -32,7 +32,8 @@ enum class SearchDepth {
   Archives,  ///< What lies in archives too, and in archives in these.
 };
 
-/// Collects candidates from any number of folders, none twice from the same path.
+/// Collects candidates from any number of folders, none twice from the same path, nor from a folder
+/// that was searched before by itself.
 class CandidateSearch {
  public:
   /// Asked at each folder, file and entry of an archive; false ends the search.
@@ -58,6 +59,7 @@ class CandidateSearch {
   using ReadArchive = std::function<ArchiveFault(const OnArchiveEntry& visit)>;
 
   bool LookAtNamed(const std::string& path);
+  bool HasSearched(const std::string& folder) const;
   void LookAt(const FoundFile& file);
   void AddGaugeFile(const Place& place);
   void LookIntoCabinet(const Place& cabinet, const std::string& path);
@@ -72,7 +74,8 @@ class CandidateSearch {
   SearchDepth depth_;
   OnProgress on_progress_;
   SearchProgress progress_;
-  std::set<std::string> seen_;
+  std::vector<std::string> searched_;  // The folders of the LookThrough calls.
+  std::set<std::string> seen_;         // The files.
   std::vector<PassedOver> passed_over_;
   bool ended_ = false;
 };

@@ -27,7 +27,9 @@ std::string Comparable(const Text& text, std::string_view path) {
 // The names in one folder, without a look at the files.
 class NamesInFolder : public FolderVisitor {
  public:
-  bool OnFolder(std::size_t) override { return !std::exchange(has_begun_, true); }
+  Step OnFolder(const std::string&, std::size_t) override {
+    return std::exchange(has_begun_, true) ? Step::End : Step::Enter;
+  }
   bool Wants(std::string_view name) override {
     names.emplace_back(name);
     return false;

@@ -128,6 +128,13 @@ TEST_CASE("Gauges under other names and an ending that does not belong in a pane
   CHECK(HintsIn(simulator, {"vsi", {"vsi!x"}}) ==
         Lines{R"(Aircraft\Dart\Vsi (1).gau is Vsi.gau under another name: panelkit-console find )"
               R"("{FS}\Aircraft\Dart\Vsi (1).gau" --install)"});
+  // Each once, also in a folder that the disk has under a name of other case.
+  std::filesystem::rename(simulator.Fs() / "Gauges", simulator.Fs() / "GAUGES");
+  Put(simulator.Fs() / "GAUGES/Spied.gau", "");
+  CHECK(HintsIn(simulator, {"speed", {"speed!x"}}) ==
+        Lines{"Gauges\\Copy of Speed.gau is Speed.gau under another name: rename it to Speed.gau",
+              R"(Gauges\Spied.gau differs from the required name in one letter: panelkit-console )"
+              R"(find {FS}\Gauges\Spied.gau --install --as speed)"});
   CHECK(HintsIn(simulator, {"Missing.gau", {"Missing.gau!x"}}) ==
         Lines{"a panel names files without their ending: write Missing in the panel"});
   Put(simulator.Fs() / "Gauges/tcas2.cab", MakeCabinet({{"Show.xml"}, {"Set.xml"}, {"a.bmp"}}));

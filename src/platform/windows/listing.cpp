@@ -120,10 +120,12 @@ WindowsFolderWalk::Outcome WindowsFolderWalk::Walk(std::string_view folder,
                                                    FolderVisitor& visitor) const {
   if (!Has(AttributesOf(FilePath(folder)), FILE_ATTRIBUTE_DIRECTORY)) return {false, 0};
   TreeWalk walk{visitor, {std::string(folder.substr(0, folder.find_last_not_of("\\/") + 1))}};
-  while (!walk.pending.empty() && visitor.OnFolder(walk.files)) {
+  while (!walk.pending.empty()) {
     const std::string next = std::move(walk.pending.back());
     walk.pending.pop_back();
-    walk.Visit(next);
+    const auto step = visitor.OnFolder(next, walk.files);
+    if (step == FolderVisitor::Step::End) break;
+    if (step == FolderVisitor::Step::Enter) walk.Visit(next);
   }
   return {true, walk.unreadable};
 }

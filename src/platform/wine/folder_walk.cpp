@@ -62,10 +62,12 @@ FolderWalk::Outcome WineFolderWalk::Walk(std::string_view folder, FolderVisitor&
   if (!status || !S_ISDIR(status->st_mode)) return {false, 0};
   const std::string windows(folder.substr(0, folder.find_last_not_of("\\/") + 1));
   TreeWalk walk{visitor, {{*root == "/" ? "" : *root, windows}}};
-  while (!walk.pending.empty() && visitor.OnFolder(walk.files)) {
+  while (!walk.pending.empty()) {
     const Folder next = std::move(walk.pending.back());
     walk.pending.pop_back();
-    walk.Visit(next);
+    const auto step = visitor.OnFolder(next.windows, walk.files);
+    if (step == FolderVisitor::Step::End) break;
+    if (step == FolderVisitor::Step::Enter) walk.Visit(next);
   }
   return {true, walk.unreadable};
 }

@@ -35,7 +35,7 @@ struct SameNumbers
 /// A walk's outcome and the names that it met: "a.gau b.gau, 1 unreadable".
 std::string Walked(const Disk& disk) {
   struct : FolderVisitor {
-    bool OnFolder(std::size_t) override { return true; }
+    Step OnFolder(const std::string&, std::size_t) override { return Step::Enter; }
     bool Wants(std::string_view) override { return true; }
     void OnFile(const FoundFile& file) override {
       names += file.path.substr(file.path.rfind('\\') + 1) + ' ';

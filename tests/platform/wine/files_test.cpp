@@ -84,7 +84,7 @@ TEST_CASE_FIXTURE(Disk, "On a disk whose folders tell no types, every file is li
   tells_types = false;
   struct : FolderVisitor {
     std::string met;
-    bool OnFolder(std::size_t) override { return true; }
+    Step OnFolder(const std::string&, std::size_t) override { return Step::Enter; }
     bool Wants(std::string_view) override { return true; }
     void OnFile(const FoundFile& file) override { met += file.path.substr(file.path.rfind('\\')); }
   } visitor;
