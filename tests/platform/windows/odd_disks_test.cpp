@@ -8,6 +8,7 @@
 #include "platform/disk.h"
 #include "platform/windows/replaced_call.h"
 #include "search/candidate_pool.h"
+#include "search/content_check.h"
 #include "search/installation.h"
 
 namespace panelkit::test {
@@ -68,7 +69,7 @@ std::string Round(const Disk& disk, const std::string& place) {
   for (const char* name : {"new.gau", "CON.gau", "aux.gau"}) {
     const bool installed =
         Install(disk.machine->Services(), {name, folders.gauges + "\\A.gau", {}, 0, 0},
-                folders.gauges) == InstallFault::None;
+                HashOf("\\A.gau"), folders.gauges) == InstallFault::None;
     told += installed ? std::string(name) + ' ' : "- ";
   }
   tell(restore({"NUL", "con.gau", "AUX.cab"}).failed);
