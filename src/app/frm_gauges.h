@@ -51,7 +51,8 @@ class frmGauges {
   void menAboutFS_Click();
 
   /// Looks for the missing gauges in these folders and files (Windows paths), after a probe if none
-  /// has run. Does nothing while a command runs, and without a simulator.
+  /// has run, whose report it does not show. Does nothing while a command runs, and without a
+  /// simulator.
   void FindIn(const std::vector<std::string>& places);
 
   /// What the strip below the pane offers.
