@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <utility>
 
 #include "platform/gtk/gtk_menu.h"
 #include "platform/gtk/gtk_pointers.h"
@@ -27,8 +28,8 @@ GtkLabelControl::~GtkLabelControl() {
   g_signal_handlers_disconnect_by_data(widget_.get(), this);
 }
 
-GtkLabelControl::GtkLabelControl(const std::string& caption, int width)
-    : caption_(caption), width_(width), widget_(KeepObject(gtk_label_new(nullptr))) {
+GtkLabelControl::GtkLabelControl(std::string caption, int width)
+    : caption_(std::move(caption)), width_(width), widget_(KeepObject(gtk_label_new(nullptr))) {
   GtkLabel* label = GTK_LABEL(widget_.get());
   gtk_label_set_xalign(label, 0);
   gtk_label_set_yalign(label, 0);

@@ -17,7 +17,7 @@ namespace panelkit {
 class GtkLabelControl final : public Label {
  public:
   /// `width` of its place in pixels.
-  GtkLabelControl(const std::string& caption, int width);
+  GtkLabelControl(std::string caption, int width);
   ~GtkLabelControl() override;
   GtkLabelControl(const GtkLabelControl&) = delete;
   GtkLabelControl& operator=(const GtkLabelControl&) = delete;
