@@ -116,8 +116,11 @@ void NextSteps::LookIn(const Names& places) {
     LookThrough(machine_, places, ProgressOfSearch(places.size(), *look), *look);
     bar_.SetValue(static_cast<int>(places.size()));
     const std::string gauges = Folders().gauges;
+    // What was found until a stop is read all the same, until another one.
+    const bool search_was_stopped = std::exchange(look->stopped, false);
     FindOffers(
         machine_, gauges, {}, [&] { return keep_answering_() || look->stopped; }, found);
+    look->stopped = look->stopped || search_was_stopped;
     strip_.Hide();
     InstallBest(machine_, gauges, true, keep_answering_, found);
     ShowFound(*look);

@@ -90,7 +90,10 @@ Outcome FindCommand(LocalMachine& machine, const CommandLine& line, const std::s
   RefuseUnknown(services.text, line.accepted, result, outcome);
   Search(machine, line.folders, look, outcome);
   const std::string gauges = FoldersOf(simulator, services.files.AppFolder()).gauges;
-  FindOffers(services, gauges, line.accepted, terminal::Interrupted, result);
+  // What was found until an interruption is read all the same.
+  const bool was_interrupted = terminal::Interrupted();
+  const auto stop = [&] { return !was_interrupted && terminal::Interrupted(); };
+  FindOffers(services, gauges, line.accepted, stop, result);
   if (line.install) InstallBest(services, gauges, line.dry_run, terminal::Interrupted, result);
   if (line.install && !line.dry_run && !terminal::Interrupted()) {
     try {
