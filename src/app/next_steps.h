@@ -28,8 +28,8 @@ class NextSteps {
   NextSteps(frmGauges& program, const Machine& machine, Form& form, EventLoop& loop,
             StatusLine& status);
 
-  /// From now on tells commands of the console in this style, which lacks the choice of a
-  /// simulator that was made in the window.
+  /// Sets how pages write commands of the console. The simulator that was chosen in the window, if
+  /// any, is added to them.
   void WriteCommandsIn(CommandStyle style) { style_ = std::move(style); }
 
   /// After a start: the choice of another simulator where there may be one, that is without one,

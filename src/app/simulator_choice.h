@@ -35,7 +35,7 @@ std::unique_ptr<LocalMachine> OpenChosenMachine(const SimulatorChoice& choice,
 /// Why a simulator's folder, a Windows path, is of no use; empty if it is there.
 std::string FolderComplaint(LocalMachine& machine, const std::string& simulator);
 
-/// How commands of the console that go on with this choice are written.
+/// How to write commands of the console so that they use the same simulator.
 CommandStyle StyleFor(LocalMachine& machine, const SimulatorChoice& choice);
 
 }  // namespace panelkit

@@ -20,8 +20,8 @@ struct GaugeFolders {
 /// `FSPath`\Gauges and `AppFolder`\SpareGauges.
 GaugeFolders FoldersOf(const std::string& FSPath, const std::string& AppFolder);
 
-/// Asked before each file is moved; true ends the work with that file untouched. An empty function
-/// never does.
+/// Asked before each file is moved; true ends the work with that file untouched. Where files are
+/// moved, an empty function never does.
 using StopRequest = std::function<bool()>;
 
 /// Names of files that were moved, of those that could not be moved and stayed, whole, and of those

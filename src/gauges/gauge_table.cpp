@@ -50,7 +50,7 @@ std::vector<int> GaugeTable::RowsThatSatisfy(const Text& text, std::string_view 
   const std::string lowered = text.Lower(entry);
   const std::string_view file = FilePart(lowered);
   const bool is_file = NamesFile(lowered) && contents_->whole_keys.contains(file);
-  // A key that holds the whole entry holds its file part too.
+  // One question to the index finds both: a key that holds the entry holds its file part too.
   for (const std::size_t row : PartsOfKeys().Containing(is_file ? file : lowered)) {
     const std::string_view key = contents_->lowered_keys[row];
     if (!is_file || key == file || key.find(lowered) != std::string_view::npos) {

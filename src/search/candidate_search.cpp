@@ -151,7 +151,7 @@ bool CandidateSearch::LookAtNamed(const std::string& path) {
   return visitor.HasMet();
 }
 
-// A folder below may be met again under a name of other case.
+// A walk may come to a folder that was searched by itself, and spell its name in other case.
 bool CandidateSearch::HasSearched(const std::string& folder) const {
   const std::string name = machine_.text.Lower(FileNameOf(folder));
   return std::any_of(searched_.begin(), searched_.end(), [&](const std::string& other) {

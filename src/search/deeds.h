@@ -29,7 +29,7 @@ struct Deed {
 
 /// How commands are written for the user at hand.
 struct CommandStyle {
-  /// For the shell of the machine that has these files.
+  /// As the usual shell of this machine, Unix or Windows, reads commands.
   static CommandStyle Of(const Files& files);
 
   std::string program = "panelkit-console";  ///< With the options that choose the simulator.

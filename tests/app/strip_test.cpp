@@ -137,7 +137,7 @@ TEST_CASE_FIXTURE(WithDownloads,
   LookIn({Path("absent")});
   CHECK(Strip().Shown() == "None of the 4 was found there. [Look Else&where...]");
 
-  // Wherever it is stopped, until it comes to its end.
+  // It is stopped one turn later each time, until it ends by itself.
   bool is_stopped = true;
   std::string sentences;
   for (int last = 1; is_stopped; ++last) {

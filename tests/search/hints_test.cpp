@@ -128,7 +128,7 @@ TEST_CASE("Gauges under other names and an ending that does not belong in a pane
   CHECK(HintsIn(simulator, {"vsi", {"vsi!x"}}) ==
         Lines{R"(Aircraft\Dart\Vsi (1).gau is Vsi.gau under another name: panelkit-console find )"
               R"("{FS}\Aircraft\Dart\Vsi (1).gau" --install)"});
-  // Each once, also in a folder that the disk has under a name of other case.
+  // Each hint comes once, even if the disk spells the folder in other case.
   std::filesystem::rename(simulator.Fs() / "Gauges", simulator.Fs() / "GAUGES");
   Put(simulator.Fs() / "GAUGES/Spied.gau", "");
   CHECK(HintsIn(simulator, {"speed", {"speed!x"}}) ==
